@@ -1,0 +1,112 @@
+#pragma once
+// What a host program or a test may set on the platform layer and read back from it. Windows programs
+// never include this: everything here is about the world that the layer plays, not about the platform.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#define HOST_EXPORT __attribute__((visibility("default")))
+
+namespace host {
+
+/// The world of a process.
+///
+/// `root` is a folder of the machine. It holds `drive_c/` (drive C:) and `host.db` (registry, printers,
+/// drivers, forms, printer data); both are made when missing. ":memory:" stands for a folder of its own under
+/// the machine's temporary folder that Close() deletes. Drive Z: is the machine's whole file system. Two
+/// processes may open the same root at once; one process has one root at a time.
+struct Options
+{
+    std::string root;
+};
+
+/// Opens the world. Returns false, with a sentence for the user in `*error` (may be null), when the folder or
+/// its data base cannot be made or read; then nothing is open. Must not be called while a world is open.
+HOST_EXPORT bool Open(const Options& options, std::string* error);
+
+/// Detaches every module that is still loaded (DllMain with the detach reason, last loaded first), closes
+/// what is open, clears all injection and recording state, and deletes a ":memory:" root.
+HOST_EXPORT void Close();
+
+/// The root folder of the open world, or an empty text.
+HOST_EXPORT std::string RootFolder();
+
+/// The machine's file name of a Windows path (either slash, any case of existing components), or an empty
+/// text when the path names no drive of this world. The file need not exist.
+HOST_EXPORT std::string NativePath(std::u16string_view windowsPath);
+
+/// The Windows path of a file of the machine: below drive C: when it lies in the root, else on drive Z:.
+HOST_EXPORT std::u16string WindowsPath(const std::string& nativePath);
+
+// --- Failure injection. Counts start at zero with each call below; all threads are counted together. ---
+
+/// Lets `skip` memory requests of the library pass (HeapAlloc, HeapReAlloc, HeapCreate, GlobalAlloc,
+/// GlobalReAlloc, LocalAlloc), then fails one of them, or every one from there on.
+HOST_EXPORT void FailAllocations(uint64_t skip, bool onwards);
+
+/// Lets `skip` platform calls that can fail pass, then fails one of them, or every one from there on, with
+/// the call's own failure result and a plausible error code. Memory requests are not counted here.
+HOST_EXPORT void FailCalls(uint64_t skip, bool onwards);
+
+/// Ends both kinds of injection.
+HOST_EXPORT void StopFailing();
+
+/// Memory requests, and calls that can fail, made since the last FailAllocations, FailCalls or StopFailing.
+HOST_EXPORT uint64_t AllocationsSeen();
+HOST_EXPORT uint64_t CallsSeen();
+
+/// After `bytes` more bytes have been written with WriteFile (all files together), writes fail with
+/// ERROR_DISK_FULL, the last one after writing what still fitted. A negative number ends it.
+HOST_EXPORT void LimitDiskSpace(int64_t bytes);
+
+// --- Profile: what a stretch of code asked of the platform. Per thread. ---
+
+struct CallCount
+{
+    const char* name; ///< function name
+    uint64_t count;   ///< calls made from outside the layer
+};
+
+struct Profile
+{
+    std::vector<CallCount> calls; ///< called functions only, by name
+    uint64_t nanoseconds = 0;     ///< time spent inside the layer
+    size_t peakBytes = 0;         ///< largest sum of memory blocks alive at once, above the start
+};
+
+/// Starts counting and timing the calling thread's platform calls; StopProfile returns what was seen.
+HOST_EXPORT void StartProfile();
+HOST_EXPORT Profile StopProfile();
+
+// --- Ledger: what has been opened or allocated through the layer and not yet given back. ---
+
+struct Ledger
+{
+    int64_t files = 0;
+    int64_t finds = 0;
+    int64_t mappings = 0; ///< mapping objects and views together
+    int64_t heaps = 0;    ///< private heaps
+    int64_t blocks = 0;   ///< heap, global and local blocks together
+    int64_t bytes = 0;    ///< in those blocks
+    int64_t modules = 0;  ///< LoadLibrary references not yet freed
+    int64_t criticalSections = 0;
+    int64_t keys = 0;
+    int64_t printers = 0;
+
+    bool operator==(const Ledger&) const = default;
+};
+
+HOST_EXPORT Ledger OpenObjects();
+
+// --- Machine settings that programs can only read ---
+
+/// The system's 8-bit code page: 1252 (initially) or 932.
+HOST_EXPORT void SetCodePage(unsigned codePage);
+
+/// Makes a window of the given class the calling process's active window; an empty name leaves no active
+/// window (the initial state).
+HOST_EXPORT void SetActiveWindowClass(std::u16string_view className);
+
+} // namespace host
