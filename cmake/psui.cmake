@@ -6,7 +6,7 @@ separate_arguments(PSUI_SANITIZE_LIST UNIX_COMMAND "${PSUI_SANITIZE}")
 # What every one of our targets compiles with: warnings, sanitizers, and the repository as include root.
 add_library(psui_options INTERFACE)
 target_include_directories(psui_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_compile_options(psui_options INTERFACE ${PSUI_WARNING_LIST} ${PSUI_SANITIZE_LIST})
+target_compile_options(psui_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:${PSUI_WARNING_LIST}> ${PSUI_SANITIZE_LIST})
 target_link_options(psui_options INTERFACE ${PSUI_SANITIZE_LIST})
 
 # The platform interface: Windows itself, or our layer with headers of the same names.
@@ -79,7 +79,8 @@ endfunction()
 # A module that the product loads by its Windows file name.
 function(psui_module target name directory)
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${name} SUFFIX "" NO_SONAME ON
-        LIBRARY_OUTPUT_DIRECTORY ${directory} RUNTIME_OUTPUT_DIRECTORY ${directory})
+        LIBRARY_OUTPUT_DIRECTORY ${directory} RUNTIME_OUTPUT_DIRECTORY ${directory}
+        ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/import/${target})
 endfunction()
 
 # psui_test(NAME SOURCES FILE... LIBRARIES LIB... [LABELS LABEL...] [PROPERTIES ...])
