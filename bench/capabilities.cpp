@@ -1,0 +1,106 @@
+// The library's own work in a capability query with a cached model; the platform's share is counted apart.
+#include <cstdio>
+#include <map>
+
+#include <winspool.h>
+
+#include "bench/bench.h"
+#include "host/host.h"
+#include "psui/entry/exports.h"
+
+namespace bench {
+
+namespace {
+
+constexpr WORD kLastIndex = 36;
+
+std::u16string ProductFile(const char* name)
+{
+    return host::WindowsPath(std::string(PSUI_PRODUCT_DIR) + "/eng/" + name);
+}
+
+bool AddPrinter(const std::string& model)
+{
+    std::u16string name = TEXT("Bench"), environment = TEXT("Windows x64"), library = ProductFile("psui.dll"),
+                   data = host::WindowsPath(model), port = TEXT("FILE:"), processor = TEXT("winprint"), none;
+    DRIVER_INFO_3W driver = {};
+    driver.cVersion = 3;
+    driver.pName = name.data();
+    driver.pEnvironment = environment.data();
+    driver.pDriverPath = driver.pConfigFile = library.data();
+    driver.pDataFile = data.data();
+    PRINTER_INFO_2W printer = {};
+    printer.pPrinterName = printer.pDriverName = name.data();
+    printer.pPortName = port.data();
+    printer.pPrintProcessor = processor.data();
+    if (!AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&driver),
+                             APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY))
+        return false;
+    HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&printer));
+    return handle && ClosePrinter(handle);
+}
+
+void Measure(HANDLE printer, psui::DrvDeviceCapabilitiesFn capabilities)
+{
+    std::vector<BYTE> output(1 << 20);
+    std::u16string device = TEXT("Bench");
+    double worst = 0;
+    WORD worstIndex = 0;
+    std::map<std::string, uint64_t> calls;
+    constexpr int kRounds = 200;
+    for (WORD index = 1; index <= kLastIndex; ++index) {
+        std::vector<double> own;
+        for (int round = 0; round < kRounds; ++round) {
+            host::StartProfile();
+            const auto start = std::chrono::steady_clock::now();
+            capabilities(printer, device.data(), index, output.data(), nullptr);
+            const auto end = std::chrono::steady_clock::now();
+            const host::Profile profile = host::StopProfile();
+            own.push_back(std::chrono::duration<double, std::micro>(end - start).count() -
+                          static_cast<double>(profile.nanoseconds) / 1000);
+            if (round == 0)
+                for (const host::CallCount& call : profile.calls)
+                    calls[call.name] = std::max(calls[call.name], call.count);
+        }
+        std::nth_element(own.begin(), own.begin() + kRounds / 2, own.end());
+        if (own[kRounds / 2] > worst) {
+            worst = own[kRounds / 2];
+            worstIndex = index;
+        }
+    }
+    PrintFigure("own work of the slowest index (" + std::to_string(worstIndex) + ")", worst, "us", 5, false);
+    std::printf("  platform calls, most that any index makes:");
+    for (const auto& [name, count] : calls)
+        std::printf(" %s %llu", name.c_str(), static_cast<unsigned long long>(count));
+    std::printf("\n");
+}
+
+} // namespace
+
+void BenchCapabilities(const Settings& settings)
+{
+    std::printf("Capabilities: one call with a cached model, through the loaded library\n");
+    std::string model;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::path(PSUI_SOURCE_DIR) / "models"))
+        if (entry.path().extension() == ".ppd" &&
+            (model.empty() || entry.file_size() > std::filesystem::file_size(model)))
+            model = entry.path();
+    const std::filesystem::path copy = settings.scratch / std::filesystem::path(model).filename();
+    std::filesystem::copy_file(model, copy, std::filesystem::copy_options::overwrite_existing);
+
+    const HMODULE library = LoadLibraryW(ProductFile("psui.dll").c_str());
+    const auto capabilities =
+        reinterpret_cast<psui::DrvDeviceCapabilitiesFn>(GetProcAddress(library, "DrvDeviceCapabilities"));
+    HANDLE printer = nullptr;
+    std::u16string name = TEXT("Bench");
+    if (!capabilities || !AddPrinter(copy) || !OpenPrinterW(name.data(), &printer, nullptr)) {
+        std::printf("  the printer cannot be set up (error %u)\n", GetLastError());
+        return;
+    }
+    Measure(printer, capabilities);
+    ClosePrinter(printer);
+    FreeLibrary(library);
+}
+
+} // namespace bench
