@@ -83,6 +83,9 @@ function(psui_module target name directory)
         ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/import/${target})
 endfunction()
 
+# The programs that the thread sanitizer runs.
+add_custom_target(concurrency_tests)
+
 # psui_test(NAME SOURCES FILE... LIBRARIES LIB... [LABELS LABEL...] [PROPERTIES ...])
 # A GoogleTest program; every test in it becomes a ctest test.
 function(psui_test name)
@@ -94,5 +97,8 @@ function(psui_test name)
     if(NOT WIN32)
         gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
             PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300)
+        if("concurrency" IN_LIST arg_LABELS)
+            add_dependencies(concurrency_tests ${name})
+        endif()
     endif()
 endfunction()
