@@ -2,46 +2,86 @@
 // Every public function of the layer starts with HOST_CALL or HOST_CALL_VOID. That one line counts the call,
 // times it while a profile runs, and lets the failure injector answer in its place.
 //
-// Calls that the layer makes of itself are not counted: only the outermost call of a thread is.
+// Calls that the layer makes of itself are not counted: only the outermost call of a thread is. Where the
+// layer calls out into a program (DllMain, a callback), a CallbackScope makes the program's calls count
+// again.
+//
+// Functions that give something back (close, free, unlock) use HOST_CALL_VOID: a program cannot mend their
+// failure, so playing it would only look like a leak.
+#include <atomic>
 #include <cstdint>
 
 #include <windows.h>
 
 namespace host {
 
-/// One per function, made on its first call and kept in a process-wide list.
+/// One per function, in constant memory.
 struct CallSite
 {
     const char* name;
-    CallSite* next;
-
-    explicit CallSite(const char* functionName);
 };
+
+/// Profiles that run, plus one while requests are counted for the injector. Zero costs a call one load.
+extern std::atomic<int> callWatchers;
 
 class CallScope
 {
 public:
-    explicit CallScope(CallSite& site);
-    ~CallScope();
+    explicit CallScope(const CallSite& site)
+    {
+        if (callWatchers.load(std::memory_order_relaxed) != 0) [[unlikely]]
+            Enter(site);
+    }
+    ~CallScope()
+    {
+        if (entered_) [[unlikely]]
+            Leave();
+    }
     CallScope(const CallScope&) = delete;
     CallScope& operator=(const CallScope&) = delete;
 
     /// True when the injector picks this call. Asked at most once a call, and only by calls that can fail.
-    bool InjectedFailure();
+    bool InjectedFailure() { return outermost_ && PickedCall(); }
     /// The same for memory requests.
-    bool InjectedAllocationFailure();
+    bool InjectedAllocationFailure() { return outermost_ && PickedAllocation(); }
 
 private:
-    bool outermost_;
+    void Enter(const CallSite& site);
+    void Leave();
+    static bool PickedCall();
+    static bool PickedAllocation();
+
+    bool entered_ = false;
+    bool outermost_ = false;
+    uint64_t start_ = 0; // ns, while a profile runs
+};
+
+/// Stands around a call from the layer into a program.
+class CallbackScope
+{
+public:
+    CallbackScope();
+    ~CallbackScope();
+    CallbackScope(const CallbackScope&) = delete;
+    CallbackScope& operator=(const CallbackScope&) = delete;
+
+private:
+    int depth_;
     uint64_t start_;
 };
+
+/// Tells the calling thread's profile, if one runs, that blocks grew by `bytes`.
+void NoteBlockBytes(int64_t bytes);
+
+/// Ends all injection and all counting for it.
+void CloseInjector();
 
 } // namespace host
 
 /// For functions that cannot fail, or whose failure the injector does not play.
 #define HOST_CALL_VOID(name)                                                                                 \
-    static ::host::CallSite hostCallSite_{#name};                                                            \
-    ::host::CallScope hostCall_(hostCallSite_)
+    static constexpr ::host::CallSite hostCallSite_{#name};                                                  \
+    [[maybe_unused]] ::host::CallScope hostCall_(hostCallSite_)
 
 /// For functions that report failure by `failResult` and the thread's last-error code.
 #define HOST_CALL(name, failResult, errorCode)                                                               \
