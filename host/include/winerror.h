@@ -25,6 +25,7 @@
 #define ERROR_MOD_NOT_FOUND                    126L
 #define ERROR_PROC_NOT_FOUND                   127L
 #define ERROR_DIR_NOT_EMPTY                    145L
+#define ERROR_BAD_PATHNAME                     161L
 #define ERROR_ALREADY_EXISTS                   183L
 #define ERROR_BAD_EXE_FORMAT                   193L
 #define ERROR_FILENAME_EXCED_RANGE             206L
@@ -36,12 +37,17 @@
 #define ERROR_FILE_INVALID                     1006L
 #define ERROR_BADKEY                           1010L
 #define ERROR_NO_UNICODE_TRANSLATION           1113L
+#define ERROR_INTERNAL_ERROR                   1359L
 #define ERROR_INVALID_WINDOW_HANDLE            1400L
+#define RPC_S_SERVER_UNAVAILABLE               1722L
+#define RPC_X_NULL_REF_POINTER                 1780L
+#define ERROR_INVALID_USER_BUFFER              1784L
 #define ERROR_UNKNOWN_PORT                     1796L
 #define ERROR_UNKNOWN_PRINTER_DRIVER           1797L
 #define ERROR_UNKNOWN_PRINTPROCESSOR           1798L
 #define ERROR_INVALID_PRINTER_NAME             1801L
 #define ERROR_PRINTER_ALREADY_EXISTS           1802L
+#define ERROR_INVALID_PRINTER_COMMAND          1803L
 #define ERROR_INVALID_DATATYPE                 1804L
 #define ERROR_INVALID_ENVIRONMENT              1805L
 #define ERROR_RESOURCE_DATA_NOT_FOUND          1812L
@@ -50,6 +56,7 @@
 #define ERROR_RESOURCE_LANG_NOT_FOUND          1815L
 #define ERROR_INVALID_FORM_NAME                1902L
 #define ERROR_INVALID_FORM_SIZE                1903L
+#define ERROR_PRINTER_DELETED                  1905L
 #define ERROR_PRINTER_DRIVER_ALREADY_INSTALLED 1795L
 #define ERROR_PRINTER_DRIVER_IN_USE            3001L
 
