@@ -1,0 +1,160 @@
+// The texts of the language modules, loaded as the library loads them, against the ids of lang/ids/strings.h.
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include "host/host.h"
+#include "lang/ids/strings.h"
+
+namespace {
+
+struct StringId
+{
+    std::string name;
+    unsigned id;
+    bool optional;
+};
+
+const StringId kIds[] = {
+#include "string_ids.inc"
+};
+
+struct Limit
+{
+    const char* prefix;
+    size_t units; ///< longest text, without the terminator
+};
+
+/// Room in the records that take the texts. The first prefix that fits counts.
+constexpr Limit kLimits[] = {
+    {"IDS_PAPER_", 63}, {"IDS_BIN_", 23}, {"IDS_MEDIA_", 31}, {"IDS_DATE_FONT", 31}, {"IDS_", 255},
+};
+
+size_t LimitOf(const std::string& name)
+{
+    const auto limit = std::find_if(std::begin(kLimits), std::end(kLimits),
+                                    [&](const Limit& row) { return name.starts_with(row.prefix); });
+    return limit->units;
+}
+
+constexpr unsigned kHighestId = 65535;
+
+class Language : public testing::TestWithParam<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(host::Open({":memory:"}, nullptr));
+        const std::string file = std::string(PSUI_PRODUCT_DIR "/") + GetParam() + "/VMLANG.DLL";
+        module_ = LoadLibraryExW(host::WindowsPath(file).c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        ASSERT_TRUE(module_) << file;
+    }
+
+    void TearDown() override
+    {
+        if (module_)
+            FreeLibrary(module_);
+        host::Close();
+    }
+
+    std::u16string Load(unsigned id) const
+    {
+        char16_t buffer[1024];
+        const int length = LoadStringW(module_, id, buffer, std::size(buffer));
+        return {buffer, static_cast<size_t>(length)};
+    }
+
+    HMODULE module_ = nullptr;
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, Language, testing::Values("eng", "jpn"),
+                         [](const auto& tested) { return std::string(tested.param); });
+
+TEST_P(Language, HasATextThatFitsForEveryId)
+{
+    for (const StringId& row : kIds) {
+        const std::u16string text = Load(row.id);
+        EXPECT_TRUE(row.optional || !text.empty()) << row.name;
+        EXPECT_LE(text.size(), LimitOf(row.name)) << row.name;
+    }
+}
+
+TEST_P(Language, HasNoTextWithoutAnId)
+{
+    for (unsigned id = 0; id <= kHighestId; ++id) {
+        const bool known =
+            std::any_of(std::begin(kIds), std::end(kIds), [&](const StringId& row) { return row.id == id; });
+        EXPECT_TRUE(known || Load(id).empty()) << id;
+    }
+}
+
+// The resource compiler accepts an id twice and keeps one of the texts.
+TEST_P(Language, WritesNoIdTwice)
+{
+    std::ifstream script(std::string(PSUI_SOURCE_DIR "/lang/") + GetParam() + "/strings.rc");
+    const std::regex entry(R"(^\s*(IDS_\w+)\s+")");
+    std::map<std::string, int> seen;
+    std::smatch match;
+    for (std::string line; std::getline(script, line);) {
+        if (std::regex_search(line, match, entry)) {
+            EXPECT_EQ(++seen[match[1]], 1) << match[1];
+        }
+    }
+    EXPECT_GE(seen.size(), std::size(kIds) - 1);
+}
+
+// Applications find a paper, source or medium by its name.
+TEST_P(Language, TellsTheEntriesOfAListApart)
+{
+    for (const char* list : {"IDS_PAPER_", "IDS_BIN_", "IDS_MEDIA_"}) {
+        std::map<std::u16string, std::string> names;
+        for (const StringId& row : kIds) {
+            if (!row.name.starts_with(list))
+                continue;
+            const auto [same, added] = names.emplace(Load(row.id), row.name);
+            EXPECT_TRUE(added) << row.name << " reads like " << same->second;
+        }
+        EXPECT_GE(names.size(), 3u) << list;
+    }
+}
+
+// Messages list paper names with "/" between them, and a tab or line break would break an application's list.
+TEST_P(Language, KeepsSeparatorsOutOfPaperNames)
+{
+    for (const StringId& row : kIds) {
+        if (row.name.starts_with("IDS_PAPER_")) {
+            EXPECT_EQ(Load(row.id).find_first_of(u"/\t\r\n&"), std::u16string::npos) << row.name;
+        }
+    }
+}
+
+struct LanguageFact
+{
+    const char* language;
+    unsigned id;
+    const char16_t* text; ///< empty when the language does without
+};
+
+// Texts that the library compares, or passes to the system as they stand.
+const LanguageFact kFacts[] = {
+    {"eng", IDS_REGION, u"USA"}, {"eng", IDS_LANGUAGE_CODE, u"ENG"}, {"eng", IDS_DATE_FONT, u""},
+    {"jpn", IDS_REGION, u"JPN"}, {"jpn", IDS_LANGUAGE_CODE, u"JPN"}, {"jpn", IDS_DATE_FONT, u"ＭＳ ゴシック"},
+};
+
+TEST_P(Language, AnswersWhatTheLibraryAsksOfIt)
+{
+    for (const LanguageFact& fact : kFacts) {
+        if (GetParam() == std::string(fact.language)) {
+            EXPECT_EQ(Load(fact.id), fact.text) << fact.id;
+        }
+    }
+}
+
+} // namespace

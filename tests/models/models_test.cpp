@@ -1,0 +1,350 @@
+// The descriptions in models/ as the driver understands them.
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "psui/model/image.h"
+#include "psui/model/queries.h"
+
+namespace {
+
+using namespace psui;
+
+struct FreeModel
+{
+    void operator()(const ModelDescription* model) const { FreeModelDescription(model); }
+};
+
+struct Finding
+{
+    DiagnosticKind kind;
+    std::string detail;
+
+    auto operator<=>(const Finding&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const Finding& finding)
+{
+    return out << "{kind " << static_cast<int>(finding.kind) << ", '" << finding.detail << "'}";
+}
+
+struct Findings final : DiagnosticSink
+{
+    std::vector<Finding> list;
+
+    void Report(const Diagnostic& diagnostic) override
+    {
+        list.push_back({diagnostic.kind, std::string(diagnostic.detail)});
+        EXPECT_FALSE(diagnostic.rejected) << "line " << diagnostic.line << ": " << diagnostic.keyword;
+    }
+};
+
+std::string ReadText(const std::string& name)
+{
+    std::ifstream file(std::string(PSUI_SOURCE_DIR "/") + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+struct Compiled
+{
+    std::unique_ptr<ModelDescription, FreeModel> model; ///< resolved; null when the text does not compile
+    std::vector<Finding> findings;
+};
+
+Compiled Compile(const std::string& text)
+{
+    Findings sink;
+    Compiled compiled;
+    compiled.model.reset(CompileToImage(text, TEXT("C:\\model.ppd"), &sink));
+    compiled.findings = sink.list;
+    ModelDescription* model = compiled.model.get();
+    if (model && !ResolveImage({reinterpret_cast<uint8_t*>(model), model->imageSize}))
+        compiled.model.reset();
+    return compiled;
+}
+
+std::vector<const ModelOption*> Options(const ModelFeature* feature)
+{
+    std::vector<const ModelOption*> options;
+    for (const ModelOption* option = FirstOption(feature); option; option = option->next.get())
+        options.push_back(option);
+    return options;
+}
+
+std::vector<const ModelOption*> Options(const ModelDescription& model, FeatureIndex index)
+{
+    return Options(BuiltinFeature(&model, index));
+}
+
+std::map<std::string, int> Codes(const ModelDescription& model, FeatureIndex index)
+{
+    std::map<std::string, int> codes;
+    for (const ModelOption* option : Options(model, index))
+        codes[option->name.get()] = DecimalOf(option->invocation.get());
+    return codes;
+}
+
+bool IsBorderless(const std::string& name)
+{
+    return name.find("_BL") != std::string::npos;
+}
+
+struct Sample
+{
+    const char* name;
+    std::vector<Finding> expected; ///< sorted
+};
+
+const Sample kSamples[] = {
+    {"palette310", {{DiagnosticKind::PageSizeWithoutGeometry, "User"}}},
+    {"palette520", {{DiagnosticKind::PageSizeWithoutGeometry, "User"}}},
+    // Two keywords that set the default of a feature without options.
+    {"palette940",
+     {{DiagnosticKind::DefaultNamesNothing, "64MB"},
+      {DiagnosticKind::DefaultNamesNothing, "A4"},
+      {DiagnosticKind::PageSizeWithoutGeometry, "User"}}},
+};
+
+void PrintTo(const Sample& sample, std::ostream* out)
+{
+    *out << sample.name;
+}
+
+class Models : public testing::TestWithParam<Sample>
+{
+protected:
+    void SetUp() override
+    {
+        text_ = ReadText(std::string("models/") + GetParam().name + ".ppd");
+        compiled_ = Compile(text_);
+        ASSERT_TRUE(compiled_.model);
+    }
+
+    const ModelDescription& model() const { return *compiled_.model; }
+
+    std::string text_;
+    Compiled compiled_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Sample, Models, testing::ValuesIn(kSamples),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST_P(Models, RaiseNoFindingsButTheExpected)
+{
+    std::sort(compiled_.findings.begin(), compiled_.findings.end());
+    EXPECT_EQ(compiled_.findings, GetParam().expected);
+}
+
+TEST_P(Models, CarryTheVersionThatTheFreshnessCheckFinds)
+{
+    const size_t word = text_.find("FileVersion");
+    const size_t statement = text_.find("\n*FileVersion: \"");
+    EXPECT_EQ(word, statement + 2) << "the word stands in a comment above its statement";
+    EXPECT_GT(model().fileVersion, 0u);
+}
+
+TEST_P(Models, ListPapersAndPageSizesInStep)
+{
+    const auto papers = Options(model(), kFeaturePaper);
+    const auto pageSizes = Options(model(), kFeaturePageSize);
+    ASSERT_EQ(papers.size(), pageSizes.size());
+    for (size_t i = 0; i < papers.size(); ++i)
+        EXPECT_STREQ(papers[i]->name.get(), pageSizes[i]->name.get());
+}
+
+TEST_P(Models, OfferThePapersThatNewSettingsStartWith)
+{
+    const auto papers = Codes(model(), kFeaturePaper);
+    EXPECT_TRUE(papers.contains("A4"));
+    EXPECT_TRUE(papers.contains("Letter"));
+}
+
+TEST_P(Models, LeaveAMarginExceptOnBorderlessPapers)
+{
+    for (const ModelOption* option : Options(model(), kFeaturePageSize)) {
+        const auto& size = reinterpret_cast<const PageSizeOption&>(*option);
+        if (!size.width)
+            continue;
+        const ImageableArea& area = size.imageableArea;
+        const bool full = !area.left && !area.bottom && area.right == size.width && area.top == size.height;
+        const bool inside = area.left && area.bottom && area.left < area.right && area.bottom < area.top &&
+                            area.right < size.width && area.top < size.height;
+        EXPECT_TRUE(IsBorderless(option->name.get()) ? full : inside) << option->name.get();
+    }
+}
+
+TEST_P(Models, ResolveTheQualitiesThatJobsCarry)
+{
+    for (int quality = -4; quality <= -1; ++quality)
+        EXPECT_TRUE(FindResolutionOption(&model(), quality)) << quality;
+    EXPECT_EQ(DefaultResolutionDpi(&model()), 600u);
+}
+
+TEST_P(Models, ForbidEveryPairInBothDirections)
+{
+    const auto& entries = *model().constraints.get();
+    EXPECT_GT(entries.count, 0);
+    for (const ConstraintEntry& entry : entries) {
+        ASSERT_NE(entry.feature1, kUnresolved);
+        const bool mirrored = std::any_of(entries.begin(), entries.end(), [&](const ConstraintEntry& other) {
+            return other.feature1 == entry.feature2 && other.option1 == entry.option2 &&
+                   other.feature2 == entry.feature1 && other.option2 == entry.option1;
+        });
+        EXPECT_TRUE(mirrored) << entry.feature1 << ' ' << entry.option1 << ' ' << entry.feature2 << ' '
+                              << entry.option2;
+    }
+}
+
+TEST_P(Models, StartWithChoicesThatGoTogether)
+{
+    uint8_t installed[kMaxSelections] = {};
+    uint8_t chosen[kMaxSelections] = {};
+    const uint16_t installable = ResolveInstallableConflicts(&model(), installed);
+    const uint16_t features = DocumentFeatureDefaults(&model(), chosen);
+    ASSERT_LE(features, kMaxSelections);
+    for (uint16_t i = 0; i < installable; ++i)
+        EXPECT_EQ(installed[i], NthNode(model().features.get(), features + i)->defaultOption) << i;
+    for (uint16_t i = 0; i < features; ++i)
+        EXPECT_EQ(FindConflict(&model(), installed, chosen, i, chosen[i]), 0u)
+            << NthNode(model().features.get(), i)->keyword.get();
+}
+
+TEST_P(Models, OrderNothingUnknown)
+{
+    for (const OrderEntry& entry : *model().orderDependencies.get())
+        EXPECT_NE(entry.featureNumber, kUnresolved);
+}
+
+struct KnownPaper
+{
+    const char* name;
+    int id;
+    int width;  ///< tenths of a millimetre
+    int length; ///< tenths of a millimetre
+};
+
+// Sizes in inches are what their whole points give: 8.5 in are 215.9 mm.
+constexpr KnownPaper kPapers[] = {
+    {"A4", 9, 2100, 2970},
+    {"Letter", 1, 2159, 2794},
+    {"Legal", 5, 2159, 3556},
+    {"Executive", 7, 1841, 2667},
+    {"B5JIS", 13, 1820, 2570},
+    {"A5", 11, 1480, 2100},
+    {"A6", 70, 1050, 1480},
+    {"Post_Card", 265, 1016, 1524},
+    {"Index_Card", 266, 1270, 2032},
+    {"Photo_L", 272, 890, 1270},
+    {"Photo_2L", 273, 1270, 1780},
+    {"HAGAKI", 43, 1000, 1480},
+    {"W_HAGAKI", 82, 2000, 1480},
+    {"C5", 28, 1620, 2290},
+    {"Com10", 20, 1047, 2413},
+    {"DL", 27, 1100, 2200},
+    {"Monarch", 37, 984, 1905},
+    {"JE4", 91, 1050, 2350},
+    {"User", 256, 0, 0},
+    {"A3", 8, 2970, 4200},
+    {"Ledger", 3, 2794, 4318},
+    {"B4JIS", 12, 2570, 3640},
+    {"A3_SG", 287, 2970, 4200},
+    {"Ledger_SG", 289, 2794, 4318},
+    {"B4JIS_SG", 288, 2570, 3640},
+    {"A4_BL", 274, 2100, 2970},
+    {"Letter_BL", 275, 2159, 2794},
+    {"A6_BL", 276, 1050, 1480},
+    {"Post_Card_BL", 280, 1016, 1524},
+    {"Index_Card_BL", 281, 1270, 2032},
+    {"Photo_L_BL", 278, 890, 1270},
+    {"Photo_2L_BL", 279, 1270, 1780},
+    {"HAGAKI_BL", 277, 1000, 1480},
+    {"A3_BL", 283, 2970, 4200},
+    {"Ledger_BL", 285, 2794, 4318},
+    {"B4JIS_BL", 284, 2570, 3640},
+    {"A3_BL_SG", 290, 2970, 4200},
+    {"Ledger_BL_SG", 292, 2794, 4318},
+    {"B4JIS_BL_SG", 291, 2570, 3640},
+};
+
+const KnownPaper* FindKnownPaper(const std::string& name)
+{
+    const auto found = std::find_if(std::begin(kPapers), std::end(kPapers),
+                                    [&](const KnownPaper& paper) { return name == paper.name; });
+    return found == std::end(kPapers) ? nullptr : found;
+}
+
+TEST_P(Models, GiveEveryPaperItsIdAndSize)
+{
+    for (const auto& [name, id] : Codes(model(), kFeaturePaper)) {
+        const KnownPaper* known = FindKnownPaper(name);
+        ASSERT_TRUE(known) << name;
+        EXPECT_EQ(id, known->id) << name;
+        const auto* size = reinterpret_cast<const PageSizeOption*>(
+            FindByName(FirstOption(BuiltinFeature(&model(), kFeaturePageSize)), name));
+        EXPECT_EQ(Points256ToMicrons(static_cast<int32_t>(size->width)) / 100, known->width) << name;
+        EXPECT_EQ(Points256ToMicrons(static_cast<int32_t>(size->height)) / 100, known->length) << name;
+    }
+}
+
+const std::map<std::string, int> kMedia = {
+    {"Plain_Paper", 1}, {"Inkjet_Paper", 261}, {"Glossy_RB", 271},       {"Glossy_CB", 269},
+    {"Glossy_C", 263},  {"Transparency", 264}, {"GlossyHagakiATN", 272}, {"GlossyHagakiURA", 273},
+};
+
+TEST_P(Models, GiveEveryMediumItsCode)
+{
+    for (const auto& [name, code] : Codes(model(), kFeatureMediaType)) {
+        ASSERT_TRUE(kMedia.contains(name)) << name;
+        EXPECT_EQ(code, kMedia.at(name)) << name;
+    }
+}
+
+// A list that is cut to six entries outside Japanese must not lose one of the others.
+TEST_P(Models, ListJapaneseMediaAfterTheOthers)
+{
+    bool japanese = false;
+    for (const ModelOption* option : Options(model(), kFeatureMediaType)) {
+        const bool hagaki = std::string_view(option->name.get()).starts_with("GlossyHagaki");
+        EXPECT_TRUE(hagaki || !japanese) << option->name.get();
+        japanese |= hagaki;
+    }
+}
+
+TEST(ModelLine, OffersEveryPaperAndMedium)
+{
+    std::set<std::string> papers;
+    std::set<std::string> media;
+    for (const Sample& sample : kSamples) {
+        const Compiled compiled = Compile(ReadText(std::string("models/") + sample.name + ".ppd"));
+        ASSERT_TRUE(compiled.model) << sample.name;
+        for (const auto& [name, code] : Codes(*compiled.model, kFeaturePaper))
+            papers.insert(name);
+        for (const auto& [name, code] : Codes(*compiled.model, kFeatureMediaType))
+            media.insert(name);
+    }
+    EXPECT_EQ(papers.size(), std::size(kPapers));
+    EXPECT_EQ(media.size(), kMedia.size());
+}
+
+TEST(ModelGuide, ShowsAnExampleThatCompilesWithoutFindings)
+{
+    const std::string guide = ReadText("docs/model-description.md");
+    const std::string fence = "```ppd\n";
+    const size_t begin = guide.find(fence);
+    ASSERT_NE(begin, std::string::npos);
+    const size_t end = guide.find("```", begin + fence.size());
+    const Compiled compiled = Compile(guide.substr(begin + fence.size(), end - begin - fence.size()));
+    ASSERT_TRUE(compiled.model);
+    EXPECT_EQ(compiled.findings, std::vector<Finding>());
+    EXPECT_EQ(compiled.model->installableFeatureCount, 1);
+    EXPECT_EQ(compiled.model->constraints->count, 2);
+}
+
+} // namespace
