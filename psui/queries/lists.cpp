@@ -1,0 +1,218 @@
+#include "psui/queries/lists.h"
+
+#include <algorithm>
+#include <span>
+
+#include "lang/ids/strings.h"
+#include "psui/base/module.h"
+#include "psui/model/queries.h"
+#include "psui/settings/language.h"
+
+namespace psui {
+
+namespace {
+
+struct KeywordString
+{
+    std::string_view keyword;
+    UINT stringId;
+};
+
+constexpr KeywordString kPaperNames[] = {
+    {"A4", IDS_PAPER_A4},
+    {"Letter", IDS_PAPER_LETTER},
+    {"Legal", IDS_PAPER_LEGAL},
+    {"Executive", IDS_PAPER_EXECUTIVE},
+    {"B5JIS", IDS_PAPER_B5JIS},
+    {"A5", IDS_PAPER_A5},
+    {"A6", IDS_PAPER_A6},
+    {"Post_Card", IDS_PAPER_POST_CARD},
+    {"Index_Card", IDS_PAPER_INDEX_CARD},
+    {"Photo_L", IDS_PAPER_PHOTO_L},
+    {"Photo_2L", IDS_PAPER_PHOTO_2L},
+    {"HAGAKI", IDS_PAPER_HAGAKI},
+    {"W_HAGAKI", IDS_PAPER_W_HAGAKI},
+    {"C5", IDS_PAPER_C5},
+    {"Com10", IDS_PAPER_COM10},
+    {"DL", IDS_PAPER_DL},
+    {"Monarch", IDS_PAPER_MONARCH},
+    {"JE4", IDS_PAPER_JE4},
+    {"User", IDS_PAPER_USER},
+    {"A3", IDS_PAPER_A3},
+    {"Ledger", IDS_PAPER_LEDGER},
+    {"B4JIS", IDS_PAPER_B4JIS},
+    {"A3_SG", IDS_PAPER_A3_SG},
+    {"Ledger_SG", IDS_PAPER_LEDGER_SG},
+    {"B4JIS_SG", IDS_PAPER_B4JIS_SG},
+    {"A4_BL", IDS_PAPER_A4_BL},
+    {"Letter_BL", IDS_PAPER_LETTER_BL},
+    {"A6_BL", IDS_PAPER_A6_BL},
+    {"Post_Card_BL", IDS_PAPER_POST_CARD_BL},
+    {"Index_Card_BL", IDS_PAPER_INDEX_CARD_BL},
+    {"Photo_L_BL", IDS_PAPER_PHOTO_L_BL},
+    {"Photo_2L_BL", IDS_PAPER_PHOTO_2L_BL},
+    {"HAGAKI_BL", IDS_PAPER_HAGAKI_BL},
+    {"A3_BL", IDS_PAPER_A3_BL},
+    {"Ledger_BL", IDS_PAPER_LEDGER_BL},
+    {"B4JIS_BL", IDS_PAPER_B4JIS_BL},
+    {"A3_BL_SG", IDS_PAPER_A3_BL_SG},
+    {"Ledger_BL_SG", IDS_PAPER_LEDGER_BL_SG},
+    {"B4JIS_BL_SG", IDS_PAPER_B4JIS_BL_SG},
+};
+
+constexpr KeywordString kBinNames[] = {
+    {"Feeder", IDS_BIN_AUTO},
+    {"Tray1", IDS_BIN_TRAY1},
+    {"Tray2", IDS_BIN_TRAY2},
+    {"Manual", IDS_BIN_AUTO},
+};
+
+constexpr KeywordString kMediaNames[] = {
+    {"Plain_Paper", IDS_MEDIA_PLAIN_PAPER},
+    {"Inkjet_Paper", IDS_MEDIA_INKJET_PAPER},
+    {"Glossy_RB", IDS_MEDIA_GLOSSY_RB},
+    {"Glossy_CB", IDS_MEDIA_GLOSSY_CB},
+    {"Glossy_C", IDS_MEDIA_GLOSSY_C},
+    {"Transparency", IDS_MEDIA_TRANSPARENCY},
+    {"GlossyHagakiATN", IDS_MEDIA_GLOSSYHAGAKIATN},
+    {"GlossyHagakiURA", IDS_MEDIA_GLOSSYHAGAKIURA},
+};
+/// Rows of kMediaNames, and media types reported, outside Japanese.
+constexpr uint32_t kMediaOutsideJapan = 6;
+constexpr int kMediaNameMost = 32; // units, although an entry has room for more
+
+constexpr WORD kPaperIdWithoutValue = DMPAPER_LETTER;
+constexpr WORD kBinIdWithoutValue = DMBIN_LOWER;
+constexpr int kMicronsPerTenth = 100;
+
+UINT StringIdFor(std::span<const KeywordString> table, std::string_view keyword, UINT otherwise)
+{
+    for (const KeywordString& row : table)
+        if (row.keyword == keyword)
+            return row.stringId;
+    return otherwise;
+}
+
+template <size_t N>
+void LoadName(UINT stringId, int most, WCHAR (&name)[N])
+{
+    std::fill_n(name, N, WCHAR{0});
+    if (stringId != 0)
+        LoadLanguageString(stringId, name, most);
+}
+
+/// The number of an option; `otherwise` when its value is missing or empty.
+uint32_t ValueOf(const ModelOption* option, uint32_t otherwise)
+{
+    const char* value = option->invocation.get();
+    return value && *value ? static_cast<uint32_t>(DecimalOf(value)) : otherwise;
+}
+
+POINT SizeOf(const ModelOption* pageSize)
+{
+    if (!pageSize)
+        return {0, 0};
+    const auto* size = reinterpret_cast<const PageSizeOption*>(pageSize);
+    return {Points256ToMicrons(static_cast<int32_t>(size->width)) / kMicronsPerTenth,
+            Points256ToMicrons(static_cast<int32_t>(size->height)) / kMicronsPerTenth};
+}
+
+uint32_t MediaTypeCount(const ModelFeature* feature)
+{
+    const uint32_t count = OptionCount(feature);
+    return IsJapaneseLanguage() ? count : std::min(count, kMediaOutsideJapan);
+}
+
+} // namespace
+
+UINT PaperNameStringId(std::string_view keyword)
+{
+    return StringIdFor(kPaperNames, keyword, 0);
+}
+
+uint32_t ListPapers(const ModelDescription* model, const FORM_INFO_1W*, DWORD, PaperName* names, WORD* ids,
+                    POINT* sizes, const DriverDevMode* record)
+{
+    const ModelOption* pageSize = FirstOption(BuiltinFeature(model, kFeaturePageSize));
+    uint32_t count = 0;
+    for (const ModelOption* paper = FirstOption(BuiltinFeature(model, kFeaturePaper)); paper;
+         paper = paper->next.get(), ++count) {
+        const WORD id = static_cast<WORD>(ValueOf(paper, kPaperIdWithoutValue));
+        if (names)
+            LoadName(PaperNameStringId(paper->name.get()), kPaperNameUnits, names[count]);
+        if (ids)
+            ids[count] = id;
+        if (sizes && id == DMPAPER_USER)
+            sizes[count] = {record->dmPrivate.wCustomWidth, record->dmPrivate.wCustomLength};
+        else if (sizes)
+            sizes[count] = SizeOf(pageSize);
+        if (pageSize)
+            pageSize = pageSize->next.get();
+    }
+    return count;
+}
+
+uint32_t ListBins(BinName* names, const ModelDescription* model)
+{
+    uint32_t count = 0;
+    for (const ModelOption* bin = FirstOption(BuiltinFeature(model, kFeatureTray)); bin;
+         bin = bin->next.get(), ++count)
+        if (names)
+            LoadName(StringIdFor(kBinNames, bin->name.get(), IDS_BIN_AUTO), kBinNameUnits, names[count]);
+    return count;
+}
+
+uint32_t ListBinIds(WORD* ids, const ModelDescription* model)
+{
+    uint32_t count = 0;
+    for (const ModelOption* bin = FirstOption(BuiltinFeature(model, kFeatureTray)); bin;
+         bin = bin->next.get(), ++count)
+        if (ids)
+            ids[count] = static_cast<WORD>(ValueOf(bin, kBinIdWithoutValue));
+    return count;
+}
+
+uint32_t ListResolutions(LONG (*pairs)[2], const ModelDescription* model)
+{
+    uint32_t count = 0;
+    const auto report = [&](LONG dpi) {
+        if (pairs)
+            pairs[count][0] = pairs[count][1] = dpi;
+        ++count;
+    };
+    for (const ModelOption* option = FirstOption(BuiltinFeature(model, kFeatureResolution)); option;
+         option = option->next.get()) {
+        const int32_t dpi = DecimalOf(option->name.get());
+        if (dpi > 0)
+            report(dpi);
+    }
+    if (count == 0)
+        report(static_cast<LONG>(DefaultResolutionDpi(model)));
+    return count;
+}
+
+uint32_t ListMediaTypeNames(MediaName* names, const ModelDescription* model)
+{
+    const ModelFeature* feature = BuiltinFeature(model, kFeatureMediaType);
+    const uint32_t count = MediaTypeCount(feature);
+    if (!names)
+        return count;
+    const std::span<const KeywordString> table =
+        IsJapaneseLanguage() ? std::span(kMediaNames) : std::span(kMediaNames).first(kMediaOutsideJapan);
+    const ModelOption* media = FirstOption(feature);
+    for (uint32_t i = 0; i < count; ++i, media = media->next.get())
+        LoadName(StringIdFor(table, media->name.get(), IDS_MEDIA_PLAIN_PAPER), kMediaNameMost, names[i]);
+    return count;
+}
+
+uint32_t ListMediaTypes(DWORD* ids, const ModelDescription* model)
+{
+    const ModelFeature* feature = BuiltinFeature(model, kFeatureMediaType);
+    const uint32_t count = MediaTypeCount(feature);
+    const ModelOption* media = FirstOption(feature);
+    for (uint32_t i = 0; ids && i < count; ++i, media = media->next.get())
+        ids[i] = ValueOf(media, 0);
+    return count;
+}
+
+} // namespace psui

@@ -1,0 +1,78 @@
+#include "psui/settings/spooler.h"
+
+#include "psui/settings/copy.h"
+
+namespace psui {
+
+namespace {
+
+// What is asked for may grow between the question for its size and its fetching.
+constexpr int kFetchAttempts = 4;
+
+/// Runs the spooler's size-then-data protocol: `fetch(buffer, size, &needed)` first without a buffer, which
+/// must fail for want of room, then with one of the size it asked for.
+template <typename Info, typename Fetch>
+SpoolerBlock<Info> FetchBlock(Fetch fetch)
+{
+    SpoolerBlock<Info> block;
+    DWORD needed = 0;
+    if (fetch(nullptr, 0, &needed))
+        return {};
+    for (int attempt = 0; attempt < kFetchAttempts; ++attempt) {
+        if (GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed < sizeof(Info))
+            return {};
+        block.size = needed;
+        block.bytes = AllocateZeroed<BYTE>(needed);
+        if (!block)
+            return {};
+        if (fetch(block.bytes.get(), block.size, &needed))
+            return block;
+    }
+    return {};
+}
+
+} // namespace
+
+template <typename Info>
+SpoolerBlock<Info> GetPrinterInfo(HANDLE printer, DWORD level)
+{
+    return FetchBlock<Info>([=](BYTE* buffer, DWORD size, DWORD* needed) {
+        return GetPrinterW(printer, level, buffer, size, needed);
+    });
+}
+
+template <typename Info>
+SpoolerBlock<Info> GetDriverInfo(HANDLE printer, DWORD level)
+{
+    return FetchBlock<Info>([=](BYTE* buffer, DWORD size, DWORD* needed) {
+        return GetPrinterDriverW(printer, nullptr, level, buffer, size, needed);
+    });
+}
+
+template SpoolerBlock<PRINTER_INFO_2W> GetPrinterInfo(HANDLE, DWORD);
+template SpoolerBlock<DRIVER_INFO_2W> GetDriverInfo(HANDLE, DWORD);
+template SpoolerBlock<DRIVER_INFO_3W> GetDriverInfo(HANDLE, DWORD);
+
+SpoolerBlock<FORM_INFO_1W> EnumPrinterForms(HANDLE printer, DWORD& count)
+{
+    count = 0;
+    return FetchBlock<FORM_INFO_1W>([&](BYTE* buffer, DWORD size, DWORD* needed) {
+        return EnumFormsW(printer, 1, buffer, size, needed, &count);
+    });
+}
+
+const DEVMODEW* StoredDevMode(const SpoolerBlock<PRINTER_INFO_2W>& info)
+{
+    if (!info || !info->pDevMode)
+        return nullptr;
+    const auto start = reinterpret_cast<uintptr_t>(info.bytes.get());
+    const auto record = reinterpret_cast<uintptr_t>(info->pDevMode);
+    if (record < start || record - start > info.size)
+        return nullptr;
+    const size_t room = info.size - (record - start);
+    if (room < kHeaderSize || room < ShapeOf(info->pDevMode).TotalSize())
+        return nullptr;
+    return info->pDevMode;
+}
+
+} // namespace psui
