@@ -6,6 +6,12 @@
 #include <stdlib.h>
 
 #include "host/kernel/call.h"
+#include "host/kernel/codepage.h"
+#include "host/kernel/handle.h"
+#include "host/kernel/mapping.h"
+#include "host/kernel/module.h"
+#include "host/kernel/path.h"
+#include "host/window/window.h"
 
 namespace host {
 namespace {
@@ -86,6 +92,7 @@ void ForgetRoot()
     if (world.temporary && !world.root.empty())
         std::filesystem::remove_all(world.root, ignored);
     world.root.clear();
+    OpenPaths({});
 }
 
 bool OpenRooms(std::string* error)
@@ -104,8 +111,11 @@ bool Open(const Options& options, std::string* error)
 {
     if (!world.root.empty())
         return Fail(error, "A world is open already.");
-    if (MakeRoot(options.root, error) && OpenDatabase(error) && OpenRooms(error))
-        return true;
+    if (MakeRoot(options.root, error) && OpenDatabase(error)) {
+        OpenPaths(world.root);
+        if (OpenRooms(error))
+            return true;
+    }
     CloseDatabase();
     ForgetRoot();
     return false;
@@ -113,10 +123,17 @@ bool Open(const Options& options, std::string* error)
 
 void Close()
 {
+    // What plays failures must not stand in the way of those who clean up.
+    CloseInjector();
+    LimitDiskSpace(-1);
+    DetachAllModules();
+    CloseAllViews();
+    CloseAllHandles();
+    CloseWindowRoom();
+    ResetCodePage();
     CloseSpoolerRoom();
     CloseRegistryRoom();
     CloseDatabase();
-    CloseInjector();
     ForgetRoot();
 }
 
