@@ -1,0 +1,134 @@
+#include "psui/settings/copy.h"
+
+#include <numeric>
+
+#include "tests/settings/support.h"
+
+namespace {
+
+using namespace test;
+using psui::RecordShape;
+
+/// A record of that shape whose other bytes count up from `first`.
+std::vector<BYTE> RecordOf(const RecordShape& shape, BYTE first)
+{
+    std::vector<BYTE> bytes(std::max<size_t>(shape.TotalSize(), psui::kHeaderSize));
+    std::iota(bytes.begin(), bytes.end(), first);
+    psui::SetShape(bytes.data(), shape);
+    return bytes;
+}
+
+DEVMODEW* AsRecord(std::vector<BYTE>& bytes)
+{
+    return reinterpret_cast<DEVMODEW*>(bytes.data());
+}
+
+struct CopyCase
+{
+    RecordShape from, to;
+    int copied;
+    uint16_t version; ///< of the destination afterwards
+};
+
+TEST(CopyDevMode, CopiesWhatBothHaveAndKeepsTheShape)
+{
+    const CopyCase cases[] = {
+        {{0x0401, 1301, 220, 1632}, {0x0401, 1301, 220, 1632}, 1852, 0x0401},
+        {{0x0401, 1301, 220, 1632}, {0, 848, 188, 112}, 300, 0x0320},
+        {{0x0320, 848, 188, 112}, {0, 7, 220, 1632}, 300, 0x0401},
+        {{0, 1, 212, 0}, {0x0999, 2, 212, 5}, 212, 0x0400},
+        {{0x0300, 1, 156, 9}, {0x0500, 2, 300, 4}, 160, 0x0500},
+        {{0x0300, 1, 72, 9}, {0x0500, 2, 72, 20}, 81, 0x0500},
+        {{0x0300, 1, 3, 0}, {0, 2, 220, 0}, 3, 0x0401},
+    };
+    for (const CopyCase& c : cases) {
+        std::vector<BYTE> source = RecordOf(c.from, 1), destination = RecordOf(c.to, 101);
+        std::vector<BYTE> expected = destination;
+        const size_t publicBytes = std::min(c.from.publicSize, c.to.publicSize);
+        std::copy_n(source.begin(), publicBytes, expected.begin());
+        std::copy_n(source.begin() + c.from.publicSize, std::min(c.from.privateSize, c.to.privateSize),
+                    expected.begin() + c.to.publicSize);
+        RecordShape shape = c.to;
+        shape.specVersion = c.version;
+        psui::SetShape(expected.data(), shape);
+
+        EXPECT_EQ(psui::CopyDevMode(AsRecord(source), AsRecord(destination)), c.copied);
+        EXPECT_EQ(destination, expected) << c.from.publicSize << " to " << c.to.publicSize;
+    }
+}
+
+TEST(CopyDevMode, RefusesRecordsWithoutUsableShapeAndChangesNothing)
+{
+    const std::pair<RecordShape, RecordShape> cases[] = {
+        {{0, 1, 156, 0}, {0x0401, 1, 220, 0}},
+        {{0x0401, 1, 220, 0}, {0, 1, 156, 0}},
+        {{0x0401, 1, 220, 0}, {0x0401, 1, 71, 0}},
+        {{0x0401, 1, 220, 8}, {0x0401, 1, 0, 2000}},
+    };
+    for (const auto& [from, to] : cases) {
+        std::vector<BYTE> source = RecordOf(from, 1), destination = RecordOf(to, 101);
+        const std::vector<BYTE> before = destination;
+        EXPECT_EQ(psui::CopyDevMode(AsRecord(source), AsRecord(destination)), -1);
+        EXPECT_EQ(destination, before);
+    }
+    std::vector<BYTE> record = RecordOf({0x0401, 1, 220, 0}, 1);
+    EXPECT_EQ(psui::CopyDevMode(nullptr, AsRecord(record)), -1);
+    EXPECT_EQ(psui::CopyDevMode(AsRecord(record), nullptr), -1);
+}
+
+psui::DriverDevMode Ours()
+{
+    psui::DriverDevMode record;
+    std::iota(reinterpret_cast<BYTE*>(&record), reinterpret_cast<BYTE*>(&record + 1), BYTE{50});
+    psui::SetShape(&record, {0x0401, 1301, 220, 1632});
+    return record;
+}
+
+TEST(CopyDevModeOut, ShapesTheOutputLikeASmallerInput)
+{
+    struct Case
+    {
+        RecordShape input, output;
+    };
+    const Case cases[] = {
+        {{0x0401, 1301, 220, 1632}, {0x0401, 1301, 220, 1632}},
+        {{0x0320, 848, 188, 112}, {0x0320, 848, 188, 112}},
+        {{0x0777, 5, 300, 2000}, {0x0401, 1301, 220, 1632}},
+        {{0x0400, 5, 212, 2000}, {0x0400, 1301, 212, 1632}},
+        {{0x0401, 5, 220, 0}, {0x0401, 5, 220, 0}},
+    };
+    alignas(8) const psui::DriverDevMode ours = Ours();
+    for (const Case& c : cases) {
+        std::vector<BYTE> input = RecordOf(c.input, 1), separate(2400, 0xEE);
+        ASSERT_TRUE(psui::CopyDevModeOut(&ours, AsRecord(input), AsRecord(separate)));
+        const RecordShape shape = psui::ShapeOf(separate.data());
+        EXPECT_EQ(std::memcmp(&shape, &c.output, sizeof(shape)), 0) << c.input.publicSize;
+        EXPECT_EQ(std::memcmp(separate.data() + shape.publicSize, &ours.dmPrivate, shape.privateSize), 0);
+        EXPECT_EQ(separate[shape.TotalSize()], 0xEE) << "wrote past the shape";
+
+        ASSERT_TRUE(psui::CopyDevModeOut(&ours, AsRecord(input), AsRecord(input)));
+        EXPECT_EQ(std::memcmp(input.data(), separate.data(), shape.TotalSize()), 0) << "in place";
+    }
+}
+
+TEST(CopyDevModeOut, CopiesTheWholeRecordWithoutInput)
+{
+    alignas(8) const psui::DriverDevMode ours = Ours();
+    alignas(8) psui::DriverDevMode output;
+    ASSERT_TRUE(psui::CopyDevModeOut(&ours, nullptr, &output.dmPublic));
+    EXPECT_EQ(Differences(ours, output), "");
+}
+
+TEST(CopyDevModeOut, LeavesTheOutputWhenTheInputHasNoUsableShape)
+{
+    alignas(8) const psui::DriverDevMode ours = Ours();
+    for (const RecordShape& shape : {RecordShape{0, 1, 156, 0}, {0x0401, 1, 40, 10}}) {
+        std::vector<BYTE> input = RecordOf(shape, 1);
+        const std::vector<BYTE> before = input;
+        EXPECT_FALSE(psui::CopyDevModeOut(&ours, AsRecord(input), AsRecord(input)));
+        EXPECT_EQ(input, before);
+    }
+    EXPECT_FALSE(psui::CopyDevModeOut(&ours, nullptr, nullptr));
+}
+
+} // namespace

@@ -1,0 +1,321 @@
+#include <map>
+
+#include "psui/settings/environment.h"
+#include "psui/settings/record.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using namespace test;
+using psui::DriverDevMode;
+
+/// Every number of a default record that is not zero. Texts, fonts and marks are looked at one by one.
+const std::map<std::string, int64_t> kFullModelDefaults = {
+    {"dmSpecVersion", 0x0401},
+    {"dmDriverVersion", 1301},
+    {"dmSize", 220},
+    {"dmDriverExtra", 1632},
+    {"dmFields", 0x02011A03},
+    {"dmOrientation", 1},
+    {"dmPaperSize", 9},
+    {"dmPaperLength", 2970},
+    {"dmPaperWidth", 2100},
+    {"dmScale", 100},
+    {"dmCopies", 1},
+    {"dmDefaultSource", 7},
+    {"dmPrintQuality", -3},
+    {"dmColor", 2},
+    {"dmDuplex", 1},
+    {"dmTTOption", 3},
+    {"dmICMMethod", 1},
+    {"dmICMIntent", 3},
+    {"dmMediaType", 266},
+    {"dmDitherType", 1},
+    {"wTailOffset", 820},
+    {"dwOptionFlags", 0x2000},
+    {"shQuality", -3},
+    {"wMediaValue", 266},
+    {"wHrcValue", 11},
+    {"wPageProtectValue", 12},
+    {"wCaptValue", 13},
+    {"wThickness", 4},
+    {"bDocType", 14},
+    {"bColorHalftone", 15},
+    {"bColorMatching", 16},
+    {"wPoster", 1},
+    {"unnamed262", 3},
+    {"wCustomWidth", 2100},
+    {"wCustomLength", 2970},
+    {"unnamed270", 2},
+    {"bCmpMode", 17},
+    {"unnamed272", 1},
+    {"dwDirModePlain", 19},
+    {"unnamed284", 0x201},
+    {"unnamed286", 500},
+    {"unnamed288", 1},
+    {"unnamed292", 1},
+    {"unnamed296", 2},
+    {"bQualityLevel", 2},
+    {"dwDirChoicePlain", 1},
+    {"dwTrayChoice", 1},
+    {"dwColorModeOn", 1},
+    {"dwMatchingChoice", 1},
+    {"bJpegPrint", 2},
+    {"unnamed332", 0x3F000000}, // 0.5
+    {"unnamed348", 33},
+    {"unnamed354", 500},
+    {"unnamed360", 1},
+    {"wGMode", 18},
+    {"dwPhotoNotice", 1},
+    {"wMemorySize", 32},
+    {"bTtMode", 20},
+    {"unnamed410", 500},
+    {"wModelType", 0x031F},
+    {"wMinCustomLength", 1270},
+    {"wMinCustomWidth", 889},
+    {"bKcDraft", 21},
+    {"bBorderless", 23},
+    {"bSfQuality", 22},
+    {"dwDatePrint", 6},
+    {"crDateBack", 0xFFFFFF},
+    {"wScale", 100},
+    {"wDocumentPaper", 9},
+    {"wOutputPaper", 9},
+    {"wCustomThickness", 4},
+    {"dwNoFavourites", 1},
+    {"unnamed576", 3},
+    {"wSleepMode", 10},
+    {"dwSavedNup", 1},
+    {"unnamed664", 8},
+    {"wTailSize", 1032},
+    {"dwPagesPerSheet", 1},
+    {"unnamed679", 1},
+    {"unnamed680", 1},
+    {"unnamed682", -1},
+    {"unnamed688", 90},
+    {"dwWatermarkRop", 0x008800C6},
+    {"wWatermarkScale", 100},
+    {"crTailDateBack", 0xFFFFFF},
+    {"shTailDocPaper", -1},
+    {"shTailOutPaper", -1},
+    {"unnamed1188", 100},
+    {"unnamed1600", 1},
+    {"bTailValid", 1},
+};
+
+bool IsNumber(const psui::DevModeField& field)
+{
+    return psui::FixedWidthOf(field.kind) != 0 && field.kind != psui::FieldKind::LogFont;
+}
+
+DriverDevMode BuildDefault(const psui::ModelDescription* model, bool metric = true)
+{
+    DriverDevMode record;
+    std::memset(&record, 0xCC, sizeof(record));
+    EXPECT_EQ(psui::BuildDefaultDevMode(&record, TEXT("Palette"), model, metric), 1);
+    return record;
+}
+
+TEST(Defaults, FillEveryNumberFromModelAndTable)
+{
+    World world;
+    const Model model(kFullModel);
+    const DriverDevMode record = BuildDefault(model);
+    for (const psui::DevModeField& field : psui::kDevModeFields) {
+        if (!IsNumber(field) || std::string_view(field.name) == "wModelCrc" ||
+            std::string_view(field.name) == "wFeatureCount")
+            continue;
+        const auto expected = kFullModelDefaults.find(field.name);
+        EXPECT_EQ(Get(record, field.name), expected == kFullModelDefaults.end() ? 0 : expected->second)
+            << field.name;
+    }
+    EXPECT_EQ(record.dmPrivate.wModelCrc, model->sourceCrc);
+    EXPECT_EQ(record.dmPrivate.wFeatureCount, model->documentFeatureCount);
+}
+
+TEST(Defaults, FillTextsFontsAndMarksAndZeroTheRest)
+{
+    World world;
+    const DriverDevMode record = BuildDefault(Model(kFullModel));
+    EXPECT_EQ(Text(record.dmPublic.dmDeviceName, 32), TEXT("Palette"));
+    EXPECT_EQ(Text(record.dmPublic.dmFormName, 32), TEXT("A4"));
+    EXPECT_EQ(Text(record.dmPrivate.wszClientProcess, 32), TEXT("vmsplf.exe"));
+    EXPECT_STREQ(record.dmPrivate.szLangModule, "VMLANG.DLL");
+    EXPECT_EQ(std::memcmp(record.dmPrivate.dwSignature, "PRIV", 4), 0);
+    EXPECT_EQ(std::memcmp(record.dmPrivate.endMark, "EOSC", 4), 0);
+    EXPECT_EQ(record.dmPrivate.lfDateFont.lfHeight, -11);
+    EXPECT_EQ(record.dmPrivate.lfDateFont.lfCharSet, 1);
+    EXPECT_EQ(Text(record.dmPrivate.lfDateFont.lfFaceName, 32), TEXT("Arial"));
+    for (const psui::DevModeField& field : psui::kDevModeFields) {
+        if (!std::string_view(field.name).starts_with("reserved"))
+            continue;
+        const BYTE* bytes = reinterpret_cast<const BYTE*>(&record) + field.offset;
+        EXPECT_EQ(std::count(bytes, bytes + field.width, 0), field.width) << field.name;
+    }
+}
+
+TEST(Defaults, SelectEachFeaturesDefaultAndNoResolution)
+{
+    World world;
+    const Model model(kFullModel);
+    const DriverDevMode record = BuildDefault(model);
+    const auto selection = [&](psui::FeatureIndex index) {
+        return record.dmPrivate.abFeatureSel[model->featureByIndex[index]->ordinal];
+    };
+    EXPECT_EQ(selection(psui::kFeatureResolution), 255);
+    EXPECT_EQ(selection(psui::kFeatureColor), 1);
+    EXPECT_EQ(selection(psui::kFeatureTray), 0);
+}
+
+TEST(Defaults, FallBackWhenTheModelSaysNothing)
+{
+    World world;
+    const DriverDevMode record = BuildDefault(Model(kEmptyModel));
+    ExpectFields(record, {{"dmFields", 0x02010A03},
+                          {"dmDefaultSource", 7},
+                          {"dmColor", 2},
+                          {"dmMediaType", 0},
+                          {"wPageProtectValue", 1},
+                          {"wCaptValue", 1},
+                          {"bDocType", 2},
+                          {"bColorHalftone", 3},
+                          {"bColorMatching", 1},
+                          {"bCmpMode", 9},
+                          {"dwDirModePlain", 1},
+                          {"dwTrayChoice", 0},
+                          {"wMemorySize", 1},
+                          {"wSleepMode", 1},
+                          {"dwPagesPerSheet", 1},
+                          {"wFeatureCount", 0},
+                          {"bBorderless", 0}});
+}
+
+TEST(Defaults, OfferNoTrayChoiceForASingleTray)
+{
+    World world;
+    const DriverDevMode record = BuildDefault(Model("*Tray Tray1: \"1\"\n"));
+    ExpectFields(record, {{"dwTrayChoice", 0}, {"dmDefaultSource", 1}});
+}
+
+TEST(Defaults, UseLetterAndInchesOutsideMetricCountries)
+{
+    World world;
+    const DriverDevMode record = BuildDefault(Model(kFullModel), false);
+    ExpectFields(record, {{"dmPaperSize", 1},
+                          {"dmPaperWidth", 2159},
+                          {"dmPaperLength", 2794},
+                          {"wCustomUnit", 1},
+                          {"wCustomWidth", 2159},
+                          {"wCustomLength", 2794},
+                          {"wDocumentPaper", 1},
+                          {"wOutputPaper", 1},
+                          {"bBindingFlags", 1}});
+    EXPECT_EQ(Text(record.dmPublic.dmFormName, 32), TEXT("Letter"));
+}
+
+TEST(Defaults, FollowTheLanguageModule)
+{
+    struct Case
+    {
+        const char* language;
+        int64_t region, noFavourites;
+    };
+    for (const Case& c : {Case{"eng", 0, 1}, Case{"jpn", 1, 0}, Case{"", 0, 1}}) {
+        World world(c.language);
+        SCOPED_TRACE(c.language);
+        ExpectFields(BuildDefault(Model(kEmptyModel)),
+                     {{"wRegion", c.region}, {"dwNoFavourites", c.noFavourites}});
+    }
+}
+
+TEST(Defaults, CutALongDriverNameAndTerminateIt)
+{
+    World world;
+    DriverDevMode record;
+    psui::BuildDefaultDevMode(&record, std::u16string(40, u'N').c_str(), Model(kEmptyModel), true);
+    EXPECT_EQ(Text(record.dmPublic.dmDeviceName, 32), std::u16string(31, u'N'));
+    psui::BuildDefaultDevMode(&record, nullptr, Model(kEmptyModel), true);
+    EXPECT_EQ(Text(record.dmPublic.dmDeviceName, 32), u"");
+}
+
+TEST(Defaults, LetTheDriversPrintProcessorsCollate)
+{
+    World world;
+    for (const char16_t* processor : {TEXT("VMHUB PRINT"), TEXT("winprint"), TEXT("other")}) {
+        SetPrintProcessor(TEXT("Palette"), processor);
+        const bool known = std::u16string(processor) != TEXT("other");
+        ExpectFields(BuildDefault(Model(kEmptyModel)),
+                     {{"dmFields", known ? 0x02018B03 : 0x02010A03}, {"dmNup", known ? 2 : 0}});
+    }
+}
+
+TEST(IsMetricCountry, KnowsTheLetterCountries)
+{
+    World world;
+    struct Case
+    {
+        const char16_t* country;
+        bool metric;
+    };
+    const Case cases[] = {{u"1", false},        {u"2", false},  {u"49", true},   {u"50", false},
+                          {u"52", false},       {u"55", true},  {u"59", false},  {u"60", true},
+                          {u"81", true},        {u"499", true}, {u"500", false}, {u"503", false},
+                          {u"599", false},      {u"600", true}, {u"0", true},    {u"-1", true},
+                          {u"", true},          {u"x", true},   {u" 2x", false}, {u"3", true},
+                          {u"4294967297", true}};
+    for (const Case& c : cases) {
+        SetCountry(c.country);
+        EXPECT_EQ(psui::IsMetricCountry(), c.metric)
+            << std::string(c.country, c.country + std::char_traits<char16_t>::length(c.country));
+    }
+}
+
+TEST(IsMetricCountry, SaysLetterWhenTheCountryCannotBeRead)
+{
+    World world;
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, TEXT("Control Panel\\International"), 0, nullptr, 0,
+                              KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              ERROR_SUCCESS);
+    const DWORD number = 49;
+    RegSetValueExW(key, TEXT("iCountry"), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
+                   sizeof(number));
+    EXPECT_FALSE(psui::IsMetricCountry());
+    RegDeleteValueW(key, TEXT("iCountry"));
+    EXPECT_FALSE(psui::IsMetricCountry());
+    RegCloseKey(key);
+}
+
+TEST(PrintProcessor, MatchesOnlyWholeTextsOfKnownPrinters)
+{
+    World world;
+    struct Case
+    {
+        const char16_t* value;
+        DWORD type;
+        bool hub, win;
+    };
+    const Case cases[] = {
+        {u"VMHUB PRINT", REG_SZ, true, false},
+        {u"vmhub print", REG_SZ, true, false},
+        {u"WinPrint", REG_EXPAND_SZ, false, true},
+        {u"WINPRINT", REG_SZ, false, true},
+        {u"WinPrint", REG_BINARY, false, false},
+        {u"WinPrint2", REG_SZ, false, false},
+        {u"WinPrin", REG_SZ, false, false},
+        {u"", REG_SZ, false, false},
+        {u"a name that is longer than forty bytes", REG_SZ, false, false},
+    };
+    for (const Case& c : cases) {
+        SetPrintProcessor(u"P", c.value, c.type);
+        EXPECT_EQ(psui::IsHubPrintProcessor(u"P"), c.hub);
+        EXPECT_EQ(psui::IsWinPrintProcessor(u"P"), c.win);
+    }
+    SetPrintProcessor(u"P", u"WinPrint");
+    EXPECT_FALSE(psui::IsWinPrintProcessor(nullptr));
+    EXPECT_FALSE(psui::IsWinPrintProcessor(u""));
+    EXPECT_FALSE(psui::IsWinPrintProcessor(u"Q"));
+    EXPECT_FALSE(psui::IsWinPrintProcessor(std::u16string(5000, u'P').c_str()));
+}
+
+} // namespace

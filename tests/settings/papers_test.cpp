@@ -1,0 +1,83 @@
+#include "psui/settings/record.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using namespace test;
+using psui::ResolvedPaper;
+
+class ResolvePaper : public testing::Test
+{
+protected:
+    World world_;
+    Model model_{kFullModel};
+    alignas(8) psui::DriverDevMode record_;
+    psui::PaperForm form_;
+
+    ResolvePaper() { psui::BuildDefaultDevMode(&record_, nullptr, model_, true); }
+
+    ResolvedPaper Resolve() { return psui::ResolvePaper(nullptr, &record_.dmPublic, &form_, model_); }
+    std::u16string FormName() const { return Text(record_.dmPublic.dmFormName, 32); }
+};
+
+TEST_F(ResolvePaper, NamesAListedPaper)
+{
+    Set(record_, "dmPaperSize", 1);
+    EXPECT_EQ(Resolve(), ResolvedPaper::Listed);
+    EXPECT_EQ(FormName(), u"Letter");
+    EXPECT_EQ(Text(form_.name, 32), u"Letter");
+    EXPECT_EQ(form_.width, 612u * 256);
+    EXPECT_EQ(form_.height, 792u * 256);
+}
+
+TEST_F(ResolvePaper, MeasuresTheUserSizeInWholePoints)
+{
+    SetAll(record_, {{"dmPaperSize", 256}, {"wCustomWidth", 2100}, {"wCustomLength", 2970}});
+    EXPECT_EQ(Resolve(), ResolvedPaper::User);
+    EXPECT_EQ(FormName(), u"User");
+    EXPECT_EQ(form_.width, 594u * 256);  // 826 hundredths of an inch
+    EXPECT_EQ(form_.height, 841u * 256); // 1169
+}
+
+TEST_F(ResolvePaper, MarksBorderlessPapers)
+{
+    for (int paper = 270; paper < 300; ++paper) {
+        SetAll(record_, {{"dmPaperSize", paper}, {"bBorderless", 7}});
+        Resolve();
+        const bool borderless = (274 <= paper && paper <= 281) || (283 <= paper && paper <= 285) ||
+                                (290 <= paper && paper <= 292);
+        EXPECT_EQ(Get(record_, "bBorderless"), borderless) << paper;
+    }
+}
+
+TEST_F(ResolvePaper, KnowsNoPaperThatIsNotListed)
+{
+    Set(record_, "dmPaperSize", 5);
+    EXPECT_EQ(Resolve(), ResolvedPaper::Unknown);
+    EXPECT_EQ(FormName(), u"A4");
+    EXPECT_EQ(form_.width, 0u);
+}
+
+TEST_F(ResolvePaper, ChangesNothingWithoutAPaperSize)
+{
+    SetAll(record_, {{"dmFields", 0}, {"dmPaperSize", 1}, {"bBorderless", 7}});
+    const psui::DriverDevMode before = record_;
+    EXPECT_EQ(Resolve(), ResolvedPaper::Unknown);
+    EXPECT_EQ(Differences(before, record_), "");
+}
+
+TEST_F(ResolvePaper, StaysInsideAForeignRecord)
+{
+    for (const auto& [size, name] : {std::pair{165, u"A4"}, {166, u"Letter"}, {188, u"Letter"}}) {
+        psui::DriverDevMode before = record_;
+        SetAll(record_, {{"dmSize", size}, {"dmDriverExtra", 0}, {"dmPaperSize", 1}, {"bBorderless", 7}});
+        EXPECT_EQ(Resolve(), ResolvedPaper::Listed);
+        EXPECT_EQ(FormName(), name) << size;
+        EXPECT_EQ(Get(record_, "bBorderless"), 7);
+        record_ = before;
+    }
+    SetAll(record_, {{"dmSize", 72}, {"dmDriverExtra", 0}});
+    EXPECT_EQ(Resolve(), ResolvedPaper::Unknown);
+}
+
+} // namespace

@@ -1,0 +1,91 @@
+#include "psui/settings/record.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using namespace test;
+
+class RefreshTail : public testing::Test
+{
+protected:
+    World world_;
+    alignas(8) psui::DriverDevMode record_;
+
+    RefreshTail() { psui::BuildDefaultDevMode(&record_, TEXT("Palette"), Model(kEmptyModel), true); }
+
+    std::u16string ClientAfter(const std::vector<FieldValue>& fields)
+    {
+        alignas(8) psui::DriverDevMode record = record_;
+        SetAll(record, fields);
+        psui::RefreshTail(&record);
+        return Text(record.dmPrivate.wszClientProcess, 32);
+    }
+};
+
+TEST_F(RefreshTail, NamesTheClientProcessWhenSomethingNeedsIt)
+{
+    EXPECT_EQ(ClientAfter({}), u"_msplf.exe");
+    for (const FieldValue& need : {FieldValue{"dmCopies", 2},
+                                   {"dmCollate", 1},
+                                   {"dwPagesPerSheet", 2},
+                                   {"dwPagesPerSheet", 0},
+                                   {"dwPagesPerSheet", -4},
+                                   {"dwWatermarkFlags", 1},
+                                   {"dwTailDatePrint", 0x80},
+                                   {"unnamed687", 1},
+                                   {"unnamed687", 200}}) {
+        EXPECT_EQ(ClientAfter({need, {"wszClientProcess", 0}}), u"vmsplf.exe") << need.name << need.value;
+    }
+    for (const FieldValue& none : {FieldValue{"dmCopies", 1},
+                                   {"dmCollate", 2},
+                                   {"dwWatermarkFlags", 2},
+                                   {"dwDatePrint", 0x80},
+                                   {"dwTailDatePrint", 0x7F}})
+        EXPECT_EQ(ClientAfter({none}), u"_msplf.exe") << none.name;
+}
+
+TEST_F(RefreshTail, KeepsTheRestOfTheClientText)
+{
+    const std::u16string other = TEXT("other.exe");
+    std::copy_n(other.c_str(), other.size() + 1, record_.dmPrivate.wszClientProcess);
+    psui::RefreshTail(&record_);
+    EXPECT_EQ(Text(record_.dmPrivate.wszClientProcess, 32), u"_ther.exe");
+}
+
+TEST_F(RefreshTail, CopiesDatePrintAndFonts)
+{
+    SetAll(record_, {{"dwDatePrint", 0x1286}, {"crDateText", 5}, {"crDateBack", 6}, {"bTailValid", 0}});
+    record_.dmPrivate.lfDateFont.lfWeight = 700;
+    psui::RefreshTail(&record_);
+    ExpectFields(
+        record_,
+        {{"dwTailDatePrint", 0x1286}, {"crTailDateText", 5}, {"crTailDateBack", 6}, {"bTailValid", 1}});
+    EXPECT_EQ(record_.dmPrivate.lfTailDateFont.lfWeight, 700);
+}
+
+TEST_F(RefreshTail, TellsThePapersOnlyWhenFitting)
+{
+    for (int fit = 0; fit < 3; ++fit) {
+        SetAll(record_, {{"bFitToPaper", fit}, {"wDocumentPaper", 8}, {"wOutputPaper", 11}});
+        psui::RefreshTail(&record_);
+        ExpectFields(record_,
+                     {{"shTailDocPaper", fit == 1 ? 8 : -1}, {"shTailOutPaper", fit == 1 ? 11 : -1}});
+    }
+}
+
+TEST_F(RefreshTail, MarksCallsFromTheMakersApplication)
+{
+    struct Case
+    {
+        const char16_t* windowClass;
+        int64_t flags;
+    };
+    Set(record_, "bHostFlags", 0xF0);
+    for (const Case& c : {Case{u"FLWApp", 0xF1}, {u"", 0xF0}, {u"flwAPP", 0xF1}, {u"FLWApp2", 0xF0}}) {
+        host::SetActiveWindowClass(c.windowClass);
+        psui::RefreshTail(&record_);
+        EXPECT_EQ(Get(record_, "bHostFlags"), c.flags);
+    }
+}
+
+} // namespace
