@@ -28,6 +28,7 @@ enum class DiagnosticKind : uint8_t
     PageSizeWithoutGeometry,
     PaperListsOutOfStep, ///< Paper and PageSize do not list the same options in the same order
     OutOfMemory,
+    TooMany, ///< more than 65535 features, order entries or constraints; the first ones stay
 };
 
 struct Diagnostic

@@ -12,6 +12,9 @@
 
 namespace psui {
 
+// Records start at multiples of 4, not of 8, so that is what the compiler may assume of their 8-byte fields.
+#pragma pack(push, 4)
+
 /// A reference field: an offset in the file, an address once loaded.
 template <typename T>
 struct Ref
@@ -24,6 +27,7 @@ struct Ref
 };
 
 using TextRef = Ref<char>;
+static_assert(alignof(TextRef) == 4);
 
 /// Slots of ModelDescription::featureByIndex: features with a meaning of their own.
 enum FeatureIndex : uint16_t
@@ -280,7 +284,8 @@ struct ModelDescription
     Ref<PackedArray<OrderEntry>> orderDependencies;
     Ref<PackedArray<ConstraintEntry>> constraints;
 };
-static_assert(sizeof(ModelDescription) == 576);
+#pragma pack(pop)
+static_assert(sizeof(ModelDescription) == 576 && alignof(ModelDescription) == 4);
 static_assert(
     offsetof(ModelDescription, sourceCrc) == 26 && offsetof(ModelDescription, freeVm) == 36 &&
     offsetof(ModelDescription, password) == 48 && offsetof(ModelDescription, hwMargins) == 88 &&

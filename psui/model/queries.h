@@ -11,11 +11,18 @@ namespace psui {
 constexpr uint16_t kNotFound = 65535;
 
 /// h = (h << 1) ^ byte, in 32 bits: the hash that every named record stores.
-uint32_t NameHash(std::string_view name);
+constexpr uint32_t NameHash(std::string_view name)
+{
+    uint32_t hash = 0;
+    for (char c : name)
+        hash = (hash << 1) ^ static_cast<uint8_t>(c);
+    return hash;
+}
 
 /// Leading blanks skipped, optional sign, digits up to the first other character; 0 without digits or for
 /// null. A number beyond 32 bits saturates.
 int32_t DecimalOf(const char* text);
+int32_t DecimalOf(std::string_view text);
 
 /// The feature in slot `index`, or null.
 const ModelFeature* BuiltinFeature(const ModelDescription* model, FeatureIndex index);
@@ -59,7 +66,8 @@ struct FoundNode
 FoundNode<ModelOption> FindByNameIndexed(const ModelOption* head, std::string_view name);
 FoundNode<ModelFeature> FindByNameIndexed(const ModelFeature* head, std::string_view name);
 
-/// The first option whose translation equals `text`, or whose name does.
+/// The first option whose translation equals `text`, or whose name does. An empty text matches an option
+/// without a translation only by its name.
 FoundNode<ModelOption> FindByTranslationOrName(const ModelOption* head, std::string_view text);
 
 /// The first record for which `predicate(record)` returns 0, or null.
