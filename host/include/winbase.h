@@ -35,6 +35,9 @@
 #define LMEM_ZEROINIT 0x0040
 #define LPTR          (LMEM_FIXED | LMEM_ZEROINIT)
 
+#define MAXINTATOM     0xC000
+#define MAKEINTATOM(i) ((LPWSTR)((ULONG_PTR)((WORD)(i))))
+
 #define LOAD_LIBRARY_AS_DATAFILE 0x00000002
 
 typedef struct _SECURITY_ATTRIBUTES
@@ -161,4 +164,27 @@ HOSTAPI int WINAPI lstrlenA(LPCSTR text);
 HOSTAPI int WINAPI lstrcmpW(LPCWSTR first, LPCWSTR second);
 HOSTAPI int WINAPI lstrcmpiW(LPCWSTR first, LPCWSTR second);
 HOSTAPI LPWSTR WINAPI lstrcpynW(LPWSTR destination, LPCWSTR source, int size);
+
+// Private-profile files
+HOSTAPI DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultText,
+                                              LPWSTR buffer, DWORD size, LPCWSTR fileName);
+HOSTAPI UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumber, LPCWSTR fileName);
+HOSTAPI DWORD WINAPI GetPrivateProfileSectionW(LPCWSTR section, LPWSTR buffer, DWORD size, LPCWSTR fileName);
+HOSTAPI DWORD WINAPI GetPrivateProfileSectionNamesW(LPWSTR buffer, DWORD size, LPCWSTR fileName);
+HOSTAPI BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR text, LPCWSTR fileName);
+HOSTAPI BOOL WINAPI WritePrivateProfileSectionW(LPCWSTR section, LPCWSTR lines, LPCWSTR fileName);
+
+// Global atoms
+HOSTAPI ATOM WINAPI GlobalAddAtomW(LPCWSTR name);
+HOSTAPI ATOM WINAPI GlobalFindAtomW(LPCWSTR name);
+HOSTAPI ATOM WINAPI GlobalDeleteAtom(ATOM atom);
+HOSTAPI UINT WINAPI GlobalGetAtomNameW(ATOM atom, LPWSTR buffer, int size);
+
+// Environment, user and programs
+HOSTAPI BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
+HOSTAPI BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value);
+HOSTAPI DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
+HOSTAPI DWORD WINAPI GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size);
+HOSTAPI BOOL WINAPI GetUserNameW(LPWSTR buffer, LPDWORD size);
+HOSTAPI UINT WINAPI WinExec(LPCSTR commandLine, UINT showCommand);
 }

@@ -6,8 +6,10 @@
 #include <winerror.h>
 #include <winnt.h>
 
+#include <shellapi.h>
 #include <winbase.h>
 #include <wingdi.h>
 #include <winnls.h>
 #include <winreg.h>
 #include <winuser.h>
+#include <winver.h>

@@ -32,6 +32,7 @@
 #define ERROR_BAD_PATHNAME                     161L
 #define ERROR_ALREADY_EXISTS                   183L
 #define ERROR_BAD_EXE_FORMAT                   193L
+#define ERROR_ENVVAR_NOT_FOUND                 203L
 #define ERROR_FILENAME_EXCED_RANGE             206L
 #define ERROR_MORE_DATA                        234L
 #define ERROR_NO_MORE_ITEMS                    259L
@@ -39,6 +40,7 @@
 #define ERROR_INVALID_ADDRESS                  487L
 #define ERROR_INVALID_FLAGS                    1004L
 #define ERROR_FILE_INVALID                     1006L
+#define ERROR_NO_TOKEN                         1008L
 #define ERROR_BADKEY                           1010L
 #define ERROR_KEY_DELETED                      1018L
 #define ERROR_NO_UNICODE_TRANSLATION           1113L
@@ -69,3 +71,11 @@
 #define ERROR_PRINTER_DRIVER_IN_USE            3001L
 
 #define NO_ERROR 0L
+
+#define S_OK                  ((HRESULT)0)
+#define S_FALSE               ((HRESULT)1)
+#define E_FAIL                ((HRESULT)0x80004005)
+#define E_INVALIDARG          ((HRESULT)0x80070057)
+#define SUCCEEDED(hr)         ((HRESULT)(hr) >= 0)
+#define FAILED(hr)            ((HRESULT)(hr) < 0)
+#define HRESULT_FROM_WIN32(x) ((HRESULT)(x) <= 0 ? (HRESULT)(x) : (HRESULT)(((x)&0x0000FFFF) | 0x80070000))

@@ -6,6 +6,10 @@
 #define GA_ROOT      2
 #define GA_ROOTOWNER 3
 
+#define SW_HIDE       0
+#define SW_SHOWNORMAL 1
+#define SW_SHOW       5
+
 #define RT_CURSOR       MAKEINTRESOURCEW(1)
 #define RT_BITMAP       MAKEINTRESOURCEW(2)
 #define RT_ICON         MAKEINTRESOURCEW(3)
@@ -19,6 +23,8 @@
 
 extern "C" {
 HOSTAPI int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
+HOSTAPI HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR title);
+HOSTAPI BOOL WINAPI IsWindow(HWND window);
 HOSTAPI HWND WINAPI GetActiveWindow(void);
 HOSTAPI HWND WINAPI GetAncestor(HWND window, UINT flags);
 HOSTAPI int WINAPI GetClassNameW(HWND window, LPWSTR name, int size);
