@@ -99,6 +99,12 @@ bool KeyExists(KeyId key)
     return Statement("SELECT 1 FROM registry_keys WHERE id = ?").Number(key).Step();
 }
 
+std::u16string KeyName(KeyId key)
+{
+    Statement find("SELECT name FROM registry_keys WHERE id = ?");
+    return find.Number(key).Step() ? Utf16(find.BytesAt(0)) : std::u16string();
+}
+
 KeyId CreateKey(std::string_view base, std::u16string_view subKey, bool* created)
 {
     if (created)

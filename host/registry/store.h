@@ -37,6 +37,8 @@ std::optional<std::string> JoinPath(std::string_view base, std::u16string_view s
 
 KeyId FindKey(std::string_view path);
 bool KeyExists(KeyId key);
+/// The name a key was created with; empty when it is gone.
+std::u16string KeyName(KeyId key);
 
 /// Finds a key below `base` and makes what is missing of its path; `*created` (may be null) tells whether
 /// anything was. Returns 0 when there is no `base`, and after a data base error.

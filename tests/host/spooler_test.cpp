@@ -1,0 +1,739 @@
+// The print spooler's client functions, on any system that has them. The printers of these tests use a driver
+// made for them, because a spooler may load it.
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <winreg.h>
+#include <winspool.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Text = std::basic_string<WCHAR>;
+using Buffer = std::vector<BYTE>;
+
+constexpr const WCHAR* kDriver = TEXT("Psui Probe Driver");
+constexpr const WCHAR* kPrinter = TEXT("Psui Probe");
+constexpr const WCHAR* kEnvironment = TEXT("Windows x64");
+
+// Parameters that the platform only reads are not const in its headers.
+WCHAR* Name(const WCHAR* text)
+{
+    return const_cast<WCHAR*>(text);
+}
+
+// Wine's spooler opens everything for everybody and looks less closely at what it is given than the platform
+// documents. Where it does, the documentation holds and the test does not ask Wine.
+bool OnWine()
+{
+    HMODULE module = GetModuleHandleW(TEXT("ntdll.dll"));
+    return module && GetProcAddress(module, "wine_get_version");
+}
+
+Text TemporaryPath(const WCHAR* fileName)
+{
+    WCHAR folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    return Text(folder) + fileName;
+}
+
+bool WriteNewFile(const Text& path, const std::string& bytes)
+{
+    HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
+    bool done = file != INVALID_HANDLE_VALUE &&
+                WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    CloseHandle(file);
+    return done && written == bytes.size();
+}
+
+std::string ReadWholeFile(const Text& path)
+{
+    HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    char bytes[64];
+    DWORD read = 0;
+    if (file == INVALID_HANDLE_VALUE || !ReadFile(file, bytes, sizeof bytes, &read, nullptr))
+        return "?";
+    CloseHandle(file);
+    return {bytes, read};
+}
+
+// The two calls of every function that fills a buffer: the first must ask for more.
+template <class Call>
+Buffer Ask(Call call)
+{
+    DWORD needed = 0;
+    EXPECT_FALSE(call(nullptr, 0, &needed));
+    EXPECT_EQ(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
+    EXPECT_NE(0u, needed);
+    Buffer buffer(needed);
+    EXPECT_TRUE(call(buffer.data(), needed, &needed)) << GetLastError();
+    return buffer;
+}
+
+bool Inside(const Buffer& buffer, const WCHAR* text)
+{
+    auto begin = reinterpret_cast<const WCHAR*>(buffer.data());
+    auto end = begin + buffer.size() / sizeof(WCHAR);
+    return text >= begin && text < end && std::char_traits<WCHAR>::find(text, end - text, WCHAR{0});
+}
+
+class Spooler : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        ASSERT_TRUE(CopyFileW(Text(TEXT("Z:") TEXT(PSUI_PROBE_DRIVER)).c_str(),
+                              TemporaryPath(TEXT("PROBE.DLL")).c_str(), FALSE));
+        ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.DAT")), "data"));
+        ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.HLP")), "help"));
+        ASSERT_TRUE(AddDriver(kDriver)) << GetLastError();
+    }
+
+    static void TearDownTestSuite()
+    {
+        EXPECT_TRUE(DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), DPD_DELETE_UNUSED_FILES, 0))
+            << GetLastError();
+        for (const WCHAR* file : {TEXT("PROBE.DLL"), TEXT("PROBE.DAT"), TEXT("PROBE.HLP")})
+            DeleteFileW(TemporaryPath(file).c_str());
+    }
+
+    void SetUp() override
+    {
+        PRINTER_INFO_2W info = Info();
+        printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+        ASSERT_TRUE(printer) << GetLastError();
+    }
+
+    void TearDown() override
+    {
+        EXPECT_TRUE(DeletePrinter(printer)) << GetLastError();
+        EXPECT_TRUE(ClosePrinter(printer));
+    }
+
+    static bool AddDriver(const WCHAR* name)
+    {
+        Text module = TemporaryPath(TEXT("PROBE.DLL"));
+        Text data = TemporaryPath(TEXT("PROBE.DAT"));
+        Text help = TemporaryPath(TEXT("PROBE.HLP"));
+        Text dependent = data + WCHAR{0} + help + WCHAR{0};
+        DRIVER_INFO_3W info = {};
+        info.cVersion = 3;
+        info.pName = Name(name);
+        info.pEnvironment = Name(kEnvironment);
+        info.pDriverPath = info.pConfigFile = module.data();
+        info.pDataFile = data.data();
+        info.pHelpFile = help.data();
+        info.pDependentFiles = dependent.data();
+        return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info),
+                                   APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY);
+    }
+
+    static PRINTER_INFO_2W Info()
+    {
+        PRINTER_INFO_2W info = {};
+        info.pPrinterName = Name(kPrinter);
+        info.pPortName = Name(TEXT("FILE:"));
+        info.pDriverName = Name(kDriver);
+        info.pPrintProcessor = Name(TEXT("winprint"));
+        info.pDatatype = Name(TEXT("RAW"));
+        info.pComment = Name(TEXT("A comment"));
+        info.pLocation = Name(TEXT("A place"));
+        return info;
+    }
+
+    static HANDLE Open(const WCHAR* name, ACCESS_MASK access)
+    {
+        PRINTER_DEFAULTSW defaults = {nullptr, nullptr, access};
+        HANDLE handle = nullptr;
+        return OpenPrinterW(Name(name), &handle, access ? &defaults : nullptr) ? handle : nullptr;
+    }
+
+    DWORD SetData(const WCHAR* name, const std::string& bytes, DWORD type = REG_BINARY)
+    {
+        return SetPrinterDataW(printer, Name(name), type,
+                               reinterpret_cast<BYTE*>(const_cast<char*>(bytes.data())),
+                               static_cast<DWORD>(bytes.size()));
+    }
+
+    Buffer GetLevel2()
+    {
+        return Ask([&](BYTE* buffer, DWORD size, DWORD* needed) {
+            return GetPrinterW(printer, 2, buffer, size, needed);
+        });
+    }
+
+    HANDLE printer = nullptr;
+};
+
+// --- Opening ---
+
+TEST_F(Spooler, OpensPrintersInAnyCaseAndTheServer)
+{
+    for (const WCHAR* name : {kPrinter, TEXT("PSUI PROBE"), static_cast<const WCHAR*>(nullptr)}) {
+        HANDLE handle = Open(name, 0);
+        EXPECT_TRUE(handle);
+        EXPECT_TRUE(ClosePrinter(handle));
+    }
+}
+
+TEST_F(Spooler, RefusesNamesOfNoPrinter)
+{
+    for (const WCHAR* name :
+         {TEXT(""), TEXT("No such printer"), TEXT("Psui Probe\\"), TEXT("\\\\elsewhere\\Psui Probe")}) {
+        SetLastError(0);
+        EXPECT_FALSE(Open(name, 0)) << Text(name).size();
+        EXPECT_EQ(DWORD{ERROR_INVALID_PRINTER_NAME}, GetLastError()) << Text(name).size();
+    }
+}
+
+TEST_F(Spooler, AllowsWhatAHandleWasOpenedFor)
+{
+    if (OnWine())
+        GTEST_SKIP();
+    struct Case
+    {
+        ACCESS_MASK access;
+        DWORD status;
+    } cases[] = {
+        {0, ERROR_ACCESS_DENIED},
+        {PRINTER_ACCESS_USE, ERROR_ACCESS_DENIED},
+        {GENERIC_READ, ERROR_ACCESS_DENIED},
+        {PRINTER_ACCESS_ADMINISTER, ERROR_SUCCESS},
+        {PRINTER_ALL_ACCESS, ERROR_SUCCESS},
+        {GENERIC_ALL, ERROR_SUCCESS},
+    };
+    for (const Case& c : cases) {
+        HANDLE handle = Open(kPrinter, c.access);
+        ASSERT_TRUE(handle) << c.access;
+        BYTE byte = 1;
+        EXPECT_EQ(c.status, SetPrinterDataW(handle, Name(TEXT("V")), REG_BINARY, &byte, 1)) << c.access;
+        EXPECT_EQ(c.status, DeletePrinterDataW(handle, Name(TEXT("V")))) << c.access;
+        Buffer info = GetLevel2();
+        EXPECT_EQ(c.status == ERROR_SUCCESS, SetPrinterW(handle, 2, info.data(), 0) != FALSE) << c.access;
+        if (c.status != ERROR_SUCCESS) {
+            EXPECT_FALSE(DeletePrinter(handle)) << c.access;
+        }
+        EXPECT_TRUE(ClosePrinter(handle));
+    }
+    EXPECT_FALSE(Open(kPrinter, SERVER_ACCESS_ADMINISTER));
+    EXPECT_EQ(DWORD{ERROR_ACCESS_DENIED}, GetLastError());
+}
+
+TEST_F(Spooler, RefusesHandlesThatAreNotOpen)
+{
+    HANDLE closed = Open(kPrinter, 0);
+    ASSERT_TRUE(ClosePrinter(closed));
+    for (HANDLE bad :
+         {HANDLE(nullptr), closed, INVALID_HANDLE_VALUE, reinterpret_cast<HANDLE>(UINT_PTR{0xDEADBEE0})}) {
+        BYTE bytes[8];
+        DWORD needed = 0, count = 0;
+        BOOL results[] = {
+            GetPrinterW(bad, 2, bytes, 0, &needed),
+            GetPrinterDriverW(bad, nullptr, 3, bytes, 0, &needed),
+            EnumFormsW(bad, 1, bytes, 0, &needed, &count),
+            DeleteFormW(bad, Name(TEXT("F"))),
+            DeletePrinter(bad),
+            ClosePrinter(bad),
+        };
+        for (BOOL result : results)
+            EXPECT_FALSE(result);
+        EXPECT_EQ(DWORD{ERROR_INVALID_HANDLE}, GetLastError());
+        EXPECT_EQ(DWORD{ERROR_INVALID_HANDLE},
+                  GetPrinterDataW(bad, Name(TEXT("V")), nullptr, bytes, 8, &needed));
+        EXPECT_EQ(DWORD{ERROR_INVALID_HANDLE}, SetPrinterDataW(bad, Name(TEXT("V")), REG_BINARY, bytes, 8));
+    }
+}
+
+TEST_F(Spooler, RefusesLevelsItDoesNotHave)
+{
+    DWORD needed = 0, count = 0;
+    BYTE bytes[8] = {};
+    WCHAR* a4 = Name(TEXT("A4"));
+    struct Case
+    {
+        const char* what;
+        BOOL result;
+        DWORD error;
+    };
+    auto run = [](const char* what, auto call) {
+        SetLastError(0);
+        BOOL result = call();
+        return Case{what, result, GetLastError()};
+    };
+    Case cases[] = {
+        run("GetPrinter", [&] { return GetPrinterW(printer, 77, bytes, 0, &needed); }),
+        run("SetPrinter", [&] { return SetPrinterW(printer, 77, bytes, 0); }),
+        run("EnumPrinters",
+            [&] { return EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 77, bytes, 0, &needed, &count); }),
+        run("AddPrinter", [&] { return AddPrinterW(nullptr, 77, bytes) != nullptr; }),
+        run("GetPrinterDriver", [&] { return GetPrinterDriverW(printer, nullptr, 77, bytes, 0, &needed); }),
+        run("EnumPrinterDrivers",
+            [&] { return EnumPrinterDriversW(nullptr, nullptr, 77, bytes, 0, &needed, &count); }),
+        run("AddPrinterDriverEx",
+            [&] { return AddPrinterDriverExW(nullptr, 77, bytes, APD_COPY_ALL_FILES); }),
+        run("GetPrinterDriverDirectory",
+            [&] { return GetPrinterDriverDirectoryW(nullptr, nullptr, 77, bytes, 0, &needed); }),
+        run("EnumForms", [&] { return EnumFormsW(printer, 77, bytes, 0, &needed, &count); }),
+        run("AddForm", [&] { return AddFormW(printer, 77, bytes); }),
+        run("GetForm", [&] { return GetFormW(printer, a4, 77, bytes, 0, &needed); }),
+    };
+    for (const Case& c : cases) {
+        EXPECT_FALSE(c.result) << c.what;
+        EXPECT_EQ(DWORD{ERROR_INVALID_LEVEL}, c.error) << c.what;
+    }
+}
+
+// --- Printers ---
+
+TEST_F(Spooler, DescribesAPrinterInsideTheCallersBuffer)
+{
+    Buffer buffer = GetLevel2();
+    auto info = reinterpret_cast<const PRINTER_INFO_2W*>(buffer.data());
+    PRINTER_INFO_2W given = Info();
+    struct Case
+    {
+        const WCHAR* expected;
+        const WCHAR* actual;
+    } cases[] = {
+        {given.pPrinterName, info->pPrinterName}, {given.pPortName, info->pPortName},
+        {given.pDriverName, info->pDriverName},   {given.pPrintProcessor, info->pPrintProcessor},
+        {given.pDatatype, info->pDatatype},       {given.pComment, info->pComment},
+        {given.pLocation, info->pLocation},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(Inside(buffer, c.actual));
+        EXPECT_EQ(Text(c.expected), Text(c.actual));
+    }
+    EXPECT_TRUE(info->Attributes & PRINTER_ATTRIBUTE_LOCAL);
+    EXPECT_EQ(nullptr, info->pServerName);
+}
+
+TEST_F(Spooler, WritesNothingIntoABufferThatIsTooSmall)
+{
+    DWORD needed = static_cast<DWORD>(GetLevel2().size());
+    Buffer buffer(needed, 0xAA);
+    DWORD told = 0;
+    EXPECT_FALSE(GetPrinterW(printer, 2, buffer.data(), needed - 1, &told));
+    EXPECT_EQ(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
+    EXPECT_EQ(needed, told);
+    EXPECT_EQ(Buffer(needed, 0xAA), buffer);
+}
+
+TEST_F(Spooler, KeepsBothPartsOfTheSettingsRecord)
+{
+    constexpr WORD kExtra = 16;
+    Buffer record(sizeof(DEVMODEW) + kExtra, 0x5A);
+    auto devMode = reinterpret_cast<DEVMODEW*>(record.data());
+    memset(devMode, 0, sizeof *devMode);
+    devMode->dmSpecVersion = DM_SPECVERSION;
+    devMode->dmSize = sizeof(DEVMODEW);
+    devMode->dmDriverExtra = kExtra;
+    devMode->dmFields = DM_COPIES;
+    devMode->dmCopies = 7;
+
+    Buffer buffer = GetLevel2();
+    auto info = reinterpret_cast<PRINTER_INFO_2W*>(buffer.data());
+    info->pDevMode = devMode;
+    info->pPortName = Name(TEXT("LPT1:"));
+    ASSERT_TRUE(SetPrinterW(printer, 2, buffer.data(), 0)) << GetLastError();
+
+    Buffer changed = GetLevel2();
+    info = reinterpret_cast<PRINTER_INFO_2W*>(changed.data());
+    EXPECT_EQ(Text(TEXT("LPT1:")), Text(info->pPortName));
+    auto kept = reinterpret_cast<const BYTE*>(info->pDevMode);
+    ASSERT_GE(kept, changed.data());
+    ASSERT_LE(kept + record.size(), changed.data() + changed.size());
+    EXPECT_EQ(7, info->pDevMode->dmCopies);
+    EXPECT_EQ(0, memcmp(kept + sizeof(DEVMODEW), record.data() + sizeof(DEVMODEW), kExtra));
+}
+
+TEST_F(Spooler, ListsPrintersAtEveryLevel)
+{
+    auto list = [](DWORD level, DWORD* count) {
+        return Ask([=](BYTE* buffer, DWORD size, DWORD* needed) {
+            return EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, level, buffer, size, needed, count);
+        });
+    };
+    DWORD count = 0;
+    Buffer level2 = list(2, &count);
+    int found = 0;
+    for (DWORD i = 0; i < count; ++i)
+        found += Text(reinterpret_cast<PRINTER_INFO_2W*>(level2.data())[i].pPrinterName) == kPrinter;
+    EXPECT_EQ(1, found);
+
+    Buffer level4 = list(4, &count);
+    found = 0;
+    for (DWORD i = 0; i < count; ++i)
+        found += Text(reinterpret_cast<PRINTER_INFO_4W*>(level4.data())[i].pPrinterName) == kPrinter;
+    EXPECT_EQ(1, found);
+}
+
+TEST_F(Spooler, RefusesPrintersItCannotMake)
+{
+    struct Case
+    {
+        const char* what;
+        LPWSTR PRINTER_INFO_2W::*field;
+        const WCHAR* value;
+        DWORD error;
+        bool alsoWine;
+    } cases[] = {
+        {"a taken name", &PRINTER_INFO_2W::pPrinterName, TEXT("PSUI probe"), ERROR_PRINTER_ALREADY_EXISTS,
+         true},
+        {"no name", &PRINTER_INFO_2W::pPrinterName, TEXT(""), ERROR_INVALID_PRINTER_NAME, false},
+        {"a backslash", &PRINTER_INFO_2W::pPrinterName, TEXT("a\\b"), ERROR_INVALID_PRINTER_NAME, false},
+        {"a comma", &PRINTER_INFO_2W::pPrinterName, TEXT("a,b"), ERROR_INVALID_PRINTER_NAME, false},
+        {"an unknown driver", &PRINTER_INFO_2W::pDriverName, TEXT("None"), ERROR_UNKNOWN_PRINTER_DRIVER,
+         true},
+        {"no driver", &PRINTER_INFO_2W::pDriverName, nullptr, ERROR_UNKNOWN_PRINTER_DRIVER, false},
+        {"an unknown port", &PRINTER_INFO_2W::pPortName, TEXT("NOWHERE:"), ERROR_UNKNOWN_PORT, false},
+        {"no port", &PRINTER_INFO_2W::pPortName, nullptr, ERROR_UNKNOWN_PORT, false},
+        {"a half-known pool", &PRINTER_INFO_2W::pPortName, TEXT("FILE:,X"), ERROR_UNKNOWN_PORT, false},
+        {"no processor", &PRINTER_INFO_2W::pPrintProcessor, TEXT(""), ERROR_UNKNOWN_PRINTPROCESSOR, false},
+    };
+    for (const Case& c : cases) {
+        if (OnWine() && !c.alsoWine)
+            continue;
+        PRINTER_INFO_2W info = Info();
+        info.pPrinterName = Name(TEXT("Psui Probe 2"));
+        info.*c.field = Name(c.value);
+        HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+        EXPECT_FALSE(handle) << c.what;
+        EXPECT_EQ(c.error, GetLastError()) << c.what;
+    }
+}
+
+TEST_F(Spooler, ShowsPrintersInTheRegistry)
+{
+    HKEY key = nullptr;
+    Text path = Text(TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\")) + kPrinter;
+    ASSERT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key));
+    struct Case
+    {
+        const WCHAR* value;
+        const WCHAR* expected;
+    } cases[] = {
+        {TEXT("Name"), kPrinter},
+        {TEXT("Printer Driver"), kDriver},
+        {TEXT("Port"), TEXT("FILE:")},
+        {TEXT("Print Processor"), TEXT("winprint")},
+    };
+    for (const Case& c : cases) {
+        WCHAR text[64] = {};
+        DWORD size = sizeof text, type = 0;
+        EXPECT_EQ(ERROR_SUCCESS,
+                  RegQueryValueExW(key, c.value, nullptr, &type, reinterpret_cast<BYTE*>(text), &size));
+        EXPECT_EQ(REG_SZ, type);
+        EXPECT_EQ(Text(c.expected), Text(text));
+    }
+    RegCloseKey(key);
+}
+
+TEST_F(Spooler, ForgetsDeletedPrinters)
+{
+    PRINTER_INFO_2W info = Info();
+    info.pPrinterName = Name(TEXT("Psui Probe 2"));
+    HANDLE second = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+    ASSERT_TRUE(second);
+    ASSERT_TRUE(DeletePrinter(second));
+    DWORD needed = 0;
+    EXPECT_FALSE(GetPrinterW(second, 2, nullptr, 0, &needed));
+    EXPECT_NE(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
+    EXPECT_FALSE(Open(info.pPrinterName, 0));
+    EXPECT_TRUE(ClosePrinter(second));
+}
+
+// --- Printer data ---
+
+TEST_F(Spooler, KeepsPrinterDataWithTheirType)
+{
+    struct Case
+    {
+        const WCHAR* name;
+        DWORD type;
+        std::string bytes;
+    } cases[] = {
+        {TEXT("Number"), REG_DWORD, std::string("\1\0\0\0", 4)},
+        {TEXT("Block"), REG_BINARY, std::string(1908, 'b')},
+        {TEXT("Text"), REG_SZ, std::string("A\0\0\0", 4)},
+    };
+    for (const Case& c : cases) {
+        ASSERT_EQ(DWORD{ERROR_SUCCESS}, SetData(c.name, c.bytes, c.type));
+        std::string bytes(c.bytes.size(), '?');
+        DWORD type = 0, needed = 0;
+        DWORD size = static_cast<DWORD>(bytes.size());
+        BYTE* data = reinterpret_cast<BYTE*>(bytes.data());
+        EXPECT_EQ(DWORD{ERROR_MORE_DATA}, GetPrinterDataW(printer, Name(c.name), &type, nullptr, 0, &needed));
+        EXPECT_EQ(size, needed);
+        EXPECT_EQ(DWORD{ERROR_MORE_DATA},
+                  GetPrinterDataW(printer, Name(c.name), &type, data, size - 1, &needed));
+        EXPECT_EQ(DWORD{ERROR_SUCCESS}, GetPrinterDataW(printer, Name(c.name), &type, data, size, &needed));
+        EXPECT_EQ(size, needed);
+        EXPECT_EQ(c.type, type);
+        EXPECT_EQ(c.bytes, bytes);
+        EXPECT_EQ(DWORD{ERROR_SUCCESS}, DeletePrinterDataW(printer, Name(c.name)));
+        EXPECT_EQ(DWORD{ERROR_FILE_NOT_FOUND},
+                  GetPrinterDataW(printer, Name(c.name), &type, data, size, &needed));
+    }
+    EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, SetData(nullptr, "x"));
+}
+
+TEST_F(Spooler, EnumeratesPrinterDataWithBothSizes)
+{
+    if (OnWine())
+        GTEST_SKIP() << "not implemented there";
+    ASSERT_EQ(DWORD{ERROR_SUCCESS}, SetData(TEXT("First"), "1"));
+    ASSERT_EQ(DWORD{ERROR_SUCCESS}, SetData(TEXT("2nd"), "22"));
+    DWORD nameNeeded = 0, dataNeeded = 0, type = 0;
+    EXPECT_EQ(DWORD{ERROR_SUCCESS},
+              EnumPrinterDataW(printer, 0, nullptr, 0, &nameNeeded, nullptr, nullptr, 0, &dataNeeded));
+    EXPECT_EQ(6 * sizeof(WCHAR), nameNeeded);
+    EXPECT_EQ(2u, dataNeeded);
+
+    WCHAR name[8];
+    BYTE data[8];
+    EXPECT_EQ(DWORD{ERROR_SUCCESS}, EnumPrinterDataW(printer, 1, name, sizeof name, &nameNeeded, &type, data,
+                                                     sizeof data, &dataNeeded));
+    EXPECT_EQ(Text(TEXT("2nd")), Text(name));
+    EXPECT_EQ(4 * sizeof(WCHAR), nameNeeded);
+    EXPECT_EQ(2u, dataNeeded);
+    EXPECT_EQ(REG_BINARY, type);
+    EXPECT_EQ(DWORD{ERROR_MORE_DATA},
+              EnumPrinterDataW(printer, 1, name, 6, &nameNeeded, &type, data, 1, &dataNeeded));
+    EXPECT_EQ(DWORD{ERROR_NO_MORE_ITEMS}, EnumPrinterDataW(printer, 2, name, sizeof name, &nameNeeded, &type,
+                                                           data, sizeof data, &dataNeeded));
+}
+
+// --- Forms ---
+
+TEST_F(Spooler, HasThePlatformsForms)
+{
+    DWORD count = 0;
+    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
+        return EnumFormsW(printer, 1, bytes, size, needed, &count);
+    });
+    auto forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
+    struct Case
+    {
+        const WCHAR* name;
+        LONG width;
+        LONG height;
+    } cases[] = {
+        {TEXT("Letter"), 215900, 279400},
+        {TEXT("Legal"), 215900, 355600},
+        {TEXT("Executive"), 184150, 266700},
+        {TEXT("Tabloid"), 279400, 431800},
+        {TEXT("Ledger"), 431800, 279400},
+        {TEXT("A3"), 297000, 420000},
+        {TEXT("A4"), 210000, 297000},
+        {TEXT("A5"), 148000, 210000},
+        {TEXT("A6"), 105000, 148000},
+        {TEXT("B4 (JIS)"), 257000, 364000},
+        {TEXT("B5 (JIS)"), 182000, 257000},
+        {TEXT("Envelope #10"), 104775, 241300},
+        {TEXT("Envelope DL"), 110000, 220000},
+        {TEXT("Envelope C5"), 162000, 229000},
+        {TEXT("Envelope Monarch"), 98425, 190500},
+        {TEXT("Japanese Postcard"), 100000, 148000},
+    };
+    for (const Case& c : cases) {
+        DWORD i = 0;
+        while (i < count && Text(forms[i].pName) != c.name)
+            ++i;
+        ASSERT_LT(i, count) << c.width;
+        EXPECT_TRUE(Inside(buffer, forms[i].pName));
+        EXPECT_EQ(DWORD{FORM_BUILTIN}, forms[i].Flags);
+        EXPECT_EQ(c.width, forms[i].Size.cx);
+        EXPECT_EQ(c.height, forms[i].Size.cy);
+        EXPECT_EQ(c.width, forms[i].ImageableArea.right);
+    }
+}
+
+FORM_INFO_1W MakeForm(const WCHAR* name, DWORD flags = FORM_PRINTER)
+{
+    return {flags, Name(name), {100000, 200000}, {1000, 2000, 99000, 198000}};
+}
+
+TEST_F(Spooler, AddsFormsForAllPrinters)
+{
+    FORM_INFO_1W form = MakeForm(TEXT("Psui form"));
+    ASSERT_TRUE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))) << GetLastError();
+    EXPECT_FALSE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form)));
+    EXPECT_EQ(DWORD{ERROR_FILE_EXISTS}, GetLastError());
+
+    HANDLE server = Open(nullptr, 0);
+    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
+        return GetFormW(server, form.pName, 1, bytes, size, needed);
+    });
+    auto read = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
+    EXPECT_EQ(Text(form.pName), Text(read->pName));
+    EXPECT_EQ(DWORD{FORM_PRINTER}, read->Flags);
+    EXPECT_EQ(0, memcmp(&form.Size, &read->Size, sizeof form.Size));
+    EXPECT_EQ(0, memcmp(&form.ImageableArea, &read->ImageableArea, sizeof form.ImageableArea));
+    EXPECT_TRUE(ClosePrinter(server));
+
+    EXPECT_TRUE(DeleteFormW(printer, form.pName));
+    DWORD needed = 0;
+    EXPECT_FALSE(GetFormW(printer, form.pName, 1, nullptr, 0, &needed));
+    EXPECT_EQ(DWORD{ERROR_INVALID_FORM_NAME}, GetLastError());
+    EXPECT_FALSE(DeleteFormW(printer, form.pName));
+    EXPECT_EQ(DWORD{ERROR_INVALID_FORM_NAME}, GetLastError());
+}
+
+TEST_F(Spooler, RefusesFormsThatCannotBe)
+{
+    if (OnWine())
+        GTEST_SKIP();
+    Text longName(32, TEXT('f'));
+    FORM_INFO_1W flat = MakeForm(TEXT("Psui flat"));
+    flat.Size.cy = 0;
+    FORM_INFO_1W outside = MakeForm(TEXT("Psui outside"));
+    outside.ImageableArea.right = outside.Size.cx + 1;
+    FORM_INFO_1W empty = MakeForm(TEXT("Psui empty"));
+    empty.ImageableArea.bottom = empty.ImageableArea.top;
+    struct Case
+    {
+        const char* what;
+        FORM_INFO_1W form;
+        DWORD error;
+    } cases[] = {
+        {"no name", MakeForm(nullptr), ERROR_INVALID_FORM_NAME},
+        {"an empty name", MakeForm(TEXT("")), ERROR_INVALID_FORM_NAME},
+        {"a long name", MakeForm(longName.c_str()), ERROR_INVALID_FORM_NAME},
+        {"a built-in name", MakeForm(TEXT("a4")), ERROR_FILE_EXISTS},
+        {"a built-in flag", MakeForm(TEXT("Psui form"), FORM_BUILTIN), ERROR_INVALID_PARAMETER},
+        {"no height", flat, ERROR_INVALID_FORM_SIZE},
+        {"an area outside", outside, ERROR_INVALID_FORM_SIZE},
+        {"an empty area", empty, ERROR_INVALID_FORM_SIZE},
+    };
+    for (Case& c : cases) {
+        EXPECT_FALSE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&c.form))) << c.what;
+        EXPECT_EQ(c.error, GetLastError()) << c.what;
+    }
+    EXPECT_FALSE(DeleteFormW(printer, Name(TEXT("A4"))));
+    EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, GetLastError());
+}
+
+// --- Drivers ---
+
+TEST_F(Spooler, CopiesTheDriversFilesAndTellsWhere)
+{
+    DWORD needed = 0;
+    WCHAR folder[MAX_PATH];
+    ASSERT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
+                                           sizeof folder, &needed));
+    EXPECT_EQ((Text(folder).size() + 1) * sizeof(WCHAR), needed);
+
+    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* room) {
+        return GetPrinterDriverW(printer, Name(kEnvironment), 3, bytes, size, room);
+    });
+    auto info = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
+    EXPECT_EQ(3u, info->cVersion);
+    EXPECT_EQ(Text(kDriver), Text(info->pName));
+    EXPECT_EQ(Text(kEnvironment), Text(info->pEnvironment));
+    struct Case
+    {
+        const WCHAR* path;
+        const WCHAR* name;
+    } cases[] = {
+        {info->pDriverPath, TEXT("PROBE.DLL")},
+        {info->pConfigFile, TEXT("PROBE.DLL")},
+        {info->pDataFile, TEXT("PROBE.DAT")},
+        {info->pHelpFile, TEXT("PROBE.HLP")},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(Inside(buffer, c.path));
+        EXPECT_EQ(0, lstrcmpiW((Text(folder) + TEXT("\\3\\") + c.name).c_str(), c.path));
+        EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(c.path));
+    }
+    EXPECT_EQ("data", ReadWholeFile(info->pDataFile));
+
+    const WCHAR* second = info->pDependentFiles + lstrlenW(info->pDependentFiles) + 1;
+    EXPECT_EQ(0, lstrcmpiW(info->pDataFile, info->pDependentFiles));
+    EXPECT_EQ(0, lstrcmpiW(info->pHelpFile, second));
+    EXPECT_EQ(0, second[lstrlenW(second) + 1]);
+}
+
+TEST_F(Spooler, ReplacesChangedFilesOfADriver)
+{
+    ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.DAT")), "newer data"));
+    ASSERT_TRUE(AddDriver(kDriver));
+    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
+        return GetPrinterDriverW(printer, nullptr, 2, bytes, size, needed);
+    });
+    EXPECT_EQ("newer data", ReadWholeFile(reinterpret_cast<const DRIVER_INFO_2W*>(buffer.data())->pDataFile));
+    ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.DAT")), "data"));
+    ASSERT_TRUE(AddDriver(kDriver));
+}
+
+TEST_F(Spooler, ListsDriversOnce)
+{
+    DWORD count = 0;
+    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
+        return EnumPrinterDriversW(nullptr, nullptr, 2, bytes, size, needed, &count);
+    });
+    int found = 0;
+    for (DWORD i = 0; i < count; ++i)
+        found += Text(reinterpret_cast<DRIVER_INFO_2W*>(buffer.data())[i].pName) == kDriver;
+    EXPECT_EQ(1, found);
+}
+
+TEST_F(Spooler, RefusesDriversItCannotInstall)
+{
+    Text module = TemporaryPath(TEXT("PROBE.DLL"));
+    Text missing = TemporaryPath(TEXT("PROBE.NOT"));
+    DRIVER_INFO_2W good = {3,
+                           Name(TEXT("Psui Probe Driver 2")),
+                           Name(kEnvironment),
+                           module.data(),
+                           module.data(),
+                           module.data()};
+    struct Case
+    {
+        const char* what;
+        DRIVER_INFO_2W info;
+        DWORD flags;
+        DWORD error;
+    } cases[] = {
+        {"a missing file", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY, ERROR_FILE_NOT_FOUND},
+        {"another environment", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY,
+         ERROR_INVALID_ENVIRONMENT},
+        {"no name", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY, ERROR_INVALID_PARAMETER},
+        {"no data file", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY, ERROR_INVALID_PARAMETER},
+        {"no way of copying", good, APD_COPY_FROM_DIRECTORY, ERROR_INVALID_PARAMETER},
+    };
+    cases[0].info.pDataFile = missing.data();
+    cases[1].info.pEnvironment = Name(TEXT("Windows 95"));
+    cases[2].info.pName = nullptr;
+    cases[3].info.pDataFile = nullptr;
+    for (Case& c : cases) {
+        EXPECT_FALSE(AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&c.info), c.flags)) << c.what;
+        EXPECT_EQ(c.error, GetLastError()) << c.what;
+    }
+}
+
+TEST_F(Spooler, KeepsDriversThatPrintersUse)
+{
+    EXPECT_FALSE(DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), 0, 0));
+    EXPECT_EQ(DWORD{ERROR_PRINTER_DRIVER_IN_USE}, GetLastError());
+    EXPECT_FALSE(DeletePrinterDriverExW(nullptr, nullptr, Name(TEXT("None")), 0, 0));
+    EXPECT_EQ(DWORD{ERROR_UNKNOWN_PRINTER_DRIVER}, GetLastError());
+}
+
+TEST_F(Spooler, RefusesOtherEnvironments)
+{
+    DWORD needed = 0;
+    for (const WCHAR* environment : {TEXT("None"), TEXT("Windows x6")}) {
+        EXPECT_FALSE(GetPrinterDriverDirectoryW(nullptr, Name(environment), 1, nullptr, 0, &needed));
+        EXPECT_EQ(DWORD{ERROR_INVALID_ENVIRONMENT}, GetLastError());
+        EXPECT_FALSE(GetPrinterDriverW(printer, Name(environment), 2, nullptr, 0, &needed));
+        EXPECT_EQ(DWORD{ERROR_INVALID_ENVIRONMENT}, GetLastError());
+    }
+}
+
+} // namespace
