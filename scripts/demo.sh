@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# The main job, start to end: builds the product, installs a sample printer from its model description into a
+# fresh host, and prints what the library's entry points answer for it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+mkdir -p build
+cmake --preset release >build/release.configure.log 2>&1 || { cat build/release.configure.log; exit 1; }
+cmake --build --preset release -j "$(nproc)" --target psuictl psui vmlang_eng vmlang_jpn >build/release.build.log 2>&1 ||
+    { tail -n 60 build/release.build.log; exit 1; }
+
+root=build/demo
+printer="Palette 940"
+rm -rf "$root"
+psuictl() {
+    printf '\n$ psuictl'
+    printf ' %q' "$@"
+    printf '\n'
+    build/release/product/psuictl --root "$root" "$@"
+}
+
+psuictl printer add "$printer" --model models/palette940.ppd
+psuictl printer list
+psuictl caps "$printer"
+psuictl convert "$printer" --mode 4 -o "$root/default.dm"
+psuictl record show "$root/default.dm"
