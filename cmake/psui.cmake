@@ -7,6 +7,8 @@ separate_arguments(PSUI_SANITIZE_LIST UNIX_COMMAND "${PSUI_SANITIZE}")
 add_library(psui_options INTERFACE)
 target_include_directories(psui_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(psui_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:${PSUI_WARNING_LIST}> ${PSUI_SANITIZE_LIST})
+# GCC 12 sees overlapping copies in std::basic_string where there are none (its bug 105651).
+target_compile_options(psui_options INTERFACE $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>)
 target_link_options(psui_options INTERFACE ${PSUI_SANITIZE_LIST})
 
 # The platform interface: Windows itself, or our layer with headers of the same names.
