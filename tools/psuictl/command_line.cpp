@@ -49,7 +49,7 @@ public:
         root_.set_version_flag("--version", "psuictl " PSUICTL_VERSION);
         root_.require_subcommand(1);
         root_.footer("Run 'psuictl COMMAND --help' for the options of a command and examples.\n"
-                     "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 refused (a job that cannot print).");
+                     "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 refused (a job that cannot print).\n");
         AddParameters(root_, kCommonParameters);
         for (const CommandFamily* family : CommandFamilies())
             AddFamily(*family);
@@ -109,9 +109,9 @@ private:
             app.add_option(parameter.name, arguments_.Cell(KeyOf(parameter)), parameter.help);
         option->required(parameter.required)->type_name(parameter.value ? parameter.value : "");
         if (!parameter.several)
-            option->expected(1);
-        else if (parameter.name[0] == '-')
-            option->allow_extra_args(false);
+            option->expected(1)->take_last();
+        if (!parameter.several || parameter.name[0] == '-')
+            option->allow_extra_args(false); // one value a time, so that positional ones may follow
         if (parameter.kind == ParameterKind::Number)
             option->check(CLI::Validator(CheckNumber, "", "number"));
         if (!parameter.choices.empty())

@@ -126,8 +126,10 @@ void Print(const Session& session, std::ostream& out, const Conversion& conversi
     if (session.json)
         return PrintJson(
             out, {{"result", conversion.result}, {"size", conversion.size}, {"error", conversion.error}});
-    out << (conversion.result ? "TRUE" : "FALSE") << ", size " << conversion.size << ", error "
-        << conversion.error << '\n';
+    out << (conversion.result ? "TRUE" : "FALSE") << ", size " << conversion.size;
+    if (!conversion.result)
+        out << ": " << (conversion.error ? ErrorWords(conversion.error) : "no error code");
+    out << '\n';
 }
 
 ExitCode RunConvert(const Session& session, const Arguments& arguments)

@@ -33,36 +33,40 @@ constexpr KindText kKinds[] = {
     {DiagnosticKind::OptionMissing, "option-missing",
      "{keyword} needs an option keyword; write one between the keyword and the colon"},
     {DiagnosticKind::RepeatedKeyword, "repeated-keyword",
-     "{keyword} was given before and the first statement counts; remove one of them"},
+     "{keyword} was given before and only the first statement counts; remove one of them"},
     {DiagnosticKind::BadNumber, "bad-number",
-     "the number {detail} of {keyword} cannot be read or is too large; write digits right at the start of "
-     "the value"},
+     "{detail} is no number that {keyword} can take; write digits without blanks before them, within 32 "
+     "bits"},
     {DiagnosticKind::BadHexText, "bad-hex-text",
      "between < and > only pairs of hex digits are allowed; correct {detail} or leave out the brackets"},
     {DiagnosticKind::UnknownWord, "unknown-word",
      "{keyword} does not know the word {detail}; use one of its own words"},
     {DiagnosticKind::TooFewValues, "too-few-values",
-     "the list of {keyword} is too short; add what is missing"},
+     "the list {detail} of {keyword} is too short; add what is missing"},
     {DiagnosticKind::BadBlock, "bad-block",
-     "{keyword} does not fit here; open each group and UI block once and close it by the same name"},
+     "a group or UI block is opened twice, left open or closed without being open ({keyword} {detail}); "
+     "pair the statements"},
     {DiagnosticKind::EmptyName, "empty-name",
      "{keyword} names no feature; write the feature's name after the star"},
     {DiagnosticKind::UnfinishedStatement, "unfinished-statement",
-     "the text ends inside this statement, which is dropped; end the last line with a line break and close "
-     "every quote"},
+     "the text ends inside this statement, which is dropped; close its quote and end the last line with a "
+     "line break"},
     {DiagnosticKind::DefaultNamesNothing, "default-names-nothing",
-     "the default {detail} of {keyword} is none of its options, so the first option is the default; correct "
-     "the name"},
+     "the default {detail} of {keyword} is none of its options; correct the name"},
     {DiagnosticKind::ConstraintNamesNothing, "constraint-names-nothing",
-     "a constraint names {detail}, which does not exist, and never applies; correct the name"},
+     "a constraint on {detail} names a feature or option that does not exist, and never applies; correct "
+     "the names"},
     {DiagnosticKind::OrderNamesNothing, "order-names-nothing",
-     "an order dependency names {detail}, which does not exist, and is void; correct the name"},
+     "an order dependency of {detail} names a feature or option that does not exist, and is void; correct "
+     "the names"},
     {DiagnosticKind::PageSizeWithoutGeometry, "page-size-without-geometry",
-     "page size {detail} has no dimensions; add a PaperDimension statement for it"},
+     "page size {detail} has no dimensions; add a PaperDimension statement unless users define this size"},
     {DiagnosticKind::PaperListsOutOfStep, "paper-lists-out-of-step",
-     "Paper and PageSize must list the same options in the same order, and differ at {detail}; papers would "
-     "get the wrong sizes"},
+     "Paper and PageSize must list the same options in the same order, and part at {detail}; papers get "
+     "wrong sizes from there on"},
     {DiagnosticKind::OutOfMemory, "out-of-memory", "memory ran out; close other programs and try again"},
+    {DiagnosticKind::TooMany, "too-many",
+     "{keyword} {detail} is beyond the limit of 65535 and is dropped; remove some statements"},
 };
 
 constexpr bool KindsAreInOrder()
@@ -71,7 +75,7 @@ constexpr bool KindsAreInOrder()
         if (kKinds[i].kind != static_cast<DiagnosticKind>(i))
             return false;
     }
-    return std::size(kKinds) == static_cast<size_t>(DiagnosticKind::OutOfMemory) + 1;
+    return std::size(kKinds) == static_cast<size_t>(DiagnosticKind::TooMany) + 1;
 }
 static_assert(KindsAreInOrder());
 
@@ -125,7 +129,7 @@ std::string MessageOf(const Finding& finding)
 {
     std::string message = kKinds[static_cast<size_t>(finding.kind)].message;
     Replace(message, "{keyword}", Named(finding.keyword, "the statement"));
-    Replace(message, "{detail}", Named(finding.detail, "what is there"));
+    Replace(message, "{detail}", Named(Shortened(finding.detail), "what is there"));
     return message;
 }
 

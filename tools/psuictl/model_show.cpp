@@ -5,25 +5,11 @@
 namespace psuictl {
 namespace {
 
-/// Longer invocations are cut in text form; the JSON form has them whole.
-constexpr size_t kLongestInvocation = 40;
-
 std::string Plain(const Json& value)
 {
     if (value.is_null())
         return "";
     return value.is_string() ? ReadableLine(value.get_ref<const std::string&>()) : value.dump();
-}
-
-std::string Shortened(const Json& value)
-{
-    const std::string text = Plain(value);
-    if (text.size() <= kLongestInvocation)
-        return text;
-    size_t end = kLongestInvocation;
-    while ((static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end; // not inside a character
-    return text.substr(0, end) + "...";
 }
 
 double Millimetres(double points)
@@ -56,7 +42,7 @@ void PrintHeader(std::ostream& out, const Json& model)
         if (hasOwnSection || key == "customPageParams" || value.is_null() ||
             (value.is_array() && value.empty()))
             continue;
-        table.Add({key, value.is_number_float() ? Fixed2(value) : Shortened(value)});
+        table.Add({key, value.is_number_float() ? Fixed2(value) : Shortened(Plain(value))});
     }
     table.Print(out);
 }
@@ -119,7 +105,8 @@ void PrintFeature(std::ostream& out, const Json& feature)
     Table table;
     for (const Json& option : feature["options"])
         table.Add({IsDefault(feature, option) ? "*" : "", Plain(option["index"]), Plain(option["name"]),
-                   Plain(option["translation"]), Shortened(option["invocation"]), OptionDetail(option)});
+                   Plain(option["translation"]), Shortened(Plain(option["invocation"])),
+                   OptionDetail(option)});
     table.Print(out, 2);
     PrintAreas(out, feature);
 }
@@ -146,7 +133,7 @@ std::vector<std::string> OrderCells(const Json& entry)
 
 std::vector<std::string> FontCells(const Json& entry)
 {
-    return {Plain(entry["number"]), Plain(entry["name"]), Shortened(entry["value"])};
+    return {Plain(entry["number"]), Plain(entry["name"]), Shortened(Plain(entry["value"]))};
 }
 
 void PrintList(std::ostream& out, const char* title, const Json& list,

@@ -168,6 +168,17 @@ std::string ReadableLine(std::string_view bytes)
     return Readable(bytes, true);
 }
 
+std::string Shortened(const std::string& utf8)
+{
+    constexpr size_t kLongest = 40;
+    if (utf8.size() <= kLongest)
+        return utf8;
+    size_t end = kLongest;
+    while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
+        --end;
+    return utf8.substr(0, end) + "...";
+}
+
 size_t DisplayWidth(std::string_view utf8)
 {
     size_t width = 0;

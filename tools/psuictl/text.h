@@ -25,6 +25,9 @@ std::string ReadableBytes(std::string_view bytes);
 /// The same for one line of a console: control characters are written in hex, too.
 std::string ReadableLine(std::string_view bytes);
 
+/// At most 40 bytes of the text, cut between characters, with dots for what is missing.
+std::string Shortened(const std::string& utf8);
+
 /// Columns that a console needs for the text; Japanese characters take two.
 size_t DisplayWidth(std::string_view utf8);
 

@@ -1,0 +1,51 @@
+#pragma once
+// Runs the real program in a host of its own.
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+struct Outcome
+{
+    int code; ///< exit code; 128 plus the signal when it did not exit
+    std::string out;
+    std::string err;
+
+    nlohmann::json Json() const;
+};
+
+/// Prints everything that is known about a run that went wrong.
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome);
+
+std::string ReadText(const std::filesystem::path& path);
+void WriteText(const std::filesystem::path& path, const std::string& text);
+
+/// A fresh folder with a fresh host root in it; the program runs with the folder as its current one.
+class PsuictlTest : public testing::Test
+{
+protected:
+    PsuictlTest();
+    ~PsuictlTest() override;
+
+    Outcome Run(std::vector<std::string> arguments, const std::string& input = "") const;
+
+    /// Runs what has to succeed, and returns its standard output.
+    std::string Output(const std::vector<std::string>& arguments, const std::string& input = "") const;
+    nlohmann::json JsonOutput(std::vector<std::string> arguments) const;
+
+    std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
+
+    /// Puts a copy of a sample model into the folder and returns its name.
+    std::string Sample(const std::string& name) const;
+
+    /// Adds printer "P" for a sample model.
+    void AddPrinter(const std::string& sample = "palette310.ppd") const;
+
+    /// Where the host keeps the files of installed drivers.
+    std::filesystem::path DriverFolder() const;
+
+private:
+    std::filesystem::path folder_;
+};

@@ -1,0 +1,162 @@
+#include "tests/psuictl/psuictl_run.h"
+
+namespace {
+
+class RecordCommands : public PsuictlTest
+{
+protected:
+    RecordCommands()
+    {
+        AddPrinter();
+        Output({"--country", "49", "convert", "P", "--mode", "4", "-o", "own.dm"});
+    }
+};
+
+TEST_F(RecordCommands, SetAndShowTheSameValue)
+{
+    const struct
+    {
+        const char* assignment;
+        const char* field;
+        nlohmann::json value;
+    } rows[] = {
+        {"dmCopies=5", "dmCopies", 5},
+        {"dmPrintQuality=-4", "dmPrintQuality", -4},
+        {"dmPrintQuality=draft", "dmPrintQuality", -1},
+        {"dmOrientation=landscape", "dmOrientation", 2},
+        {"dmFields=orientation+copies", "dmFields", 0x101},
+        {"dmFields=0xFFFFFFFF", "dmFields", 0xFFFFFFFF},
+        {"dmFormName=はがき", "dmFormName", "はがき"},
+        {"dmFormName=", "dmFormName", ""},
+        {"dmFormName=12345678901234567890123456789012", "dmFormName", "12345678901234567890123456789012"},
+        {"szWatermarkText=Café", "szWatermarkText", "Café"},
+        {"lfDateFont.lfHeight=-2147483648", "lfDateFont.lfHeight", -2147483648},
+        {"lfDateFont.lfFaceName=Times", "lfDateFont.lfFaceName", "Times"},
+        {"unnamed332=0.25", "unnamed332", 0.25},
+        {"unnamed262=7", "unnamed262", 7},
+        {"reserved425=0A0b0c", "reserved425", "0A0B0C"},
+        {"@482/2=0x10", "unnamed262", 16},
+        {"@482=0102", "unnamed262", 0x0201},
+    };
+    for (const auto& row : rows) {
+        Output({"record", "set", "own.dm", row.assignment, "-o", "new.dm"});
+        EXPECT_EQ(JsonOutput({"record", "show", "new.dm"})[row.field], row.value) << row.assignment;
+        const nlohmann::json own = JsonOutput({"record", "show", "own.dm"});
+        const Outcome diff = Run({"record", "diff", "own.dm", "new.dm", "--json"});
+        EXPECT_LE(diff.Json().size(), 1u) << row.assignment << diff;
+        EXPECT_EQ(diff.code, own[row.field] == row.value ? 0 : 1) << row.assignment << diff;
+    }
+}
+
+TEST_F(RecordCommands, RefuseValuesThatTheFieldCannotHold)
+{
+    const struct
+    {
+        const char* assignment;
+        int code;
+    } rows[] = {
+        {"dmCopies=32768", 1},
+        {"dmCopies=-32769", 1},
+        {"dmCopies=two", 1},
+        {"dmCopies=", 1},
+        {"dmNup=-1", 1},
+        {"dmNup=4294967296", 1},
+        {"bDocType=256", 1},
+        {"dmOrientation=portrait+landscape", 1},
+        {"dmFields=orientation+", 1},
+        {"dmFormName=123456789012345678901234567890123", 1},
+        {"szWatermarkText=はがき", 1},
+        {"unnamed332=half", 1},
+        {"unnamed332=inf", 1},
+        {"reserved425=0A0B", 1},
+        {"reserved425=0A0B0G", 1},
+        {"dmColour=1", 1},
+        {"@1852/1=0", 1},
+        {"@1850=000000", 1},
+        {"@0/3=0", 2},
+        {"@-1/1=0", 2},
+        {"@10=", 2},
+        {"dmCopies", 2},
+        {"=1", 2},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = Run({"record", "set", "own.dm", row.assignment, "-o", "new.dm"});
+        EXPECT_EQ(outcome.code, row.code) << row.assignment << outcome;
+        EXPECT_TRUE(outcome.err.starts_with("psuictl: ")) << row.assignment << outcome;
+        EXPECT_FALSE(std::filesystem::exists(Path("new.dm"))) << row.assignment;
+    }
+}
+
+TEST_F(RecordCommands, ShowWordsBesideCodes)
+{
+    Output({"record", "set", "own.dm", "dmOrientation=2", "dwDeviceOptions=3", "-o", "new.dm"});
+    const std::string text = Output({"record", "show", "new.dm"});
+    EXPECT_TRUE(text.starts_with("1852 bytes, a whole record of this driver\n")) << text;
+    EXPECT_NE(text.find("2 (landscape)\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("0x00000003 (mirror+reverse)\n"), std::string::npos) << text;
+}
+
+TEST_F(RecordCommands, ShowShortAndForeignRecordsAsFarAsTheyGo)
+{
+    const std::string own = ReadText(Path("own.dm"));
+    const struct
+    {
+        size_t length;
+        const char* last;    ///< the last field that is there
+        const char* missing; ///< the first one that is not
+    } rows[] = {
+        {0, nullptr, "dmDeviceName"},
+        {66, "dmSpecVersion", "dmDriverVersion"},
+        {71, "dmSize", "dmDriverExtra"},
+        {72, "dmDriverExtra", "dmFields"},
+        {219, "dmPanningWidth", "dmPanningHeight"},
+        {1851, "reserved1625", "endMark"},
+    };
+    for (const auto& row : rows) {
+        WriteText(Path("cut.dm"), own.substr(0, row.length));
+        const Outcome outcome = Run({"record", "show", "cut.dm", "--json"});
+        EXPECT_EQ(outcome.code, 0) << row.length << outcome;
+        EXPECT_NE(outcome.err.find("note: "), std::string::npos) << row.length << outcome;
+        const nlohmann::json json = outcome.Json();
+        EXPECT_TRUE(!row.last || json.contains(row.last)) << row.length << outcome;
+        EXPECT_FALSE(json.contains(row.missing)) << row.length << outcome;
+    }
+    Output({"record", "set", "own.dm", "dwSignature=ELSE", "-o", "foreign.dm"});
+    const nlohmann::json foreign = JsonOutput({"record", "show", "foreign.dm"});
+    EXPECT_TRUE(foreign.contains("dmPanningHeight"));
+    EXPECT_FALSE(foreign.contains("dwSignature"));
+}
+
+TEST_F(RecordCommands, FindThePrivatePartBehindAShorterPublicOne)
+{
+    Output({"convert", "P", "--mode", "2", "own.dm", "-o", "old.dm"});
+    const nlohmann::json old = JsonOutput({"record", "show", "old.dm"});
+    EXPECT_EQ(old["dmDriverVersion"], 848);
+    EXPECT_EQ(old["dwSignature"], "PRIV");
+    EXPECT_FALSE(old.contains("dmICMMethod"));
+    Output({"record", "set", "old.dm", "dwOptionFlags=0x200", "-o", "new.dm"});
+    EXPECT_EQ(JsonOutput({"record", "diff", "old.dm", "old.dm"}), nlohmann::json::object());
+    EXPECT_EQ(Run({"record", "diff", "old.dm", "new.dm", "--json"}).Json(),
+              nlohmann::json::parse(R"({"dwOptionFlags": {"a": 8192, "b": 512}})"));
+    EXPECT_EQ(Run({"record", "set", "old.dm", "dmICMMethod=1", "-o", "new.dm"}).code, 1);
+}
+
+TEST_F(RecordCommands, CompareEveryByte)
+{
+    std::string bytes = ReadText(Path("own.dm"));
+    EXPECT_EQ(Output({"record", "diff", "own.dm", "own.dm"}), "");
+
+    Output({"record", "set", "own.dm", "@60=4100", "-o", "behind.dm"}); // after the end of dmDeviceName
+    const nlohmann::json behind = Run({"record", "diff", "own.dm", "behind.dm", "--json"}).Json();
+    EXPECT_EQ(behind.size(), 1u) << behind;
+    EXPECT_NE(behind["dmDeviceName"]["a"], behind["dmDeviceName"]["b"]);
+
+    WriteText(Path("longer.dm"), bytes + "x");
+    const Outcome longer = Run({"record", "diff", "own.dm", "longer.dm"});
+    EXPECT_EQ(longer.code, 1);
+    EXPECT_NE(longer.out.find("@1852"), std::string::npos) << longer;
+
+    EXPECT_EQ(Run({"record", "diff", "own.dm", "missing.dm"}).code, 2);
+}
+
+} // namespace
