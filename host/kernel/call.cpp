@@ -16,6 +16,7 @@ std::atomic<int> callWatchers{0};
 namespace {
 
 constexpr uint64_t kNanosecondsPerSecond = 1000000000;
+constexpr DWORD kGrowth = 64; // bytes that a growing answer wants more
 
 struct Recording
 {
@@ -59,6 +60,8 @@ struct Injector
 
 Injector calls;
 Injector allocations;
+Injector reads;
+std::atomic<Misread> misread{Misread::Fail};
 std::mutex injectorLock;
 bool counting = false;
 
@@ -66,6 +69,7 @@ void StartCounting()
 {
     calls.seen = 0;
     allocations.seen = 0;
+    reads.seen = 0;
     if (!counting) {
         counting = true;
         ++callWatchers;
@@ -109,6 +113,45 @@ bool CallScope::PickedAllocation()
     return allocations.Picks();
 }
 
+bool CallScope::PickedRead(Misread& how)
+{
+    if (!reads.Picks())
+        return false;
+    how = misread.load(std::memory_order_relaxed);
+    return true;
+}
+
+void ReadScope::Spoil(DWORD* size, DWORD* needed, DWORD* type)
+{
+    picked_ = true;
+    needed_ = needed;
+    type_ = type;
+    if (how_ == Misread::Grow && size != nullptr)
+        *size /= 2;
+}
+
+DWORD ReadScope::SpoiledSize(DWORD size) const
+{
+    switch (how_) {
+    case Misread::Grow:
+        return size + kGrowth;
+    case Misread::TooSmall:
+        return size / 2;
+    case Misread::Huge:
+        return UINT32_MAX;
+    default:
+        return size;
+    }
+}
+
+void ReadScope::SpoilAnswer()
+{
+    if (needed_ != nullptr)
+        *needed_ = SpoiledSize(*needed_);
+    if (type_ != nullptr && how_ == Misread::WrongType)
+        *type_ = *type_ == REG_SZ ? REG_DWORD : REG_SZ;
+}
+
 CallbackScope::CallbackScope()
     : depth_(threadCalls.depth), start_(threadCalls.recording != nullptr ? Now() : 0)
 {
@@ -147,11 +190,20 @@ void FailCalls(uint64_t skip, bool onwards)
     calls.Arm(skip, onwards);
 }
 
+void MisreadCalls(uint64_t skip, bool onwards, Misread how)
+{
+    std::lock_guard lock(injectorLock);
+    StartCounting();
+    misread = how;
+    reads.Arm(skip, onwards);
+}
+
 void StopFailing()
 {
     std::lock_guard lock(injectorLock);
     calls.armed = false;
     allocations.armed = false;
+    reads.armed = false;
     StartCounting();
 }
 
@@ -160,12 +212,14 @@ void CloseInjector()
     std::lock_guard lock(injectorLock);
     calls.armed = false;
     allocations.armed = false;
+    reads.armed = false;
     if (counting) {
         counting = false;
         --callWatchers;
     }
     calls.seen = 0;
     allocations.seen = 0;
+    reads.seen = 0;
 }
 
 uint64_t AllocationsSeen()
@@ -176,6 +230,11 @@ uint64_t AllocationsSeen()
 uint64_t CallsSeen()
 {
     return calls.seen;
+}
+
+uint64_t ReadsSeen()
+{
+    return reads.seen;
 }
 
 void StartProfile()

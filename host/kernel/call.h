@@ -13,6 +13,8 @@
 
 #include <windows.h>
 
+#include "host/host.h"
+
 namespace host {
 
 /// One per function, in constant memory.
@@ -44,16 +46,52 @@ public:
     bool InjectedFailure() { return outermost_ && PickedCall(); }
     /// The same for memory requests.
     bool InjectedAllocationFailure() { return outermost_ && PickedAllocation(); }
+    /// The same for reads; `how` tells what goes wrong.
+    bool InjectedMisread(Misread& how) { return outermost_ && PickedRead(how); }
 
 private:
     void Enter(const CallSite& site);
     void Leave();
     static bool PickedCall();
     static bool PickedAllocation();
+    static bool PickedRead(Misread& how);
 
     bool entered_ = false;
     bool outermost_ = false;
     uint64_t start_ = 0; // ns, while a profile runs
+};
+
+/// Stands in a call that reads and lets the injector spoil its answer. `size` is what the buffer holds;
+/// `needed` and `type` are the caller's outputs, changed on the way out; any of the three may be null.
+class ReadScope
+{
+public:
+    ReadScope(CallScope& call, DWORD* size, DWORD* needed, DWORD* type)
+    {
+        if (call.InjectedMisread(how_)) [[unlikely]]
+            Spoil(size, needed, type);
+    }
+    ~ReadScope()
+    {
+        if (picked_) [[unlikely]]
+            SpoilAnswer();
+    }
+    ReadScope(const ReadScope&) = delete;
+    ReadScope& operator=(const ReadScope&) = delete;
+
+    bool Fails() const { return picked_ && how_ == Misread::Fail; }
+    /// A size that the call returns as its result.
+    DWORD Answer(DWORD size) const { return picked_ ? SpoiledSize(size) : size; }
+
+private:
+    void Spoil(DWORD* size, DWORD* needed, DWORD* type);
+    void SpoilAnswer();
+    DWORD SpoiledSize(DWORD size) const;
+
+    Misread how_ = Misread::Fail;
+    bool picked_ = false;
+    DWORD* needed_ = nullptr;
+    DWORD* type_ = nullptr;
 };
 
 /// Stands around a call from the layer into a program.
@@ -103,4 +141,12 @@ void CloseInjector();
     if (hostCall_.InjectedAllocationFailure()) {                                                             \
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);                                                               \
         return nullptr;                                                                                      \
+    }
+
+/// For calls that read into a sized buffer, behind HOST_CALL or HOST_CALL_CODE: see ReadScope.
+#define HOST_READ(failResult, errorCode, size, needed, type)                                                 \
+    ::host::ReadScope hostRead_(hostCall_, size, needed, type);                                              \
+    if (hostRead_.Fails()) {                                                                                 \
+        SetLastError(errorCode);                                                                             \
+        return failResult;                                                                                   \
     }

@@ -23,6 +23,9 @@ constexpr UINT kJapanesePage = 932;
 constexpr size_t kCodes = 0x10000;
 constexpr char16_t kReplacement = 0xFFFD;
 constexpr char16_t kKatakanaDot = 0x30FB; // what the Japanese page gives for a pair that means nothing
+// The last bytes of the Japanese page mean nothing elsewhere; the platform keeps them as private characters.
+constexpr unsigned kFirstPrivateByte = 0xFD;
+constexpr char16_t kFirstPrivateUnit = 0xF8F1;
 constexpr char kDefaultChar[] = "?";
 
 // The bytes 0x80 to 0x9F of page 1252; unused ones stand for themselves.
@@ -44,6 +47,8 @@ struct CodePage
 
     void Map(unsigned code, char16_t unit)
     {
+        if (unit == 0)
+            return;
         units[code] = unit;
         if (codes[unit] == 0)
             codes[unit] = static_cast<uint16_t>(code);
@@ -83,8 +88,7 @@ bool IsJapaneseLead(unsigned byte)
 void MapPairs(CodePage& page, iconv_t converter, unsigned lead)
 {
     for (unsigned trail = 0x40; trail <= 0xFC; ++trail) {
-        if (const char16_t unit = ConvertCode(converter, lead << 8 | trail))
-            page.Map(lead << 8 | trail, unit);
+        page.Map(lead << 8 | trail, ConvertCode(converter, lead << 8 | trail));
     }
 }
 
@@ -95,8 +99,10 @@ std::unique_ptr<CodePage> MakeJapanesePage()
     const iconv_t converter = iconv_open("UTF-16LE", "CP932");
     for (unsigned code = 1; code <= UCHAR_MAX; ++code) {
         page->isLead[code] = IsJapaneseLead(code);
-        if (code < 0x80)
+        if (code <= 0x80 || code == 0xA0)
             page->Map(code, static_cast<char16_t>(code));
+        else if (code >= kFirstPrivateByte)
+            page->Map(code, static_cast<char16_t>(kFirstPrivateUnit + code - kFirstPrivateByte));
         else if (converter != reinterpret_cast<iconv_t>(-1) && !page->isLead[code])
             page->Map(code, ConvertCode(converter, code));
     }

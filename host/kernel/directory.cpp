@@ -168,6 +168,17 @@ BOOL WINAPI CreateDirectoryW(LPCWSTR path, LPSECURITY_ATTRIBUTES)
     return error == ERROR_SUCCESS || FailWith(error);
 }
 
+BOOL WINAPI CreateDirectoryExW(LPCWSTR model, LPCWSTR path, LPSECURITY_ATTRIBUTES security)
+{
+    HOST_CALL(CreateDirectoryExW, FALSE, ERROR_ACCESS_DENIED);
+    Named folder;
+    DWORD error = FindExisting(model, folder.name, folder.status);
+    if (error == ERROR_SUCCESS && !S_ISDIR(folder.status.st_mode))
+        error = ERROR_DIRECTORY;
+    // Folders have no attributes of their own here, so there is nothing more to take from the model.
+    return error == ERROR_SUCCESS ? CreateDirectoryW(path, security) : FailWith(error);
+}
+
 BOOL WINAPI RemoveDirectoryW(LPCWSTR path)
 {
     HOST_CALL(RemoveDirectoryW, FALSE, ERROR_ACCESS_DENIED);

@@ -25,7 +25,8 @@ struct Resource
     std::span<const std::byte> data;
 };
 
-class ResourceIndex
+// Exported so that it can be tested with files that no resource compiler writes.
+class HOSTAPI ResourceIndex
 {
 public:
     /// Reads a .res file, which must stay in memory. What lies behind the first unsound entry is ignored.

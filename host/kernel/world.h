@@ -25,6 +25,8 @@ bool OpenRegistryRoom(std::string* error);
 void CloseRegistryRoom();
 bool OpenSpoolerRoom(std::string* error);
 void CloseSpoolerRoom();
+bool OpenShellRoom(std::string* error);
+void CloseShellRoom();
 
 /// UTF-8 from UTF-16 and back. Lone surrogates become three-byte sequences and survive the round trip.
 std::string Utf8(std::u16string_view text);

@@ -1,0 +1,162 @@
+#include "tests/host/scratch.h"
+
+#include <vector>
+
+namespace {
+
+class Folders : public Scratch
+{
+protected:
+    std::vector<Wide> List(const Wide& pattern)
+    {
+        std::vector<Wide> names;
+        WIN32_FIND_DATAW data;
+        const HANDLE find = FindFirstFileW(Path(pattern).c_str(), &data);
+        if (find == INVALID_HANDLE_VALUE)
+            return names;
+        do
+            names.push_back(data.cFileName);
+        while (FindNextFileW(find, &data));
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NO_MORE_FILES));
+        FindClose(find);
+        return names;
+    }
+};
+
+using Names = std::vector<Wide>;
+
+TEST_F(Folders, ListingMatchesPatternsWithoutRegardToCase)
+{
+    for (const WCHAR* name : {TEXT("alpha.txt"), TEXT("Beta.TXT"), TEXT("gamma"), TEXT("delta.text")})
+        Write(Path(name), "1234");
+    const struct
+    {
+        const WCHAR* pattern;
+        Names names;
+    } cases[] = {
+        {TEXT("*.txt"), {TEXT("alpha.txt"), TEXT("Beta.TXT")}},
+        {TEXT("?e*a.t*"), {TEXT("Beta.TXT"), TEXT("delta.text")}},
+        {TEXT("BETA.txt"), {TEXT("Beta.TXT")}},
+        {TEXT("g*"), {TEXT("gamma")}},
+        {TEXT("*.*"),
+         {TEXT("."), TEXT(".."), TEXT("alpha.txt"), TEXT("Beta.TXT"), TEXT("delta.text"), TEXT("gamma")}},
+        {TEXT("*.doc"), {}},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(List(each.pattern), each.names) << testing::PrintToString(Wide(each.pattern));
+}
+
+TEST_F(Folders, FailedListingTellsFileFromPath)
+{
+    WIN32_FIND_DATAW data;
+    EXPECT_EQ(FindFirstFileW(Path(TEXT("none")).c_str(), &data), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(FindFirstFileW(Path(TEXT("none\\*")).c_str(), &data), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
+}
+
+TEST_F(Folders, ListingTellsSizeAndKind)
+{
+    Write(Path(TEXT("file")), "12345");
+    ASSERT_TRUE(CreateDirectoryW(Path(TEXT("inner")).c_str(), nullptr));
+    WIN32_FIND_DATAW data;
+    HANDLE find = FindFirstFileW(Path(TEXT("file")).c_str(), &data);
+    EXPECT_EQ(data.nFileSizeLow, 5u);
+    EXPECT_EQ(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY, 0u);
+    FindClose(find);
+    find = FindFirstFileW(Path(TEXT("inner")).c_str(), &data);
+    EXPECT_EQ(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY, 0u + FILE_ATTRIBUTE_DIRECTORY);
+    FindClose(find);
+}
+
+TEST_F(Folders, FoldersAreMadeAndRemovedOnlyWhereThatMakesSense)
+{
+    const Wide outer = Path(TEXT("outer"));
+    const Wide inner = Path(TEXT("outer\\inner"));
+    EXPECT_FALSE(CreateDirectoryW(inner.c_str(), nullptr));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
+    EXPECT_TRUE(CreateDirectoryW(outer.c_str(), nullptr));
+    EXPECT_FALSE(CreateDirectoryW(outer.c_str(), nullptr));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
+    EXPECT_TRUE(CreateDirectoryW(inner.c_str(), nullptr));
+    EXPECT_FALSE(RemoveDirectoryW(outer.c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DIR_NOT_EMPTY));
+    EXPECT_TRUE(RemoveDirectoryW(inner.c_str()));
+    EXPECT_FALSE(RemoveDirectoryW(inner.c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_FALSE(DeleteFileW(outer.c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    Write(Path(TEXT("file")), "");
+    EXPECT_FALSE(RemoveDirectoryW(Path(TEXT("file")).c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DIRECTORY));
+}
+
+TEST_F(Folders, ReadOnlyFileRefusesWritingAndDeleting)
+{
+    const Wide path = Path(TEXT("file"));
+    Write(path, "kept");
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+    EXPECT_NE(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_READONLY, 0u);
+    EXPECT_EQ(Open(path, GENERIC_WRITE, 0, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_FALSE(DeleteFileW(path.c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(Read(path), "kept");
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL));
+    EXPECT_TRUE(DeleteFileW(path.c_str()));
+    EXPECT_EQ(GetFileAttributesW(path.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+}
+
+TEST_F(Folders, OpenFileIsDeletedOrMovedOnlyWhenItsOpenersShareThat)
+{
+    const Wide path = Path(TEXT("file"));
+    Write(path, "x");
+    HANDLE file = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+    EXPECT_FALSE(DeleteFileW(path.c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    EXPECT_FALSE(MoveFileExW(path.c_str(), Path(TEXT("moved")).c_str(), 0));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    CloseHandle(file);
+    file = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
+    EXPECT_TRUE(DeleteFileW(path.c_str()));
+    CloseHandle(file);
+}
+
+TEST_F(Folders, MoveReplacesOnlyWhenAsked)
+{
+    const Wide from = Path(TEXT("from"));
+    const Wide to = Path(TEXT("to"));
+    Write(from, "new");
+    Write(to, "old");
+    EXPECT_FALSE(MoveFileExW(from.c_str(), to.c_str(), 0));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
+    EXPECT_TRUE(MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING));
+    EXPECT_EQ(Read(to), "new");
+    EXPECT_EQ(Read(from), "(absent)");
+    EXPECT_FALSE(MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_TRUE(MoveFileExW(to.c_str(), Path(TEXT("TO")).c_str(), 0));
+    EXPECT_EQ(List(TEXT("t*")), Names{TEXT("TO")});
+}
+
+TEST_F(Folders, CopyKeepsContentTimeAndAttribute)
+{
+    const Wide from = Path(TEXT("from"));
+    const Wide to = Path(TEXT("to"));
+    Write(from, std::string(200000, 'c'));
+    SetFileAttributesW(from.c_str(), FILE_ATTRIBUTE_READONLY);
+    Write(to, "old");
+    EXPECT_FALSE(CopyFileW(from.c_str(), to.c_str(), TRUE));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
+    EXPECT_EQ(Read(to), "old");
+    EXPECT_TRUE(CopyFileW(from.c_str(), to.c_str(), FALSE));
+    EXPECT_EQ(Read(to), std::string(200000, 'c'));
+    EXPECT_NE(GetFileAttributesW(to.c_str()) & FILE_ATTRIBUTE_READONLY, 0u);
+    EXPECT_FALSE(CopyFileW(Path(TEXT("none")).c_str(), to.c_str(), FALSE));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+}
+
+} // namespace

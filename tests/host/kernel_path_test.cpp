@@ -1,0 +1,127 @@
+#include "tests/host/scratch.h"
+
+namespace {
+
+Wide FullPath(const Wide& name)
+{
+    WCHAR buffer[512];
+    const DWORD size = GetFullPathNameW(name.c_str(), 512, buffer, nullptr);
+    return Wide(buffer, size);
+}
+
+class Paths : public Scratch
+{
+protected:
+    void SetUp() override
+    {
+        Scratch::SetUp();
+        WCHAR buffer[512];
+        ASSERT_NE(GetCurrentDirectoryW(512, buffer), 0u);
+        before_ = buffer;
+    }
+    void TearDown() override
+    {
+        EXPECT_TRUE(SetCurrentDirectoryW(before_.c_str()));
+        Scratch::TearDown();
+    }
+
+private:
+    Wide before_;
+};
+
+TEST_F(Paths, FullPathCleansWhatItIsGiven)
+{
+    ASSERT_TRUE(SetCurrentDirectoryW(TEXT("C:\\windows\\system32")));
+    const struct
+    {
+        const WCHAR* name;
+        const WCHAR* full;
+    } cases[] = {
+        {TEXT("C:\\a\\b"), TEXT("C:\\a\\b")},
+        {TEXT("c:/a/./b/../c"), TEXT("c:\\a\\c")},
+        {TEXT("C:\\a\\..\\..\\..\\b"), TEXT("C:\\b")},
+        {TEXT("C:\\a\\\\b\\"), TEXT("C:\\a\\b\\")},
+        {TEXT("C:\\"), TEXT("C:\\")},
+        {TEXT("C:\\a\\.."), TEXT("C:\\")},
+        {TEXT("C:\\a\\name. . "), TEXT("C:\\a\\name")},
+        {TEXT("\\top"), TEXT("C:\\top")},
+        {TEXT("here.txt"), TEXT("C:\\windows\\system32\\here.txt")},
+        {TEXT("..\\here.txt"), TEXT("C:\\windows\\here.txt")},
+        {TEXT("."), TEXT("C:\\windows\\system32")},
+        {TEXT("C:rel"), TEXT("C:\\windows\\system32\\rel")},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(lstrcmpiW(FullPath(each.name).c_str(), each.full), 0)
+            << testing::PrintToString(FullPath(each.name)) << " for "
+            << testing::PrintToString(Wide(each.name));
+}
+
+TEST_F(Paths, FullPathPointsAtTheFileNameAndAsksForRoom)
+{
+    WCHAR buffer[16];
+    WCHAR* part = nullptr;
+    EXPECT_EQ(GetFullPathNameW(TEXT("C:\\ab\\cde"), 16, buffer, &part), 9u);
+    EXPECT_EQ(part, buffer + 6);
+    EXPECT_EQ(GetFullPathNameW(TEXT("C:\\ab\\"), 16, buffer, &part), 6u);
+    EXPECT_EQ(part, nullptr);
+    EXPECT_EQ(GetFullPathNameW(TEXT("C:\\ab\\cde"), 9, buffer, nullptr), 10u);
+    EXPECT_EQ(GetFullPathNameW(TEXT("C:\\ab\\cde"), 0, nullptr, nullptr), 10u);
+    EXPECT_EQ(GetFullPathNameW(TEXT(""), 16, buffer, nullptr), 0u);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_NAME));
+}
+
+TEST_F(Paths, RelativeNamesStartAtTheCurrentDirectory)
+{
+    ASSERT_TRUE(CreateDirectoryW(Path(TEXT("inner")).c_str(), nullptr));
+    Write(Path(TEXT("inner\\file")), "found");
+    ASSERT_TRUE(SetCurrentDirectoryW(Path(TEXT("inner")).c_str()));
+    EXPECT_EQ(Read(TEXT("file")), "found");
+    EXPECT_EQ(Read(TEXT("..\\inner\\file")), "found");
+    EXPECT_EQ(Read(TEXT("../INNER/FILE")), "found");
+    EXPECT_FALSE(SetCurrentDirectoryW(TEXT("none")));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(Read(TEXT("file")), "found");
+}
+
+TEST_F(Paths, ExistingNamesAreFoundInAnyCaseAndNotMadeTwice)
+{
+    ASSERT_TRUE(CreateDirectoryW(Path(TEXT("Folder")).c_str(), nullptr));
+    Write(Path(TEXT("folder\\Read.Me")), "one");
+    EXPECT_EQ(Read(Path(TEXT("FOLDER\\READ.ME"))), "one");
+    Write(Path(TEXT("fOLDER\\read.me")), "two");
+    EXPECT_EQ(Read(Path(TEXT("Folder\\Read.Me"))), "two");
+    EXPECT_EQ(Open(Path(TEXT("folder\\READ.me")), GENERIC_WRITE, 0, CREATE_NEW), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
+    EXPECT_FALSE(CreateDirectoryW(Path(TEXT("FOLDER")).c_str(), nullptr));
+    EXPECT_TRUE(DeleteFileW(Path(TEXT("FOLDER\\read.ME")).c_str()));
+    EXPECT_EQ(Read(Path(TEXT("Folder\\Read.Me"))), "(absent)");
+}
+
+TEST_F(Paths, NamesBeyondAsciiWork)
+{
+    const Wide name = TEXT("pr\u00FCfung-\u65E5\u672C.txt");
+    Write(Path(name), "text");
+    EXPECT_EQ(Read(Path(TEXT("PR\u00DCFUNG-\u65E5\u672C.TXT"))), "text");
+    WIN32_FIND_DATAW data;
+    const HANDLE find = FindFirstFileW(Path(TEXT("*.txt")).c_str(), &data);
+    ASSERT_NE(find, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(Wide(data.cFileName), name);
+    FindClose(find);
+}
+
+TEST(SystemFolders, AreReportedWithTheSizeTheyNeed)
+{
+    WCHAR buffer[MAX_PATH];
+    const UINT size = GetSystemDirectoryW(buffer, MAX_PATH);
+    EXPECT_EQ(lstrcmpiW(buffer, TEXT("C:\\windows\\system32")), 0);
+    EXPECT_EQ(size, 19u);
+    EXPECT_EQ(GetSystemDirectoryW(buffer, 19), 20u);
+    EXPECT_EQ(GetWindowsDirectoryW(buffer, MAX_PATH), 10u);
+    const DWORD temp = GetTempPathW(MAX_PATH, buffer);
+    ASSERT_GT(temp, 0u);
+    EXPECT_EQ(buffer[temp - 1], TEXT('\\'));
+    EXPECT_NE(GetFileAttributesW(buffer) & FILE_ATTRIBUTE_DIRECTORY, 0u);
+    EXPECT_EQ(GetTempPathW(temp, buffer), temp + 1);
+}
+
+} // namespace

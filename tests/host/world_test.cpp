@@ -1,0 +1,340 @@
+// What a host may set on the layer and read back from it.
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <span>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "host/host.h"
+#include "host/kernel/resource.h"
+
+namespace {
+
+class World : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string error;
+        ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
+        before_ = host::OpenObjects();
+    }
+    void TearDown() override
+    {
+        host::Close();
+        EXPECT_EQ(host::OpenObjects(), before_);
+    }
+
+    static HANDLE Create(const char16_t* path)
+    {
+        return CreateFileW(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    }
+
+    host::Ledger before_;
+};
+
+TEST(Worlds, FollowEachOtherAndForgetNothingButTheTemporary)
+{
+    std::string root;
+    ASSERT_TRUE(host::Open({":memory:"}, nullptr));
+    root = host::RootFolder();
+    std::string error;
+    EXPECT_FALSE(host::Open({":memory:"}, &error)) << "one at a time";
+    EXPECT_FALSE(error.empty());
+    EXPECT_TRUE(std::filesystem::exists(root + "/host.db"));
+    host::Close();
+    EXPECT_FALSE(std::filesystem::exists(root));
+    EXPECT_EQ(host::RootFolder(), "");
+
+    const std::string kept = testing::TempDir() + "kept-world-" + std::to_string(getpid());
+    for (const bool first : {true, false}) {
+        ASSERT_TRUE(host::Open({kept}, &error)) << error;
+        const DWORD disposition = first ? CREATE_NEW : OPEN_EXISTING;
+        const HANDLE file = CreateFileW(u"C:\\kept.txt", GENERIC_READ, 0, nullptr, disposition, 0, nullptr);
+        EXPECT_NE(file, INVALID_HANDLE_VALUE);
+        CloseHandle(file);
+        host::Close();
+    }
+    std::filesystem::remove_all(kept);
+}
+
+TEST(Worlds, RefuseARootThatIsNoFolder)
+{
+    std::string error;
+    EXPECT_FALSE(host::Open({"/proc/self/status"}, &error));
+    EXPECT_NE(error.find("/proc/self/status"), std::string::npos) << error;
+    EXPECT_EQ(host::RootFolder(), "");
+}
+
+TEST_F(World, NamesOfTheMachineAndOfWindowsMeet)
+{
+    const std::string driveC = host::RootFolder() + "/drive_c";
+    const struct
+    {
+        std::u16string windows;
+        std::string native;
+    } cases[] = {
+        {u"C:\\windows", driveC + "/windows"},
+        {u"C:\\Windows\\SYSTEM32\\new.txt", driveC + "/windows/system32/new.txt"},
+        {u"Z:\\usr\\include", "/usr/include"},
+        {u"Z:\\", "/"},
+        {u"Z:\\USR", "/usr"},
+        {u"X:\\file", ""},
+        {u"C:\\..\\..\\etc", driveC + "/etc"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(host::NativePath(each.windows), each.native) << testing::PrintToString(each.windows);
+    EXPECT_EQ(host::WindowsPath(driveC + "/windows/a"), u"C:\\windows\\a");
+    EXPECT_EQ(host::WindowsPath(driveC), u"C:\\");
+    EXPECT_EQ(host::WindowsPath("/usr"), u"Z:\\usr");
+    EXPECT_EQ(host::WindowsPath(driveC + "x"), u"Z:" + host::WindowsPath(driveC + "x").substr(2));
+}
+
+TEST_F(World, ExactSpellingWinsOverAnotherCase)
+{
+    const std::string folder = host::RootFolder() + "/drive_c/";
+    std::ofstream(folder + "name") << "small";
+    std::ofstream(folder + "NAME") << "capital";
+    for (const auto& [path, size] : {std::pair(u"C:\\name", 5u), std::pair(u"C:\\NAME", 7u)}) {
+        const HANDLE file = CreateFileW(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        EXPECT_EQ(GetFileSize(file, nullptr), size);
+        CloseHandle(file);
+    }
+}
+
+TEST_F(World, DeviceNamesAreNoFiles)
+{
+    for (const char16_t* path : {u"NUL", u"C:\\con", u"C:\\windows\\com1.txt", u"lpt9", u"C:\\a:b"}) {
+        EXPECT_EQ(Create(path), INVALID_HANDLE_VALUE);
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_NAME)) << testing::PrintToString(path);
+    }
+    const HANDLE file = Create(u"C:\\com10");
+    EXPECT_NE(file, INVALID_HANDLE_VALUE);
+    CloseHandle(file);
+}
+
+TEST_F(World, OtherProcessIsKeptOutOfAFileThatIsNotShared)
+{
+    const HANDLE file = Create(u"C:\\mine");
+    const pid_t child = fork();
+    if (child == 0) {
+        // The copy of the table knows nothing that the lock does not; a path of the machine goes round it.
+        const std::string native = host::RootFolder() + "/drive_c/mine";
+        execl("/usr/bin/flock", "flock", "-n", "-s", native.c_str(), "true", nullptr);
+        _exit(99);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    CloseHandle(file);
+}
+
+TEST_F(World, FailsTheCallsItIsToldTo)
+{
+    host::FailCalls(2, false);
+    EXPECT_NE(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(GetLastError(), static_cast<DWORD>(ERROR_SUCCESS));
+    EXPECT_NE(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(host::CallsSeen(), 4u);
+    host::FailCalls(1, true);
+    EXPECT_NE(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    void* const block = HeapAlloc(GetProcessHeap(), 0, 1);
+    EXPECT_NE(block, nullptr) << "memory is failed separately";
+    host::StopFailing();
+    EXPECT_EQ(host::CallsSeen(), 0u);
+    EXPECT_NE(GetFileAttributesW(u"C:\\windows"), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(host::CallsSeen(), 1u);
+    HeapFree(GetProcessHeap(), 0, block);
+}
+
+TEST_F(World, FailsTheMemoryRequestsItIsToldTo)
+{
+    const HANDLE heap = GetProcessHeap();
+    host::FailAllocations(1, true);
+    void* const block = HeapAlloc(heap, 0, 8);
+    EXPECT_NE(block, nullptr);
+    EXPECT_EQ(HeapReAlloc(heap, 0, block, 16), nullptr);
+    EXPECT_EQ(GlobalAlloc(GHND, 8), nullptr);
+    EXPECT_EQ(HeapCreate(0, 0, 0), nullptr);
+    EXPECT_EQ(LocalAlloc(LPTR, 8), nullptr);
+    EXPECT_EQ(host::AllocationsSeen(), 5u);
+    host::StopFailing();
+    EXPECT_EQ(HeapSize(heap, 0, block), 8u);
+    HeapFree(heap, 0, block);
+}
+
+TEST_F(World, CountsWhatIsOpen)
+{
+    const HANDLE file = Create(u"C:\\file");
+    DWORD written;
+    WriteFile(file, "text", 4, &written, nullptr);
+    const HANDLE mapping = CreateFileMappingW(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
+    MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 0);
+    const HANDLE heap = HeapCreate(0, 0, 0);
+    HeapAlloc(heap, 0, 100);
+    HeapAlloc(heap, 0, 23);
+    WIN32_FIND_DATAW data;
+    const HANDLE find = FindFirstFileW(u"C:\\*", &data);
+    const host::Ledger now = host::OpenObjects();
+    EXPECT_EQ(now.files - before_.files, 1);
+    EXPECT_EQ(now.mappings - before_.mappings, 2);
+    EXPECT_EQ(now.heaps - before_.heaps, 1);
+    EXPECT_EQ(now.blocks - before_.blocks, 2);
+    EXPECT_EQ(now.bytes - before_.bytes, 123);
+    EXPECT_EQ(now.finds - before_.finds, 1);
+    EXPECT_NE(find, INVALID_HANDLE_VALUE);
+    HeapDestroy(heap);
+    // The rest is closed with the world; TearDown looks at the ledger again.
+}
+
+TEST_F(World, DiskFillsUpAfterTheBytesThatWereLeft)
+{
+    const HANDLE file = Create(u"C:\\file");
+    DWORD written = 0;
+    host::LimitDiskSpace(6);
+    EXPECT_TRUE(WriteFile(file, "1234", 4, &written, nullptr));
+    EXPECT_FALSE(WriteFile(file, "5678", 4, &written, nullptr));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DISK_FULL));
+    EXPECT_EQ(GetFileSize(file, nullptr), 6u);
+    EXPECT_FALSE(WriteFile(file, "9", 1, &written, nullptr));
+    host::LimitDiskSpace(-1);
+    EXPECT_TRUE(WriteFile(file, "9", 1, &written, nullptr));
+    CloseHandle(file);
+}
+
+TEST_F(World, ProfileCountsTheCallsOfTheThreadAlone)
+{
+    host::StartProfile();
+    void* const block = HeapAlloc(GetProcessHeap(), 0, 1000);
+    HeapFree(GetProcessHeap(), 0, block);
+    CopyFileW(u"C:\\none", u"C:\\copy", FALSE);
+    const host::Profile profile = host::StopProfile();
+    std::string seen;
+    for (const host::CallCount& call : profile.calls)
+        seen += std::string(call.name) + "=" + std::to_string(call.count) + " ";
+    EXPECT_EQ(seen, "CopyFileW=1 GetProcessHeap=2 HeapAlloc=1 HeapFree=1 ");
+    EXPECT_EQ(profile.peakBytes, 1000u);
+    EXPECT_GT(profile.nanoseconds, 0u);
+}
+
+TEST_F(World, CodePageOfTheSystemIsWhatTheHostSets)
+{
+    char bytes[8] = {};
+    EXPECT_EQ(GetACP(), 1252u);
+    host::SetCodePage(932);
+    EXPECT_EQ(GetACP(), 932u);
+    EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, u"\u65E5", -1, bytes, 8, nullptr, nullptr), 3);
+    EXPECT_STREQ(bytes, "\x93\xFA");
+    char16_t text[8];
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "\x85\x40", 3, text, 8), 2);
+    EXPECT_EQ(text[0], u'\u30FB') << "a pair that means nothing";
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, "\x85\x40", 3, text, 8), 0);
+}
+
+TEST_F(World, ActiveWindowHasTheClassTheHostNames)
+{
+    EXPECT_EQ(GetActiveWindow(), nullptr);
+    host::SetActiveWindowClass(u"Caller");
+    const HWND window = GetActiveWindow();
+    char16_t name[4];
+    EXPECT_EQ(GetAncestor(window, GA_ROOTOWNER), window);
+    EXPECT_EQ(GetClassNameW(window, name, 4), 3);
+    EXPECT_EQ(std::u16string(name), u"Cal");
+    host::SetActiveWindowClass({});
+    EXPECT_EQ(GetClassNameW(window, name, 4), 0);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
+}
+
+TEST_F(World, ModulesLeftLoadedAreDetachedWithTheWorld)
+{
+    EXPECT_NE(LoadLibraryW(u"sample_module"), nullptr);
+    EXPECT_EQ(host::OpenObjects().modules - before_.modules, 1);
+    host::Close();
+    EXPECT_EQ(host::OpenObjects(), before_);
+    ASSERT_TRUE(host::Open({":memory:"}, nullptr));
+    const HMODULE module = LoadLibraryW(u"sample_module");
+    ASSERT_NE(module, nullptr);
+    const auto attachCount =
+        reinterpret_cast<int (*)()>(reinterpret_cast<void*>(GetProcAddress(module, "AttachCount")));
+    EXPECT_EQ(attachCount(), 1) << "its memory is fresh";
+}
+
+TEST_F(World, CallsFromInsideDllMainAreTheProgramsOwn)
+{
+    host::StartProfile();
+    const HMODULE module = LoadLibraryW(u"sample_module");
+    const host::Profile profile = host::StopProfile();
+    uint64_t loads = 0;
+    for (const host::CallCount& call : profile.calls)
+        loads += std::strcmp(call.name, "LoadLibraryW") == 0 ? call.count : 0;
+    EXPECT_EQ(loads, 2u);
+    FreeLibrary(module);
+}
+
+/// A compiled resource file: the marking entry and one RCDATA entry 5 of eight bytes.
+std::vector<uint8_t> ResourceFile()
+{
+    std::vector<uint8_t> file;
+    const auto entry = [&](uint16_t type, uint16_t name, std::vector<uint8_t> data) {
+        const auto put32 = [&](uint32_t value) {
+            for (int shift = 0; shift < 32; shift += 8)
+                file.push_back(static_cast<uint8_t>(value >> shift));
+        };
+        put32(static_cast<uint32_t>(data.size()));
+        put32(32);
+        put32(0xFFFFu | static_cast<uint32_t>(type) << 16);
+        put32(0xFFFFu | static_cast<uint32_t>(name) << 16);
+        for (int i = 0; i < 4; ++i)
+            put32(0);
+        file.insert(file.end(), data.begin(), data.end());
+    };
+    entry(0, 0, {});
+    entry(10, 5, {1, 2, 3, 4, 5, 6, 7, 8});
+    return file;
+}
+
+const host::Resource* FindFive(const std::vector<uint8_t>& file, host::ResourceIndex& index)
+{
+    index = host::ResourceIndex(std::as_bytes(std::span(file)));
+    return index.Find({10, {}}, {5, {}});
+}
+
+TEST(ResourceFiles, CutAnywhereLoseOnlyWhatIsCut)
+{
+    const std::vector<uint8_t> whole = ResourceFile();
+    host::ResourceIndex index({});
+    ASSERT_NE(FindFive(whole, index), nullptr);
+    for (size_t size = 0; size < whole.size(); ++size) {
+        const std::vector<uint8_t> cut(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(size));
+        EXPECT_EQ(FindFive(cut, index), nullptr) << size;
+    }
+}
+
+TEST(ResourceFiles, CorruptedBytesNeverReachBeyondTheFile)
+{
+    host::ResourceIndex index({});
+    for (size_t at = 0; at < ResourceFile().size(); ++at) {
+        for (unsigned value : {0u, 1u, 0x7Fu, 0x80u, 0xFFu}) {
+            std::vector<uint8_t> file = ResourceFile();
+            file[at] = static_cast<uint8_t>(value);
+            const host::Resource* const found = FindFive(file, index);
+            if (found == nullptr)
+                continue;
+            EXPECT_LE(reinterpret_cast<const uint8_t*>(found->data.data()) + found->data.size(),
+                      file.data() + file.size())
+                << "byte " << at;
+        }
+    }
+}
+
+} // namespace
