@@ -11,6 +11,8 @@
 #define PRINTER_ENUM_LOCAL 0x00000002
 #define PRINTER_ENUM_NAME  0x00000008
 
+#define PRINTER_ENUM_ICON8 0x00800000
+
 #define PRINTER_ATTRIBUTE_LOCAL 0x00000040
 
 #define FORM_USER    0x00000000
@@ -30,6 +32,14 @@ typedef struct _PRINTER_DEFAULTSW
     PDEVMODEW pDevMode;
     ACCESS_MASK DesiredAccess;
 } PRINTER_DEFAULTSW, *PPRINTER_DEFAULTSW, *LPPRINTER_DEFAULTSW;
+
+typedef struct _PRINTER_INFO_1W
+{
+    DWORD Flags;
+    LPWSTR pDescription; // name, driver and location, separated by commas
+    LPWSTR pName;
+    LPWSTR pComment;
+} PRINTER_INFO_1W, *PPRINTER_INFO_1W, *LPPRINTER_INFO_1W;
 
 typedef struct _PRINTER_INFO_2W
 {

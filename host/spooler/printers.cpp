@@ -234,6 +234,17 @@ std::u16string FullName(const Printer& printer, const std::u16string& server)
     return server.empty() ? printer.name : server + u"\\" + printer.name;
 }
 
+void PackLevel1(Packer& packer, const Printer& printer, const std::u16string& server)
+{
+    const std::u16string name = FullName(printer, server);
+    PRINTER_INFO_1W info = {};
+    info.Flags = PRINTER_ENUM_ICON8;
+    info.pDescription = packer.Text(name + u"," + printer.driver + u"," + printer.location);
+    info.pName = packer.Text(name);
+    info.pComment = packer.Text(printer.comment);
+    packer.Add(info);
+}
+
 void PackLevel2(Packer& packer, const Printer& printer, const std::u16string& server)
 {
     PRINTER_INFO_2W info = {};
@@ -261,6 +272,8 @@ using PackFunction = void (*)(Packer&, const Printer&, const std::u16string& ser
 PackFunction PackerOfLevel(DWORD level)
 {
     switch (level) {
+    case 1:
+        return PackLevel1;
     case 2:
         return PackLevel2;
     case 4:
