@@ -49,6 +49,7 @@ SpoolerBlock<Info> GetDriverInfo(HANDLE printer, DWORD level)
     });
 }
 
+template SpoolerBlock<PRINTER_INFO_1W> GetPrinterInfo(HANDLE, DWORD);
 template SpoolerBlock<PRINTER_INFO_2W> GetPrinterInfo(HANDLE, DWORD);
 template SpoolerBlock<DRIVER_INFO_2W> GetDriverInfo(HANDLE, DWORD);
 template SpoolerBlock<DRIVER_INFO_3W> GetDriverInfo(HANDLE, DWORD);

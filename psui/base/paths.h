@@ -1,0 +1,16 @@
+#pragma once
+// Folders that the library's files lie in. A path that is longer than its buffer counts as not known.
+#include <windows.h>
+
+namespace psui {
+
+using PathText = WCHAR[MAX_PATH];
+
+/// The local machine's folder of printer drivers for the current environment, without a final backslash.
+bool PrinterDriverDirectory(PathText& path);
+
+/// The path of file `name` in the folder that the library was loaded from; the bare name when the library's
+/// own path has no folder.
+bool PathBesideLibrary(const WCHAR* name, PathText& path);
+
+} // namespace psui
