@@ -90,8 +90,8 @@ void BenchCapabilities(const Settings& settings)
     std::filesystem::copy_file(model, copy, std::filesystem::copy_options::overwrite_existing);
 
     const HMODULE library = LoadLibraryW(ProductFile("psui.dll").c_str());
-    const auto capabilities =
-        reinterpret_cast<psui::DrvDeviceCapabilitiesFn>(GetProcAddress(library, "DrvDeviceCapabilities"));
+    const auto capabilities = reinterpret_cast<psui::DrvDeviceCapabilitiesFn>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DrvDeviceCapabilities")));
     HANDLE printer = nullptr;
     std::u16string name = TEXT("Bench");
     if (!capabilities || !AddPrinter(copy) || !OpenPrinterW(name.data(), &printer, nullptr)) {
