@@ -14,7 +14,7 @@
 #include "host/host.h"
 #include "psui/base/module.h"
 #include "psui/model/image.h"
-#include "psui/settings/devmode_fields.h"
+#include "tests/settings/record_fields.h"
 
 namespace test {
 
@@ -97,71 +97,10 @@ private:
     psui::ModelDescription* model_;
 };
 
-inline const psui::DevModeField& FieldNamed(std::string_view name)
-{
-    for (const psui::DevModeField& field : psui::kDevModeFields)
-        if (name == field.name)
-            return field;
-    ADD_FAILURE() << "no field " << name;
-    std::abort();
-}
-
-inline BYTE* BytesOf(psui::DriverDevMode& record, const psui::DevModeField& field)
-{
-    return reinterpret_cast<BYTE*>(&record) + field.offset;
-}
-
-/// Value of a number field, sign-extended when the field is signed.
-inline int64_t Get(const psui::DriverDevMode& record, std::string_view name)
-{
-    const psui::DevModeField& field = FieldNamed(name);
-    int64_t value = 0;
-    std::memcpy(&value, reinterpret_cast<const BYTE*>(&record) + field.offset, field.width);
-    if (field.kind == psui::FieldKind::I16)
-        return static_cast<int16_t>(value);
-    return field.kind == psui::FieldKind::I32 ? static_cast<int32_t>(value) : value;
-}
-
-inline void Set(psui::DriverDevMode& record, std::string_view name, int64_t value)
-{
-    const psui::DevModeField& field = FieldNamed(name);
-    std::memcpy(BytesOf(record, field), &value, field.width);
-}
-
-/// A wide text of the record, which need not be terminated.
-inline std::u16string Text(const WCHAR* field, size_t units)
-{
-    const std::u16string_view text(field, units);
-    return std::u16string(text.substr(0, text.find(u'\0')));
-}
-
-struct FieldValue
-{
-    const char* name;
-    int64_t value;
-};
-
-inline void SetAll(psui::DriverDevMode& record, const std::vector<FieldValue>& fields)
-{
-    for (const FieldValue& field : fields)
-        Set(record, field.name, field.value);
-}
-
 inline void ExpectFields(const psui::DriverDevMode& record, const std::vector<FieldValue>& fields)
 {
     for (const FieldValue& field : fields)
         EXPECT_EQ(Get(record, field.name), field.value) << field.name;
-}
-
-/// Names of the fields in which the records differ.
-inline std::string Differences(const psui::DriverDevMode& first, const psui::DriverDevMode& second)
-{
-    std::string names;
-    for (const psui::DevModeField& field : psui::kDevModeFields)
-        if (std::memcmp(reinterpret_cast<const BYTE*>(&first) + field.offset,
-                        reinterpret_cast<const BYTE*>(&second) + field.offset, field.width) != 0)
-            names += std::string(names.empty() ? "" : " ") + field.name;
-    return names;
 }
 
 /// A colour printer with duplex, two trays and every kind of option that the settings look at.

@@ -11,7 +11,11 @@ protected:
     World world_;
     alignas(8) psui::DriverDevMode record_;
 
-    RefreshTail() { psui::BuildDefaultDevMode(&record_, TEXT("Palette"), Model(kEmptyModel), true); }
+    RefreshTail()
+    {
+        psui::BuildDefaultDevMode(&record_, TEXT("Palette"), Model(kEmptyModel), true);
+        psui::RefreshTail(&record_);
+    }
 
     std::u16string ClientAfter(const std::vector<FieldValue>& fields)
     {
@@ -34,7 +38,7 @@ TEST_F(RefreshTail, NamesTheClientProcessWhenSomethingNeedsIt)
                                    {"dwTailDatePrint", 0x80},
                                    {"unnamed687", 1},
                                    {"unnamed687", 200}}) {
-        EXPECT_EQ(ClientAfter({need, {"wszClientProcess", 0}}), u"vmsplf.exe") << need.name << need.value;
+        EXPECT_EQ(ClientAfter({need}), u"vmsplf.exe") << need.name << need.value;
     }
     for (const FieldValue& none : {FieldValue{"dmCopies", 1},
                                    {"dmCollate", 2},

@@ -1,0 +1,108 @@
+#pragma once
+// What holds of every merge, whatever the source. Shared by the exhaustive tests and the fuzzers; every check
+// returns what is wrong, or an empty text.
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "psui/settings/copy.h"
+#include "psui/settings/merge.h"
+#include "tests/settings/record_fields.h"
+
+namespace test {
+
+struct FieldRange
+{
+    const char* name;
+    int64_t first, last;
+};
+
+inline constexpr FieldRange kMergedRanges[] = {
+    {"dmSpecVersion", 0x0401, 0x0401},
+    {"dmDriverVersion", 1301, 1301},
+    {"dmSize", 220, 220},
+    {"dmDriverExtra", 1632, 1632},
+    {"dmOrientation", 1, 2},
+    {"dmScale", 1, 1000},
+    {"dmCopies", 1, 999},
+    {"dmPrintQuality", -4, -1},
+    {"dmColor", 1, 2},
+    {"dmDuplex", 1, 3},
+    {"dmCollate", 0, 1},
+    {"dmNup", 1, 2},
+    {"wMediaClass", 0, 13},
+    {"bQualityLevel", 0, 5},
+    {"bBorderless", 0, 1},
+    {"bTailCollate", 0, 1},
+    {"dwCollate", 0, 1},
+    {"bTailValid", 1, 1},
+};
+
+inline std::string FieldOutOfRange(const psui::DriverDevMode& record)
+{
+    static const std::vector<const psui::DevModeField*> fields = [] {
+        std::vector<const psui::DevModeField*> named;
+        for (const FieldRange& range : kMergedRanges)
+            named.push_back(&FieldNamed(range.name));
+        return named;
+    }();
+    for (size_t i = 0; i < fields.size(); ++i) {
+        const int64_t value = Get(record, *fields[i]);
+        if (value < kMergedRanges[i].first || value > kMergedRanges[i].last)
+            return std::string(kMergedRanges[i].name) + " is " + std::to_string(value);
+    }
+    return {};
+}
+
+/// The fields that may still change when the result of merging `source` into `target` is merged again: three
+/// rules read what a later step, or the refresh of the tail, writes.
+inline std::string FieldsThatMaySettleLater(const psui::DriverDevMode& target, const DEVMODEW* source,
+                                            const psui::DriverDevMode& merged)
+{
+    constexpr uint32_t kDatePrintOn = 0x80;
+    alignas(8) psui::DriverDevMode spread = target;
+    if (!psui::IsOwnRecord(source))
+        spread.dmPublic.dmDriverExtra = 0;
+    psui::CopyDevMode(source, &spread.dmPublic);
+    const auto thick = [](const psui::PrivateDevMode& part) {
+        return part.wThickness == 2 || part.wThickness == 4;
+    };
+
+    std::string names = " ";
+    // A user size without its paper leaves the size bits, which the next merge clears.
+    if (spread.dmPublic.dmPaperSize == DMPAPER_USER && (spread.dmPublic.dmFields & DM_PAPERSIZE) == 0)
+        names += "dmFields ";
+    // The client process follows the date print of the refresh before.
+    if (((spread.dmPrivate.dwTailDatePrint ^ merged.dmPrivate.dwDatePrint) & kDatePrintOn) != 0)
+        names += "wszClientProcess ";
+    // The direction of user paper follows the thickness from before the thickness is settled.
+    if (merged.dmPublic.dmPaperSize == DMPAPER_USER && thick(spread.dmPrivate) != thick(merged.dmPrivate))
+        names += "dwDirModePlain dwDirModeOther ";
+    return names;
+}
+
+/// Merges `source` into a copy of `target` and checks the result, its stability included.
+inline std::string CheckMerge(const psui::DriverDevMode& target, const DEVMODEW* source,
+                              const psui::ModelDescription* model)
+{
+    alignas(8) psui::DriverDevMode once = target;
+    if (!psui::MergeDevMode(&once, source, model))
+        return std::memcmp(&once, &target, sizeof(once)) == 0 ? "" : "a refused record changed the target";
+    if (std::string wrong = FieldOutOfRange(once); !wrong.empty())
+        return wrong;
+
+    alignas(8) psui::DriverDevMode twice = once;
+    psui::MergeDevMode(&twice, &once.dmPublic, model);
+    if (std::memcmp(&once, &twice, sizeof(once)) == 0)
+        return {};
+    const std::string allowed = FieldsThatMaySettleLater(target, source, once);
+    for (const psui::DevModeField& field : psui::kDevModeFields)
+        if (FieldDiffers(once, twice, field) &&
+            allowed.find(" " + std::string(field.name) + " ") == allowed.npos)
+            return std::string(field.name) + " changed when merged again";
+    alignas(8) psui::DriverDevMode thrice = twice;
+    psui::MergeDevMode(&thrice, &twice.dmPublic, model);
+    return std::memcmp(&thrice, &twice, sizeof(twice)) == 0 ? "" : "does not settle with the second merge";
+}
+
+} // namespace test
