@@ -23,7 +23,9 @@ constexpr UINT kJapanesePage = 932;
 constexpr size_t kCodes = 0x10000;
 constexpr char16_t kReplacement = 0xFFFD;
 constexpr char16_t kKatakanaDot = 0x30FB; // what the Japanese page gives for a pair that means nothing
-// The last bytes of the Japanese page mean nothing elsewhere; the platform keeps them as private characters.
+// Four bytes of the Japanese page mean nothing elsewhere; the platform keeps them as private characters.
+constexpr unsigned kBlankPrivateByte = 0xA0;
+constexpr char16_t kBlankPrivateUnit = 0xF8F0;
 constexpr unsigned kFirstPrivateByte = 0xFD;
 constexpr char16_t kFirstPrivateUnit = 0xF8F1;
 constexpr char kDefaultChar[] = "?";
@@ -99,8 +101,10 @@ std::unique_ptr<CodePage> MakeJapanesePage()
     const iconv_t converter = iconv_open("UTF-16LE", "CP932");
     for (unsigned code = 1; code <= UCHAR_MAX; ++code) {
         page->isLead[code] = IsJapaneseLead(code);
-        if (code <= 0x80 || code == 0xA0)
+        if (code <= 0x80)
             page->Map(code, static_cast<char16_t>(code));
+        else if (code == kBlankPrivateByte)
+            page->Map(code, kBlankPrivateUnit);
         else if (code >= kFirstPrivateByte)
             page->Map(code, static_cast<char16_t>(kFirstPrivateUnit + code - kFirstPrivateByte));
         else if (converter != reinterpret_cast<iconv_t>(-1) && !page->isLead[code])

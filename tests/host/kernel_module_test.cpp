@@ -1,6 +1,7 @@
 #include <cstdint>
 
 #include "tests/host/scratch.h"
+#include "tests/host/wine.h"
 
 namespace {
 
@@ -104,6 +105,8 @@ TEST_F(Modules, FileNameIsCutToTheBuffer)
     const auto size = static_cast<DWORD>(full.size());
     EXPECT_EQ(GetModuleFileNameW(module, path, size), size);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+    if (OnWine()) // ends the text too late
+        path[size - 1] = 0;
     EXPECT_EQ(Wide(path), full.substr(0, size - 1));
     EXPECT_EQ(GetModuleFileNameW(module, path, size + 1), size);
     EXPECT_EQ(Wide(path), full);

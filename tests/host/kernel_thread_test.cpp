@@ -1,3 +1,4 @@
+#include <atomic>
 #include <thread>
 #include <vector>
 
@@ -45,17 +46,26 @@ TEST(CriticalSection, GuardsACounter)
 
 TEST(Threads, HaveTheirOwnIdAndLastError)
 {
-    SetLastError(ERROR_INVALID_DATA);
+    // The library's own thread functions may set the last error, so both sides only spin in between.
+    std::atomic<int> stage{0};
     DWORD id = 0;
     DWORD error = 0;
-    std::thread([&] {
+    std::thread other([&] {
         id = GetCurrentThreadId();
         SetLastError(ERROR_DISK_FULL);
+        stage = 1;
+        while (stage != 2) {
+        }
         error = GetLastError();
-    }).join();
+    });
+    while (stage != 1) {
+    }
+    SetLastError(ERROR_INVALID_DATA);
+    stage = 2;
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_DATA));
+    other.join();
     EXPECT_NE(id, GetCurrentThreadId());
     EXPECT_EQ(error, static_cast<DWORD>(ERROR_DISK_FULL));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_DATA));
 }
 
 class Together : public Scratch

@@ -38,6 +38,7 @@ protected:
         folder_ = Wide(temp) + TEXT("scratch");
         for (DWORD rest = GetCurrentProcessId(); rest != 0; rest /= 10)
             folder_ += static_cast<WCHAR>('0' + rest % 10);
+        DeleteTree(folder_); // of a test that broke off
         ASSERT_TRUE(CreateDirectoryW(folder_.c_str(), nullptr));
     }
     void TearDown() override { DeleteTree(folder_); }
