@@ -28,10 +28,13 @@ std::string SizeText(double width, double height)
 std::string AreaText(const Json& area, double width, double height)
 {
     const double left = area[0], bottom = area[1], right = area[2], top = area[3];
-    return Fixed2(left) + " " + Fixed2(bottom) + " " + Fixed2(right) + " " + Fixed2(top) +
-           " pt (margins left " + Fixed2(Millimetres(left)) + " bottom " + Fixed2(Millimetres(bottom)) +
-           " right " + Fixed2(Millimetres(width - right)) + " top " + Fixed2(Millimetres(height - top)) +
-           " mm)";
+    std::string text = Fixed2(left) + " " + Fixed2(bottom) + " " + Fixed2(right) + " " + Fixed2(top) +
+                       " pt (margins left " + Fixed2(Millimetres(left)) + " bottom " +
+                       Fixed2(Millimetres(bottom)) + " right " + Fixed2(Millimetres(width - right)) +
+                       " top " + Fixed2(Millimetres(height - top)) + " mm)";
+    if (area[4] != 0.0 || area[5] != 0.0)
+        text += ", further " + Fixed2(area[4]) + " " + Fixed2(area[5]) + " pt";
+    return text;
 }
 
 void PrintHeader(std::ostream& out, const Json& model)
@@ -78,15 +81,22 @@ bool IsDefault(const Json& feature, const Json& option)
     return feature.contains("defaultIndex") && feature["defaultIndex"] == option["index"];
 }
 
+/// An area that the description does not give is empty; it is left out.
+void AddArea(Table& table, const Json& option, const char* key, const char* title)
+{
+    const Json& area = option[key];
+    if (area[0] < area[2] && area[1] < area[3])
+        table.Add({Plain(option["name"]), title, AreaText(area, option["width"], option["height"])});
+}
+
 void PrintAreas(std::ostream& out, const Json& feature)
 {
     Table table;
     for (const Json& option : feature["options"]) {
-        if (!option.contains("width"))
+        if (!option.contains("imageableArea"))
             return;
-        const double width = option["width"], height = option["height"];
-        table.Add({Plain(option["name"]), "area", AreaText(option["imageableArea"], width, height)});
-        table.Add({"", "area L", AreaText(option["imageableAreaL"], width, height)});
+        AddArea(table, option, "imageableArea", "area");
+        AddArea(table, option, "imageableAreaL", "area L");
     }
     table.Print(out, 4);
 }
