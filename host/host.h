@@ -50,12 +50,26 @@ HOST_EXPORT void FailAllocations(uint64_t skip, bool onwards);
 /// the call's own failure result and a plausible error code. Memory requests are not counted here.
 HOST_EXPORT void FailCalls(uint64_t skip, bool onwards);
 
-/// Ends both kinds of injection.
+/// What a read (printer, driver, form, printer data, registry value, profile entry, version) answers wrongly.
+enum class Misread
+{
+    Fail,     ///< it fails, as FailCalls would have it
+    Grow,     ///< what is read has outgrown the buffer: the call fails and wants more than was asked for
+    TooSmall, ///< it reports half the true size
+    Huge,     ///< it reports 0xFFFFFFFF as the size
+    WrongType ///< it reports a type that is not the value's
+};
+
+/// Lets `skip` reads pass, then spoils one of them, or every one from there on.
+HOST_EXPORT void MisreadCalls(uint64_t skip, bool onwards, Misread how);
+
+/// Ends all kinds of injection.
 HOST_EXPORT void StopFailing();
 
-/// Memory requests, and calls that can fail, made since the last FailAllocations, FailCalls or StopFailing.
+/// Memory requests, calls that can fail, and reads, made since injection was last started or ended.
 HOST_EXPORT uint64_t AllocationsSeen();
 HOST_EXPORT uint64_t CallsSeen();
+HOST_EXPORT uint64_t ReadsSeen();
 
 /// After `bytes` more bytes have been written with WriteFile (all files together), writes fail with
 /// ERROR_DISK_FULL, the last one after writing what still fitted. A negative number ends it.
@@ -94,6 +108,7 @@ struct Ledger
     int64_t criticalSections = 0;
     int64_t keys = 0;
     int64_t printers = 0;
+    int64_t tokens = 0; ///< of RevertToPrinterSelf, not yet handed to ImpersonatePrinterClient
 
     bool operator==(const Ledger&) const = default;
 };
@@ -108,5 +123,47 @@ HOST_EXPORT void SetCodePage(unsigned codePage);
 /// Makes a window of the given class the calling process's active window; an empty name leaves no active
 /// window (the initial state).
 HOST_EXPORT void SetActiveWindowClass(std::u16string_view className);
+
+/// Adds a top-level window of another program, which FindWindowW and IsWindow know; returns its handle.
+HOST_EXPORT void* AddWindow(std::u16string_view className, std::u16string_view title = {});
+HOST_EXPORT void RemoveWindow(void* window);
+
+/// The user that programs run as: "user" initially. The user's folders are made where they are missing.
+HOST_EXPORT void SetUserName(std::u16string_view name);
+
+/// Makes the process the spooler's, running as `serviceUser` ("SYSTEM", say) with each thread impersonating
+/// the user until it calls RevertToPrinterSelf. An empty name ends that (the initial state).
+HOST_EXPORT void RunInSpooler(std::u16string_view serviceUser);
+
+/// Calls since RunInSpooler. A token has to come back on the thread that took it, once.
+struct Impersonations
+{
+    uint64_t reverted = 0; ///< RevertToPrinterSelf calls that returned a token
+    uint64_t resumed = 0;  ///< ImpersonatePrinterClient calls that took one back
+    uint64_t refused = 0;  ///< ImpersonatePrinterClient calls with anything else
+};
+
+HOST_EXPORT Impersonations SpoolerImpersonations();
+
+/// Whether the user's application-data folder can be found (initially true).
+HOST_EXPORT void SetApplicationDataKnown(bool known);
+
+/// Makes every launch and every opened file or page fail with this code below 32; 0 lets them succeed again.
+HOST_EXPORT void FailLaunches(unsigned code);
+
+// --- Recording: what programs started and opened. It is kept in the root, so other processes see it too. ---
+
+struct Event
+{
+    /// "launch" (WinExec), "open" (ShellExecuteW) or "beep" (MessageBeep); "failed launch" and "failed open"
+    /// when the program was told that it did not work.
+    std::string kind;
+    std::u16string text;   ///< command line; file or page; empty
+    std::u16string detail; ///< show code; "VERB|PARAMETERS|FOLDER|SHOW CODE"; kind of sound. Decimal codes
+};
+
+/// Everything recorded since the root was made or last cleared, oldest first.
+HOST_EXPORT std::vector<Event> Recorded();
+HOST_EXPORT void ClearRecorded();
 
 } // namespace host

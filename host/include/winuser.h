@@ -25,6 +25,7 @@ extern "C" {
 HOSTAPI int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 HOSTAPI HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR title);
 HOSTAPI BOOL WINAPI IsWindow(HWND window);
+HOSTAPI BOOL WINAPI MessageBeep(UINT kind);
 HOSTAPI HWND WINAPI GetActiveWindow(void);
 HOSTAPI HWND WINAPI GetAncestor(HWND window, UINT flags);
 HOSTAPI int WINAPI GetClassNameW(HWND window, LPWSTR name, int size);

@@ -20,7 +20,7 @@ constexpr int kBusyTimeout = 5000; // ms
 constexpr char kMemoryRoot[] = ":memory:";
 
 // Losing the last moments of a play world in a power cut is fine; waiting for the disk in every test is not.
-constexpr char kDatabaseSetup[] = "PRAGMA journal_mode=WAL; PRAGMA synchronous=OFF;";
+constexpr char kDatabaseSetup[] = "PRAGMA synchronous=OFF; PRAGMA journal_mode=WAL;";
 
 constexpr const char* kFolders[] = {
     "drive_c/windows/system32",
@@ -99,8 +99,11 @@ bool OpenRooms(std::string* error)
 {
     if (!OpenRegistryRoom(error))
         return false;
-    if (OpenSpoolerRoom(error))
-        return true;
+    if (OpenSpoolerRoom(error)) {
+        if (OpenShellRoom(error))
+            return true;
+        CloseSpoolerRoom();
+    }
     CloseRegistryRoom();
     return false;
 }
@@ -131,6 +134,7 @@ void Close()
     CloseAllHandles();
     CloseWindowRoom();
     ResetCodePage();
+    CloseShellRoom();
     CloseSpoolerRoom();
     CloseRegistryRoom();
     CloseDatabase();
@@ -160,8 +164,9 @@ void CountOpen(int64_t Ledger::*entry, int64_t amount)
 Ledger OpenObjects()
 {
     constexpr int64_t Ledger::*kEntries[] = {
-        &Ledger::files, &Ledger::finds,   &Ledger::mappings,         &Ledger::heaps, &Ledger::blocks,
-        &Ledger::bytes, &Ledger::modules, &Ledger::criticalSections, &Ledger::keys,  &Ledger::printers,
+        &Ledger::files,  &Ledger::finds,    &Ledger::mappings, &Ledger::heaps,
+        &Ledger::blocks, &Ledger::bytes,    &Ledger::modules,  &Ledger::criticalSections,
+        &Ledger::keys,   &Ledger::printers, &Ledger::tokens,
     };
     Ledger now;
     for (int64_t Ledger::*entry : kEntries)
