@@ -1,0 +1,548 @@
+#include "psui/model/compiler.h"
+
+#include "model_fixture.h"
+#include "psui/model/keywords.h"
+
+namespace psui::test {
+
+namespace {
+
+using Member32 = uint32_t ModelDescription::*;
+using Member16 = uint16_t ModelDescription::*;
+using MemberText = TextRef ModelDescription::*;
+
+struct NumberField
+{
+    const char* text;
+    Member32 field;
+    uint32_t expected;
+};
+
+struct WordField
+{
+    const char* text;
+    Member16 field;
+    uint16_t expected;
+};
+
+struct TextField
+{
+    const char* text;
+    MemberText field;
+    const char* expected;
+};
+
+struct SummaryCase
+{
+    const char* why;
+    const char* text;
+    const char* expected;
+};
+
+struct ValueCase
+{
+    const char* value;
+    const char* expected;
+};
+
+void ExpectSummaries(std::span<const SummaryCase> cases)
+{
+    for (const SummaryCase& c : cases)
+        EXPECT_EQ(Summary(CompileModel(c.text)), c.expected) << c.why;
+}
+
+using Model = ModelDescription;
+
+} // namespace
+
+TEST(Header, TakesNumbersOfEveryKind)
+{
+    const NumberField cases[] = {
+        {"", &Model::languageLevel, 1},
+        {"*LanguageLevel: \"3\"\n", &Model::languageLevel, 3},
+        {"*LanguageLevel: 2 level\n*LanguageLevel: \"3\"\n", &Model::languageLevel, 2},
+        {"*LanguageLevel: x\n*LanguageLevel: \"3\"\n", &Model::languageLevel, 3},
+        {"*LanguageLevel: ^3\n", &Model::languageLevel, 1},
+        {"*LanguageLevel a: 3\n", &Model::languageLevel, 1},
+        {"*LanguageLevel\n", &Model::languageLevel, 1},
+        {"*SuggestedJobTimeout: 7\n", &Model::jobTimeout, 7},
+        {"", &Model::waitTimeout, 240},
+        {"*SuggestedWaitTimeout: \"-1\"\n", &Model::waitTimeout, 0},
+        {"*FreeVM: \"102399\"\n", &Model::freeVm, 102400},
+        {"*FreeVM: \"200000\"\n", &Model::freeVm, 200000},
+        {"*PrinterCaps: 5\n", &Model::printerCaps, 5},
+        {"*ModelType: 4294967295\n", &Model::modelType, 4294967295},
+        {"*ModelType: 4294967296\n", &Model::modelType, 0},
+        {"*PrintRatePPM: 22\n", &Model::printRatePpm, 22},
+        {"", &Model::screenAngle, 11520},
+        {"*ScreenAngle: \"18.5\"\n", &Model::screenAngle, 4736},
+        {"", &Model::screenFreq, 15360},
+        {"*ScreenFreq: 1\n", &Model::screenFreq, 256},
+        {"*MaxMediaWidth: \"1.5\"\n", &Model::maxMediaWidth, 384},
+        {"*MaxMediaHeight: 2\n", &Model::maxMediaHeight, 512},
+        {"*FileVersion: \"2.5\"\n", &Model::fileVersion, 640},
+        {"*ColorDevice: True\n", &Model::colorDevice, 1},
+        {"*ColorDevice: \"True\"\n", &Model::colorDevice, 0},
+        {"*ColorDevice: True x\n", &Model::colorDevice, 1},
+        {"*ColorDevice: Truex\n*ColorDevice: True\n", &Model::colorDevice, 0},
+        {"*PrintPSError: True\n", &Model::printPsError, 1},
+        {"*Extensions: DPS CMYK\n", &Model::colorDevice, 1},
+        {"*Extensions: CMYK\n*ColorDevice: False\n*Extensions: DPS\n", &Model::colorDevice, 0},
+        {"*CustomPageSize True: \"a\"\n*MaxMediaWidth: 1\n", &Model::customPageSize, 1},
+        {"*CustomPageSize True: \"a\"\n", &Model::customPageSize, 0},
+        {"*CustomPageSize False: \"a\"\n*MaxMediaWidth: 1\n", &Model::customPageSize, 0},
+        {"*CustomPageSize Maybe: \"a\"\n*MaxMediaWidth: 1\n", &Model::customPageSize, 0},
+        {"*HWMargins: 1 2 3 4\n", &Model::hwMarginsPresent, 1},
+        {"*HWMargins: 1 2 3\n", &Model::hwMarginsPresent, 0},
+        {"*HWMargins: 1 2 3 x\n*HWMargins: 1 2 3 4\n", &Model::hwMarginsPresent, 1},
+    };
+    for (const NumberField& c : cases)
+        EXPECT_EQ(uint32_t{(*CompileModel(c.text)).*c.field}, c.expected) << c.text;
+}
+
+TEST(Header, TakesWordsOfItsVocabularies)
+{
+    const WordField cases[] = {
+        {"*Protocols: PJL TBCP\n*Protocols:  SIC x\n", &Model::protocols, 13},
+        {"*Protocols: \"PJL\"\n", &Model::protocols, 0},
+        {"*Extensions: DPS FileSystem\n*Extensions: Composite\n", &Model::extensions, 13},
+        {"*LanguageEncoding: JIS83-RKSJ\n", &Model::languageEncoding, 2},
+        {"*LanguageEncoding: WindowsANSI\n*LanguageEncoding: ISOLatin1\n", &Model::languageEncoding, 4},
+        {"*LanguageEncoding: Nonsense\n*LanguageEncoding: ISOLatin1\n", &Model::languageEncoding, 0},
+        {"*LanguageVersion: Japanese\n", &Model::languageEncoding, 2},
+        {"*LanguageVersion: Swedish\n", &Model::languageEncoding, 1},
+        {"*LanguageEncoding: MaxStandard\n*LanguageVersion: Japanese\n", &Model::languageEncoding, 3},
+        {"*LanguageEncoding: None\n*LanguageVersion: Japanese\n", &Model::languageEncoding, 2},
+        {"*LanguageVersion: Japanese\n*LanguageEncoding: ISOLatin1\n", &Model::languageEncoding, 1},
+        {"*TTRasterizer: Type42\n", &Model::ttRasterizer, 2},
+        {"*LandscapeOrientation: Minus90 \n", &Model::landscapeOrientation, 2},
+        {"*Resolution 1: \"\"\n*SetResolution 1: \"\"\n", &Model::resolutionKeywordKind, 2},
+        {"*SetResolution 1: \"\"\n*JCLResolution 1: x\n", &Model::resolutionKeywordKind, 1},
+        {"*JCLResolution 1: x\n*Resolution 1: x\n", &Model::resolutionKeywordKind, 1},
+        {"*JCLResolution 1: x\n*Resolution 1: \"\"\n", &Model::resolutionKeywordKind, 0},
+    };
+    for (const WordField& c : cases)
+        EXPECT_EQ(uint16_t{(*CompileModel(c.text)).*c.field}, c.expected) << c.text;
+}
+
+TEST(Header, KeepsTheFirstTextAndDecodesWhereTheKeywordSaysSo)
+{
+    const TextField cases[] = {
+        {"", &Model::nickName, "(none)"},
+        {"*NickName: \"\"\n", &Model::nickName, ""},
+        {"*NickName: Plain name\n*NickName: \"other\"\n", &Model::nickName, "Plain name"},
+        {"*NickName: \"a<424a>c<4B>\"\n", &Model::nickName, "aBJcK"},
+        {"*NickName: \"a<>b>\"\n", &Model::nickName, "ab>"},
+        {"*NickName: \"a<4200>c\"\n", &Model::nickName, "aB"},
+        {"*NickName: \"<4>\"\n*NickName: \"good\"\n", &Model::nickName, "good"},
+        {"*NickName: \"<4 2>\"\n", &Model::nickName, "(none)"},
+        {"*NickName: \"<4g>\"\n", &Model::nickName, "(none)"},
+        {"*NickName: \"x<42\"\n", &Model::nickName, "(none)"},
+        {"*NickName: \"x<\"\n", &Model::nickName, "(none)"},
+        {"*JCLBegin: \"<1B>%-12345X\"\n", &Model::jclBegin, "\x1B%-12345X"},
+        {"*JCLToPSInterpreter: \"p\"\n", &Model::jclToPsInterpreter, "p"},
+        {"*JCLEnd: \"e\"\n", &Model::jclEnd, "e"},
+        {"*ExitServer: \"<41>\"\n", &Model::exitServer, "<41>"},
+        {"*ExitServer: bare\n", &Model::exitServer, "(none)"},
+        {"*Password: \"()\"\n", &Model::password, "()"},
+        {"*CustomPageSize True/<zz>: \"a\"\n*CustomPageSize True: \"b\"\n", &Model::customPageSizeCode, "a"},
+        {"*SleepMode x: 10,20\n*SleepMode y: 30\n", &Model::sleepModeList, "10,20"},
+        {"*MemorySize x: \"8,16\"\n", &Model::memorySizeList, "8,16"},
+        {"*MemorySize: \"8,16\"\n", &Model::memorySizeList, "(none)"},
+    };
+    for (const TextField& c : cases)
+        EXPECT_EQ(TextOf((*CompileModel(c.text)).*c.field), c.expected) << c.text;
+}
+
+TEST(Header, RecordsCustomPageParametersOnlyWhenAllFourValuesAreGood)
+{
+    const ModelPtr model = CompileModel("*ParamCustomPageSize Width: 2 points 1.5 3\n"
+                                        "*ParamCustomPageSize Height: 6 points 1 3\n"
+                                        "*ParamCustomPageSize WidthOffset: 1 inches 1 3\n"
+                                        "*ParamCustomPageSize HeightOffset: 1 real 1 x\n"
+                                        "*ParamCustomPageSize Orientation: 5 int 0\n"
+                                        "*ParamCustomPageSize Depth: 1 int 0 1\n");
+    const CustomPageParam& width = model->customPageParams[kCustomWidth];
+    EXPECT_EQ(width.order, 2u);
+    EXPECT_EQ(width.valueType, 2u);
+    EXPECT_EQ(width.minimum, 384u);
+    EXPECT_EQ(width.maximum, 768u);
+    constexpr CustomPageParam kNone{};
+    for (int i = kCustomHeight; i < kCustomPageParamCount; ++i)
+        EXPECT_EQ(std::memcmp(&model->customPageParams[i], &kNone, sizeof(kNone)), 0) << i;
+}
+
+TEST(Fonts, AreListedOnceWithTheirNumber)
+{
+    const ModelPtr model = CompileModel("*Font Wingdings: Special\n*Font Unheard-of: x\n"
+                                        "*Font PC-Brussels: \"a\"\n*Font Wingdings: again\n"
+                                        "*Font Letter-Goth16.6-BoldItalic: z\n");
+    std::string fonts;
+    for (const ResidentFont* f = model->residentFonts.get(); f; f = f->next.get())
+        fonts +=
+            TextOf(f->name) + "=" + TextOf(f->value) + "#" + std::to_string(uint16_t{f->fontNumber}) + " ";
+    EXPECT_EQ(fonts, "Wingdings=Special#62 PC-Brussels=a#1 Letter-Goth16.6-BoldItalic=z#72 ");
+}
+
+TEST(Options, AreCreatedOnceAndCompletedLater)
+{
+    const SummaryCase cases[] = {
+        {"first invocation stays", "*MediaType 0/Plain: \"0\"\n*MediaType 0/Other: \"9\"\n",
+         "MediaType[0]: 0=0/Plain\n"},
+        {"a later translation is taken when there was none", "*Tray 1: \"1\"\n*Tray 1/One: \"2\"\n",
+         "Tray[0]: 1=1/One\n"},
+        {"an option keeps its place", "*CM a: \"1\"\n*CM b: \"2\"\n*CM a: \"3\"\n", "CM[0]: a=1 b=2\n"},
+        {"maker features want a quoted value", "*CM a: 1\n*CM: \"1\"\n", ""},
+        {"an invocation is kept as written", "*CM a: \"<41>\r\n x\"\n", "CM[0]: a=<41>\r\n x\n"},
+        {"a translation is decoded", "*CM a/<4142>c: \"1\"\n", "CM[0]: a=1/ABc\n"},
+        {"a bad translation rejects the statement", "*CM a/<4>: \"1\"\n*GMODE b: \"1\"\n", "GMODE[0]: b=1\n"},
+        {"several keywords feed one option",
+         "*PageRegion A4: \"r\"\n*PageSize A4/A4: \"s\"\n*PageSizeL A4: \"l\"\n", "PageSize[0]: A4=s/A4\n"},
+        {"memory options have no invocation", "*VMOption 8: \"8\"\n*InstalledMemory 16: \"x\"\n",
+         "VMOption[0]: 8=(none)\n"},
+        {"case matters", "*mediatype 0: \"0\"\n*MEDIATYPE 0: \"0\"\n", ""},
+    };
+    ExpectSummaries(cases);
+}
+
+TEST(Options, OfEveryBuiltinFeatureReachTheirSlot)
+{
+    std::string text;
+    for (const compiler::KeywordEntry& entry : compiler::AllKeywords())
+        if (entry.FeatureIndex() < kBuiltinFeatureCount)
+            text += "*" + std::string(entry.keyword) + " o: \"1 2 3 4\"\n";
+    text += "*Collate True: \"\"\n*Duplex None: \"\"\n*ManualFeed True: \"\"\n*RequiresPageRegion o: True\n";
+    const ModelPtr model = CompileModel(text);
+    EXPECT_EQ(model->documentFeatureCount, 31);
+    EXPECT_EQ(model->installableFeatureCount, 1);
+    for (uint16_t index = 0; index < kBuiltinFeatureCount; ++index) {
+        const ModelFeature* feature = BuiltinFeature(model.get(), static_cast<FeatureIndex>(index));
+        ASSERT_TRUE(feature) << index;
+        EXPECT_EQ(feature->featureIndex, index);
+        EXPECT_EQ(TextOf(feature->keyword), compiler::BuiltinRow(index).name);
+        EXPECT_EQ(feature->uiType,
+                  index == kFeatureManualFeed || index == kFeatureCollate ? kUiBoolean : kUiPickOne);
+        EXPECT_EQ(OptionCount(feature), 1u) << index;
+    }
+}
+
+TEST(Options, OfSpecialKindsKeepTheirOwnValues)
+{
+    const ModelPtr model = CompileModel("*Resolution 600dpi: \"a\"\n*JCLResolution 600dpi: \"<42>\"\n"
+                                        "*SetResolution 600dpi: \"c\"\n*ResScreenAngle 600dpi: \"1.5\"\n"
+                                        "*ResScreenFreq 600dpi: 2\n*ResScreenFreq 300dpi: x\n"
+                                        "*PageSize A4: \"s\"\n*PageRegion A4: \"r\"\n*PageSizeL A4: \"l\"\n"
+                                        "*VMOption 8: 100\n*VMOption 8: 200\n");
+    const ResolutionOption* resolution = FindResolutionOption(model.get(), 600);
+    ASSERT_TRUE(resolution);
+    EXPECT_EQ(TextOf(resolution->base.invocation), "a");
+    EXPECT_EQ(TextOf(resolution->jclInvocation), "B");
+    EXPECT_EQ(TextOf(resolution->setResolutionInvocation), "c");
+    EXPECT_EQ(resolution->screenAngle, 384u);
+    EXPECT_EQ(resolution->screenFreq, 512u);
+    EXPECT_FALSE(FindResolutionOption(model.get(), 300));
+    EXPECT_EQ(TextOf(PageSizeOf(model, "A4")->pageRegionInvocation), "r");
+    EXPECT_EQ(TextOf(PageSizeOf(model, "A4")->pageSizeLInvocation), "l");
+    EXPECT_EQ(reinterpret_cast<const MemoryOption*>(OptionOf(model, "VMOption", "8"))->memoryValue, 200u);
+}
+
+TEST(PageSizes, AreLimitedToTheirDimensions)
+{
+    struct AreaCase
+    {
+        const char* area;
+        uint32_t expected[6]; ///< in points
+    };
+    const AreaCase cases[] = {
+        {"10 20 90 180", {10, 20, 90, 180, 0, 0}},
+        {"10 20 90 180 5", {10, 20, 90, 180, 0, 0}},
+        {"10 20 90 180 5 6", {10, 20, 90, 180, 5, 6}},
+        {"10 20 90 180 5 x", {10, 20, 90, 180, 0, 0}},
+        {"10 20 90 180 x 6", {10, 20, 90, 180, 0, 0}},
+        {"10 20 90 180 100 200", {10, 20, 90, 180, 100, 200}},
+        {"10 20 90 180 101 201", {10, 20, 90, 180, 0, 0}},
+        {"-5 20 900 1800", {0, 20, 100, 200, 0, 0}},
+        {"90 20 90 180", {0, 0, 90, 200, 0, 0}},
+        {"10 180 90 180", {0, 0, 90, 200, 0, 0}},
+        {"10 20 90", {0, 0, 0, 200, 0, 0}},
+        {"1 x 90 180", {0, 0, 0, 200, 0, 0}},
+    };
+    for (const AreaCase& c : cases) {
+        for (const char* keyword : {"ImageableArea", "ImageableAreaL"}) {
+            const ModelPtr model = CompileModel(std::string("*PaperDimension A: \"100 200\"\n*") + keyword +
+                                                " A: \"" + c.area + "\"\n");
+            const PageSizeOption* size = PageSizeOf(model, "A");
+            const ImageableArea& area =
+                keyword == std::string_view("ImageableArea") ? size->imageableArea : size->imageableAreaL;
+            uint32_t values[6];
+            std::memcpy(values, &area, sizeof(values));
+            for (int i = 0; i < 6; ++i)
+                EXPECT_EQ(values[i], c.expected[i] * 256) << c.area << " value " << i;
+        }
+    }
+}
+
+TEST(PageSizes, HaveBothDimensionsOrNone)
+{
+    const ModelPtr model = CompileModel("*PaperDimension A: \"595 842\"\n*PaperDimension B: \"1.5 -3\"\n"
+                                        "*PaperDimension C: \"7\"\n*PaperDimension D: 1 2\n");
+    EXPECT_EQ(PageSizeOf(model, "A")->width, 595u * 256);
+    EXPECT_EQ(PageSizeOf(model, "A")->height, 842u * 256);
+    EXPECT_EQ(PageSizeOf(model, "B")->width, 0u);
+    EXPECT_FALSE(PageSizeOf(model, "C"));
+    EXPECT_FALSE(PageSizeOf(model, "D"));
+}
+
+TEST(InputSlots, RequireAPageRegionUnlessAStatementSaysNot)
+{
+    struct SlotCase
+    {
+        const char* text;
+        const char* expected;
+    };
+    const SlotCase cases[] = {
+        {"*InputSlot A: \"\"\n*InputSlot B: \"\"\n*RequiresPageRegion B: False\n", "A1 B0 "},
+        {"*InputSlot A: \"\"\n*RequiresPageRegion A: Perhaps\n*RequiresPageRegion N: True\n", "A0 N1 "},
+        {"*RequiresPageRegion All: False\n*InputSlot A: \"\"\n", "A0 "},
+        {"*RequiresPageRegion All: True\n*InputSlot A: \"\"\n*RequiresPageRegion A: False\n", "A1 "},
+        {"*RequiresPageRegion All: Perhaps\n*InputSlot A: \"\"\n", "A1 "},
+    };
+    for (const SlotCase& c : cases) {
+        const ModelPtr model = CompileModel(c.text);
+        std::string slots;
+        for (auto* o = FirstOption(BuiltinFeature(model.get(), kFeatureInputSlot)); o; o = o->next.get())
+            slots +=
+                TextOf(o->name) +
+                std::to_string(uint32_t{reinterpret_cast<const InputSlotOption*>(o)->requiresPageRegion}) +
+                " ";
+        EXPECT_EQ(slots, c.expected) << c.text;
+    }
+}
+
+TEST(UiBlocks, FeedTheirFeatureWhileTheyAreOpen)
+{
+    const SummaryCase cases[] = {
+        {"options, default and translation",
+         "*OpenUI *Stapler/Staple it: PickOne\n*DefaultStapler: On\n*Stapler Off: \"0\"\n*Stapler On/Yes: "
+         "\"1\"\n"
+         "*CloseUI: *Stapler \n*Stapler Late: \"2\"\n",
+         "Stapler[1]/Staple it: Off=0 On=1/Yes\n"},
+        {"any kind of value, or none",
+         "*OpenUI *S: PickOne\n*S a: bare/x\n*S b: ^sym\n*S c\n*S c: \"x\"\n*S\n*S d\n*S: y\n*CloseUI: *S\n",
+         "S[0]: a=bare b=^sym c=x =y\n"},
+        {"table keywords work inside", "*OpenUI *S: PickOne\n*CM a: \"1\"\n*S a: \"1\"\n",
+         "S[0]: a=1\nCM[0]: a=1\n"},
+        {"a new block closes the old one", "*OpenUI *S: PickOne\n*OpenUI *T: PickOne\n*S a: \"1\"\n",
+         "S[0]:\nT[0]:\n"},
+        {"even a rejected one does", "*OpenUI *S: PickOne\n*OpenUI *: PickOne\n*S a: \"1\"\n", "S[0]:\n"},
+        {"closing another block changes nothing",
+         "*OpenUI *S: PickOne\n*CloseUI: *T\n*CloseUI: *CM\n*CloseUI: *\n*S a: \"1\"\n*JCLCloseUI: S\n*S b: "
+         "\"1\"\n",
+         "S[0]: a=1\n"},
+        {"a block may be opened again",
+         "*OpenUI *S: PickOne\n*S a: \"1\"\n*CloseUI: *S\n*OpenUI *S/T: PickOne\n*S b: \"2\"\n",
+         "S[0]/T: a=1 b=2\n"},
+        {"built-in features need no block", "*OpenUI *PageRegion/Size: PickOne\n*OpenUI *Duplex/D: PickOne\n",
+         "PageSize[0]/Size:\n"},
+        {"a built-in feature's block does not take other keywords", "*OpenUI *CM: PickOne\n*CMX a: \"1\"\n",
+         "CM[0]:\n"},
+        {"job-control blocks decode",
+         "*JCLOpenUI *J: PickOne\n*J a: \"<41>\"\n*J b: \"<4>\"\n*Duplex N: \"<42>\"\n*CM c: "
+         "\"<43>\"\n*JCLCloseUI: *J\n"
+         "*Duplex T: \"<44>\"\n",
+         "J[0]: a=A\nDuplex[0]: N=B T=<44>\nCM[0]: c=<43>\n"},
+        {"a bare star or a bad translation names nothing",
+         "*OpenUI *: PickOne\n*OpenUI *S/<4>: PickOne\n*S a: \"1\"\n", ""},
+    };
+    ExpectSummaries(cases);
+}
+
+TEST(UiBlocks, SetTheUiType)
+{
+    const ModelPtr model = CompileModel("*OpenUI *A: Boolean\n*OpenUI *B: PickMany\n*OpenUI *C: Nonsense\n"
+                                        "*JCLOpenUI *D: PickOne\n*OpenUI *Tray: Boolean\n");
+    std::string types;
+    for (const ModelFeature* f = model->features.get(); f; f = f->next.get())
+        types += std::to_string(uint16_t{f->uiType}) + (f->flags & kFlagJobControl ? "j " : " ");
+    EXPECT_EQ(types, "0 2 1 1j 0 ");
+}
+
+TEST(InstallableGroup, HoldsGenericFeaturesCreatedInsideAndMemory)
+{
+    const ModelPtr model =
+        CompileModel("*VMOption 8: 8\n"
+                     "*OpenUI *First: PickOne\n"
+                     "*OpenGroup: InstallableOptions/Installed\n"
+                     "*OpenGroup: InstallableOptions\n"
+                     "*OpenUI *First: PickOne\n*OpenUI *Stacker: Boolean\n*MediaType 0: \"0\"\n"
+                     "*CloseGroup: Other\n*OpenUI *Sorter: Boolean\n"
+                     "*CloseGroup: InstallableOptions\n*CloseGroup: InstallableOptions\n"
+                     "*OpenUI *Last: PickOne\n");
+    std::string features;
+    for (const ModelFeature* f = model->features.get(); f; f = f->next.get())
+        features +=
+            TextOf(f->keyword) + std::to_string(uint16_t{f->ordinal}) + (f->installable ? "i " : "d ");
+    EXPECT_EQ(features, "First0d MediaType1d Last2d VMOption0i Stacker1i Sorter2i ");
+    EXPECT_EQ(model->documentFeatureCount, 3);
+    EXPECT_EQ(model->installableFeatureCount, 3);
+}
+
+TEST(Defaults, AreResolvedToTheOptionTheyName)
+{
+    const SummaryCase cases[] = {
+        {"named", "*DefaultMediaType: 1\n*MediaType 0: \"0\"\n*MediaType 1: \"1\"\n",
+         "MediaType[1]: 0=0 1=1\n"},
+        {"first wins", "*DefaultCM: b\n*DefaultCM: a\n*CM a: \"\"\n*CM b: \"\"\n", "CM[1]: a= b=\n"},
+        {"naming nothing", "*DefaultCM: z\n*CM a: \"\"\n", "CM[0]: a=\n"},
+        {"cut at the slash, not at blanks",
+         "*DefaultCM: b/x\n*DefaultICM: b \n*CM a: \"\"\n*CM b: \"\"\n"
+         "*ICM a: \"\"\n*ICM b: \"\"\n",
+         "CM[1]: a= b=\nICM[0]: a= b=\n"},
+        {"quoted", "*DefaultCM: \"b\"\n*CM a: \"\"\n*CM b: \"\"\n", "CM[0]: a= b=\n"},
+        {"Interlace has none", "*INTERLACE a: \"\"\n*INTERLACE b: \"\"\n*DefaultINTERLACE: b\n",
+         "INTERLACE[0]: a= b=\n"},
+        {"resolution is a number", "*DefaultResolution: 600dpi\n*Resolution 300dpi: \"\"\n",
+         "Resolution[600]: 300dpi=\n"},
+        {"by either keyword", "*DefaultJCLResolution: 1200\n*DefaultResolution: 600dpi\n",
+         "Resolution[1200]:\n"},
+        {"of the first option", "*Resolution 150dpi: \"\"\n*Resolution 300dpi: \"\"\n",
+         "Resolution[150]: 150dpi= 300dpi=\n"},
+        {"or 300", "*DefaultResolution: high\n*Resolution 150dpi: \"\"\n", "Resolution[300]: 150dpi=\n"},
+        {"features of their own", "*DefaultInstalledMemory: 8\n*DefaultPageSizeL: A4\n",
+         "InstalledMemory[0]:\nPageSizeL[0]:\n"},
+    };
+    ExpectSummaries(cases);
+}
+
+namespace {
+
+// CM is feature 0, ICM feature 1.
+constexpr char kNamed[] = "*CM x: \"\"\n*CM None: \"\"\n*ICM y: \"\"\n*ICM z: \"\"\n";
+
+std::string Numbers(std::initializer_list<uint16_t> numbers)
+{
+    std::string text;
+    for (uint16_t number : numbers)
+        text += (number == kUnresolved ? "?" : std::to_string(number)) + " ";
+    return text;
+}
+
+} // namespace
+
+TEST(Constraints, AreResolvedByName)
+{
+    const ValueCase cases[] = {
+        {"*CM *ICM", "0 255 1 255 "},         {"*CM x *ICM", "0 0 1 255 "},  {"*CM *ICM z", "0 255 1 1 "},
+        {"*CM None *ICM z rest", "0 1 1 1 "}, {"*CM x ICM y", "0 0 1 0 "},   {"CM x *ICM", "0 0 1 255 "},
+        {"*CM w *ICM", "? ? 1 255 "},         {"*Nix *ICM", "? 255 1 255 "}, {"*CM *Nix y", "? 255 ? ? "},
+        {"*CM *ICM *y", "? 255 1 ? "},
+    };
+    for (const auto& [value, expected] : cases) {
+        const ModelPtr model = CompileModel(std::string("*UIConstraints: ") + value + "\n" + kNamed);
+        ASSERT_EQ(model->constraints->count, 1) << value;
+        const ConstraintEntry& e = *model->constraints->begin();
+        EXPECT_EQ(Numbers({e.feature1, e.option1, e.feature2, e.option2}), expected) << value;
+    }
+    for (const char* bad : {"*CM", "*CM x", "* *ICM", "*CM *", "*CM x *", "\"*CM *ICM\""})
+        EXPECT_EQ(CompileModel(std::string("*UIConstraints: ") + bad + "\n" + kNamed)->constraints->count, 0)
+            << bad;
+}
+
+TEST(Constraints, NeverTakeTheIndexThatMeansAny)
+{
+    std::string text = "*ICM y: \"\"\n";
+    for (int i = 0; i <= 256; ++i)
+        text += "*CM o" + std::to_string(i) + ": \"\"\n";
+    text += "*UIConstraints: *CM o254 *ICM\n*UIConstraints: *CM o255 *ICM\n*UIConstraints: *CM o256 *ICM\n";
+    const ModelPtr model = CompileModel(text);
+    ASSERT_EQ(model->constraints->count, 3);
+    const ConstraintEntry* e = model->constraints->begin();
+    EXPECT_EQ(Numbers({e[0].feature1, e[0].option1}), "1 254 ");
+    EXPECT_EQ(e[1].feature1, kUnresolved);
+    EXPECT_EQ(Numbers({e[2].feature1, e[2].option1}), "1 256 ");
+}
+
+TEST(Orders, AreResolvedByName)
+{
+    const ValueCase cases[] = {
+        {"10 AnySetup *ICM", "1 255 2560 32 "}, {"1.5 Prolog *ICM z", "1 1 384 2 "},
+        {"1 Nonsense ICM y", "1 0 256 32 "},    {"1 JCLSetup *Nix", "? 255 256 16 "},
+        {"1 PageSetup *ICM w", "? ? 256 8 "},
+    };
+    for (const auto& [value, expected] : cases) {
+        const ModelPtr model = CompileModel(std::string("*OrderDependency: ") + value + "\n" + kNamed);
+        ASSERT_EQ(model->orderDependencies->count, 1) << value;
+        const OrderEntry& e = *model->orderDependencies->begin();
+        EXPECT_EQ(Numbers({e.featureNumber, e.optionIndex, static_cast<uint16_t>(e.order), e.section}),
+                  expected)
+            << value;
+    }
+    for (const char* bad : {"10 AnySetup", "x AnySetup *CM", "10 AnySetup *", "10"})
+        EXPECT_EQ(CompileModel(std::string("*OrderDependency: ") + bad + "\n")->orderDependencies->count, 0)
+            << bad;
+}
+
+TEST(Limits, KeepTheFirst65535OfWhatIsNumberedIn16Bits)
+{
+    std::string text = "*CM a: \"\"\n";
+    for (int i = 0; i < 65540; ++i)
+        text += "*OpenUI *G" + std::to_string(i) + ": PickOne\n*G" + std::to_string(i) + " a: \"1\"\n";
+    for (int i = 0; i < 65540; ++i)
+        text += "*UIConstraints: *CM *G" + std::to_string(i) + "\n*OrderDependency: 1 Prolog *CM\n";
+    const ModelPtr model = CompileModel(text);
+    ASSERT_TRUE(model);
+    EXPECT_EQ(model->documentFeatureCount, 65535);
+    EXPECT_EQ(ListLength(model->features.get()), 65535u);
+    EXPECT_EQ(model->constraints->count, 65535);
+    EXPECT_EQ(model->constraints->end()[-2].feature2, 65534);
+    EXPECT_EQ(model->constraints->end()[-1].feature1, kUnresolved);
+    EXPECT_EQ(model->orderDependencies->count, 65535);
+}
+
+TEST(Limits, LetAFeatureHaveMoreOptionsThan16BitsCount)
+{
+    std::string text = "*DefaultCM: o69999\n";
+    for (int i = 0; i < 70000; ++i)
+        text += "*CM o" + std::to_string(i) + ": \"\"\n";
+    text += "*UIConstraints: *CM o65536 *CM\n*UIConstraints: *CM o65534 *CM\n";
+    const ModelPtr model = CompileModel(text);
+    const ModelFeature* feature = BuiltinFeature(model.get(), kFeatureCm);
+    EXPECT_EQ(OptionCount(feature), 70000u);
+    EXPECT_EQ(feature->defaultOption, 69999u);
+    EXPECT_EQ(FindByNameIndexed(FirstOption(feature), "o65534").index, 65534);
+    EXPECT_EQ(FindByNameIndexed(FirstOption(feature), "o65536").index, kNotFound);
+    EXPECT_EQ(model->constraints->begin()[0].feature1, kUnresolved);
+    EXPECT_EQ(model->constraints->begin()[1].option1, 65534);
+}
+
+TEST(Compilation, StopsAtAFieldOfMoreThan40Characters)
+{
+    const std::string name(40, 'n');
+    EXPECT_TRUE(CompileModel("*CM a/" + name + ": \"1\"\n"));
+    EXPECT_FALSE(CompileModel("*CM a/" + name + "n: \"1\"\n"));
+    EXPECT_FALSE(CompileModel("*" + name + "n: 1\n"));
+}
+
+TEST(Compilation, IgnoresWhatItDoesNotKnow)
+{
+    const SummaryCase cases[] = {
+        {"queries, unknown keywords, includes",
+         "*?CM: \"x\"\n*Unheard: 1\n*Include: \"other.ppd\"\n*End\n*CM a: \"\"\n", "CM[0]: a=\n"},
+        {"a last line without its end", "*CM a: \"\"\n*CM b: \"\"", "CM[0]: a=\n"},
+        {"quotes that never close", "*CM a: \"\"\n*CM b: \"\n*CM c: 1\n", "CM[0]: a=\n"},
+    };
+    ExpectSummaries(cases);
+}
+
+TEST(KeywordTable, HasOneEntryAKeywordWithItsFeature)
+{
+    const auto keywords = compiler::AllKeywords();
+    ASSERT_EQ(keywords.size(), 119u);
+    for (const compiler::KeywordEntry& entry : keywords)
+        EXPECT_EQ(compiler::FindKeyword(entry.keyword), &entry) << entry.keyword;
+    EXPECT_EQ(compiler::FindKeyword("MediaTypes"), nullptr);
+    EXPECT_EQ(compiler::FindKeyword("DefaultINTERLACE"), nullptr);
+    EXPECT_EQ(compiler::FindKeyword(""), nullptr);
+}
+
+} // namespace psui::test

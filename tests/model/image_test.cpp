@@ -1,0 +1,331 @@
+#include "psui/model/image.h"
+
+#include <array>
+
+#include "host/host.h"
+#include "model_fixture.h"
+
+namespace psui::test {
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+Bytes BytesOf(const ModelPtr& image)
+{
+    const auto* begin = reinterpret_cast<const uint8_t*>(image.get());
+    return Bytes(begin, begin + image->imageSize);
+}
+
+template <typename T>
+void Put(Bytes& bytes, size_t offset, T value)
+{
+    ASSERT_LE(offset + sizeof(value), bytes.size());
+    std::memcpy(bytes.data() + offset, &value, sizeof(value));
+}
+
+void PutText(Bytes& bytes, size_t offset, std::string_view text)
+{
+    std::memcpy(bytes.data() + offset, text.data(), text.size());
+}
+
+// Asks everything of a model, so that a reference that leads outside its block does not go unnoticed.
+uint64_t WalkEverything(const ModelDescription& model)
+{
+    uint64_t sum =
+        DefaultResolutionDpi(&model) + SleepModeListItem(&model, 2) + MemorySizeListItem(&model, 2);
+    for (const WCHAR* c = model.sourcePath.get(); *c; ++c)
+        sum += *c;
+    for (const TextRef text : {model.nickName, model.password, model.exitServer, model.customPageSizeCode,
+                               model.jclBegin, model.jclEnd, model.jclToPsInterpreter})
+        sum += TextOf(text).size();
+    for (const ModelFeature* f = model.features.get(); f; f = f->next.get()) {
+        sum += TextOf(f->keyword).size() + TextOf(f->translation).size();
+        for (const ModelOption* o = f->options.get(); o; o = o->next.get()) {
+            sum += TextOf(o->name).size() + TextOf(o->translation).size() + TextOf(o->invocation).size();
+            if (f->featureIndex == kFeaturePageSize)
+                sum += TextOf(reinterpret_cast<const PageSizeOption*>(o)->pageRegionInvocation).size() +
+                       reinterpret_cast<const PageSizeOption*>(o)->imageableAreaL.further[1];
+            if (f->featureIndex == kFeatureResolution)
+                sum += TextOf(reinterpret_cast<const ResolutionOption*>(o)->jclInvocation).size();
+        }
+    }
+    for (const ResidentFont* f = model.residentFonts.get(); f; f = f->next.get())
+        sum += TextOf(f->name).size() + TextOf(f->value).size() + f->fontNumber;
+    for (uint16_t index = 0; index < kBuiltinFeatureCount; ++index)
+        sum += FeatureDefaultValue(&model, static_cast<FeatureIndex>(index));
+    uint8_t selections[kMaxSelections] = {};
+    uint8_t installed[kMaxSelections] = {};
+    sum += DocumentFeatureDefaults(&model, selections) + ResolveInstallableConflicts(&model, installed);
+    for (uint16_t feature = 0; feature < 4; ++feature)
+        sum += FindConflict(&model, installed, selections, feature, 0) +
+               FindConflict(&model, installed, nullptr, feature, 0);
+    return sum;
+}
+
+// Resolves a copy of exactly that size; when it is sound, asks everything of it.
+bool IsSound(const Bytes& bytes)
+{
+    const std::unique_ptr<uint8_t[]> copy(new uint8_t[bytes.size()]);
+    std::copy(bytes.begin(), bytes.end(), copy.get());
+    if (!ResolveImage({copy.get(), bytes.size()}))
+        return false;
+    EXPECT_GT(WalkEverything(*reinterpret_cast<ModelDescription*>(copy.get())), 0u);
+    return true;
+}
+
+// Everything an image can hold, once.
+constexpr char kSmallModel[] =
+    "*NickName: \"N\"\n*FileVersion: \"1.0\"\n*JCLBegin: \"<1B>\"\n*SleepMode x: \"1,2,3\"\n"
+    "*PageSize A4/A4: \"s\"\n*PageRegion A4: \"r\"\n*PaperDimension A4: \"595 842\"\n"
+    "*ImageableArea A4: \"10 10 580 830\"\n*InputSlot Up: \"u\"\n*Resolution 600: \"x\"\n*JCLResolution 600: "
+    "j\n"
+    "*VMOption 8: 8\n*VMOption None: 0\n*MediaType 0/P: \"0\"\n*MediaType None: \"1\"\n"
+    "*OpenGroup: InstallableOptions\n*OpenUI *G/Gg: PickOne\n*G a: \"1\"\n*G b: \"2\"\n*CloseUI: *G\n"
+    "*CloseGroup: InstallableOptions\n*Font Utah: v\n*Font Symbol: w\n"
+    "*UIConstraints: *MediaType 0 *G\n*UIConstraints: *VMOption *G a\n*OrderDependency: 1 Prolog "
+    "*MediaType\n";
+
+} // namespace
+
+TEST(Image, IsTheWorkedExampleByteForByte)
+{
+    const std::string text = "*FileVersion: \"1.0\"\r\n*MediaType 0: \"0\"\r\n";
+    ASSERT_EQ(text.size(), 40u);
+    const ModelPtr image(CompileToImage({text.data(), text.size()}, TEXT("C:\\x\\y.ppd")));
+    ASSERT_TRUE(image);
+    ASSERT_EQ(image->imageSize, 732u);
+
+    Bytes expected(732);
+    Put<uint32_t>(expected, 0, 732);
+    Put<uint64_t>(expected, 8, 576);
+    Put<uint16_t>(expected, 24, 3);
+    Put<uint16_t>(expected, 26, 0x9180);
+    Put<uint32_t>(expected, 36, 102400);
+    Put<uint32_t>(expected, 40, 1);
+    Put<uint32_t>(expected, 68, 240);
+    Put<uint32_t>(expected, 204, 11520);
+    Put<uint32_t>(expected, 208, 15360);
+    Put<uint32_t>(expected, 240, 256);
+    Put<uint16_t>(expected, 272, 1);
+    Put<uint64_t>(expected, 280, 608);
+    Put<uint64_t>(expected, 560, 600);
+    Put<uint64_t>(expected, 568, 604);
+    for (size_t i = 0; i < 10; ++i)
+        Put<uint16_t>(expected, 576 + 2 * i, static_cast<uint16_t>("C:\\x\\y.ppd"[i]));
+    Put<uint16_t>(expected, 602, 12);
+    Put<uint16_t>(expected, 606, 8);
+    Put<uint64_t>(expected, 608 + 8, 672);
+    Put<uint32_t>(expected, 608 + 16, 0x6E71);
+    Put<uint32_t>(expected, 608 + 40, 40);
+    Put<uint16_t>(expected, 608 + 44, 7);
+    Put<uint16_t>(expected, 608 + 48, 1);
+    Put<uint64_t>(expected, 608 + 56, 684);
+    PutText(expected, 672, "MediaType");
+    Put<uint64_t>(expected, 684 + 8, 724);
+    Put<uint32_t>(expected, 684 + 16, 0x30);
+    Put<uint64_t>(expected, 684 + 32, 728);
+    PutText(expected, 724, "0");
+    PutText(expected, 728, "0");
+
+    const Bytes bytes = BytesOf(image);
+    for (size_t i = 0; i < expected.size(); ++i)
+        ASSERT_EQ(bytes[i], expected[i]) << "byte " << i;
+    EXPECT_TRUE(IsSound(bytes));
+}
+
+TEST(Image, OfAnEmptyTextHoldsBothArrays)
+{
+    const Bytes bytes = BytesOf(CompileImage(""));
+    EXPECT_EQ(bytes.size(), 576u + 28 + 4 + 4);
+    EXPECT_TRUE(IsSound(bytes));
+    const ModelPtr model = CompileModel("");
+    EXPECT_EQ(model->orderDependencies->count, 0);
+    EXPECT_EQ(model->constraints->count, 0);
+    EXPECT_EQ(model->constraints->entrySize, 8);
+    EXPECT_FALSE(model->features);
+}
+
+TEST(Image, GivesEachArray12BytesAnEntry)
+{
+    const std::string name = "*CM a: \"\"\n";
+    const size_t none = BytesOf(CompileImage(name)).size();
+    EXPECT_EQ(BytesOf(CompileImage(name + "*UIConstraints: *CM *CM\n")).size(), none + 12);
+    EXPECT_EQ(BytesOf(CompileImage(name + "*OrderDependency: 1 Prolog *CM\n")).size(), none + 12);
+}
+
+TEST(Image, IsRefusedWhenCutAnywhere)
+{
+    const Bytes whole = BytesOf(CompileImage(kSmallModel));
+    ASSERT_TRUE(IsSound(whole));
+    for (size_t size = 0; size < whole.size(); ++size) {
+        Bytes cut(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(size));
+        EXPECT_FALSE(IsSound(cut)) << size;
+        if (size >= sizeof(ModelDescription)) {
+            Put(cut, 0, static_cast<uint32_t>(size));
+            IsSound(cut);
+        }
+    }
+}
+
+TEST(Image, IsSafeToUseOrRefusedWhenAnyBitIsFlipped)
+{
+    const Bytes whole = BytesOf(CompileImage(kSmallModel));
+    size_t refused = 0;
+    for (size_t bit = 0; bit < whole.size() * 8; ++bit) {
+        Bytes flipped = whole;
+        flipped[bit / 8] ^= static_cast<uint8_t>(1 << (bit % 8));
+        refused += IsSound(flipped) ? 0 : 1;
+    }
+    EXPECT_GT(refused, whole.size());
+}
+
+TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
+{
+    const Bytes whole = BytesOf(CompileImage("*CM a: \"1\"\n*CM b: \"2\"\n*ICM c: \"3\"\n*Font Utah: v\n"
+                                             "*VMOption 8: 8\n"));
+    auto at = [&whole](size_t offset) {
+        uint64_t value;
+        std::memcpy(&value, whole.data() + offset, sizeof(value));
+        return value;
+    };
+    const uint64_t cm = at(280);
+    const uint64_t icm = at(cm);
+    const uint64_t memory = at(icm);
+    const uint64_t a = at(cm + 56);
+    const uint64_t b = at(a);
+    const uint64_t font = at(552);
+    struct Patch
+    {
+        const char* why;
+        uint64_t offset;
+        uint64_t value;
+        bool sound;
+    };
+    const Patch patches[] = {
+        {"option list runs in a circle", b, a, false},
+        {"option follows itself", a, a, false},
+        {"feature list runs in a circle", icm, cm, false},
+        {"feature list runs backwards", memory, icm, false},
+        {"two features share their options", icm + 56, a, false},
+        {"option inside a feature", cm + 56, cm + 8, false},
+        {"record in the header", 280, 8, false},
+        {"record not at a multiple of 4", 280, cm + 2, false},
+        {"record over the end", b, whole.size() - 8, false},
+        {"record at the end", b, whole.size(), false},
+        {"record beyond the end is none", b, whole.size() + 1, true},
+        {"last record far beyond the end is none", b, ~uint64_t{0}, true},
+        {"feature list cut short against its count", icm, 0, false},
+        {"name is none", b + 8, 0, false},
+        {"name beyond the end is none", b + 8, whole.size() + 1, false},
+        {"name at the end", b + 8, whole.size(), false},
+        {"name in the header", b + 8, 16, false},
+        {"translation beyond the end is none", b + 24, whole.size() + 1, true},
+        {"invocation at the end", b + 32, whole.size(), false},
+        {"keyword is none", icm + 8, 0, false},
+        {"font without name", font + 8, 0, false},
+        {"font without value", font + 24, 0, false},
+        {"font before the features", 552, a, false},
+        {"no fonts", 552, 0, true},
+        {"no source path", 8, 0, false},
+        {"source path in the header", 8, 100, false},
+        {"no orders", 560, 0, true},
+        {"no constraints", 568, 0, true},
+        {"arrays in the wrong order", 568, at(560), false},
+        {"array over the end", 568, whole.size() - 2, false},
+        {"default of any number", cm + 32, ~uint64_t{0}, true},
+    };
+    ASSERT_TRUE(IsSound(whole));
+    for (const Patch& patch : patches) {
+        Bytes bytes = whole;
+        Put(bytes, patch.offset, patch.value);
+        EXPECT_EQ(IsSound(bytes), patch.sound) << patch.why;
+    }
+    struct Patch16
+    {
+        const char* why;
+        uint64_t offset;
+        uint16_t value;
+    };
+    const Patch16 patches16[] = {
+        {"another format version", 24, 2},
+        {"size word too large", 0, static_cast<uint16_t>(whole.size() + 4)},
+        {"size word too small", 0, static_cast<uint16_t>(whole.size() - 4)},
+        {"option record size of another kind", cm + 40, 48},
+        {"feature index of another kind", cm + 44, kFeaturePageSize},
+        {"feature index past the slots", cm + 44, 33},
+        {"slot taken twice", icm + 44, kFeatureCm},
+        {"wrong ordinal", icm + 50, 0},
+        {"installable before a document feature", cm + 52, 1},
+        {"installable of another value", memory + 52, 2},
+        {"document feature count", 272, 3},
+        {"installable feature count", 274, 0},
+        {"entry size", at(560) + 2, 8},
+        {"more entries than the block holds", at(568), 60000},
+        {"last byte", whole.size() - 2, 0x100},
+    };
+    for (const Patch16& patch : patches16) {
+        Bytes bytes = whole;
+        Put(bytes, patch.offset, patch.value);
+        EXPECT_FALSE(IsSound(bytes)) << patch.why;
+    }
+}
+
+TEST(Image, IsRefusedWhenItsPathDoesNotEnd)
+{
+    Bytes bytes = BytesOf(CompileImage(""));
+    std::fill(bytes.begin() + 576, bytes.end(), uint8_t{'x'});
+    bytes.back() = 0;
+    Put<uint64_t>(bytes, 560, 0);
+    Put<uint64_t>(bytes, 568, 0);
+    EXPECT_FALSE(IsSound(bytes));
+}
+
+TEST(Image, HasItsNameFromTheText)
+{
+    struct Case
+    {
+        const WCHAR* path;
+        const WCHAR* expected;
+    };
+    constexpr Case kCases[] = {
+        {TEXT("C:\\drv\\model.ppd"), TEXT("C:\\drv\\model.BDD")},
+        {TEXT("C:\\drv.old\\model"), TEXT("C:\\drv.BDD")},
+        {TEXT("model"), TEXT("model.BDD")},
+        {TEXT("a.b.c"), TEXT("a.b.BDD")},
+        {TEXT("model."), TEXT("model.BDD")},
+        {TEXT(""), TEXT(".BDD")},
+    };
+    for (const Case& c : kCases) {
+        WCHAR name[kImagePathUnits];
+        ASSERT_TRUE(ImagePathOf(c.path, name));
+        EXPECT_EQ(lstrcmpW(name, c.expected), 0);
+    }
+    WCHAR name[kImagePathUnits];
+    EXPECT_TRUE(ImagePathOf(std::basic_string<WCHAR>(259, 'x').c_str(), name));
+    EXPECT_EQ(lstrlenW(name), 263);
+    EXPECT_FALSE(ImagePathOf(std::basic_string<WCHAR>(260, 'x').c_str(), name));
+    EXPECT_TRUE(ImagePathOf((std::basic_string<WCHAR>(259, 'x') + TEXT(".longer")).c_str(), name));
+}
+
+TEST(Compilation, YieldsNothingAndLeaksNothingWhenAnyAllocationFails)
+{
+    std::string text = kSmallModel;
+    for (int i = 0; i < 500; ++i)
+        text += "*GMODE option" + std::to_string(i) + "/<41>: \"1\"\n*UIConstraints: *GMODE *CM\n";
+    host::FailAllocations(UINT64_MAX, false);
+    ASSERT_TRUE(CompileImage(text));
+    const uint64_t requests = host::AllocationsSeen();
+    EXPECT_GT(requests, 5u);
+    EXPECT_LT(requests, 60u);
+    const host::Ledger before = host::OpenObjects();
+    for (uint64_t skip = 0; skip < requests; ++skip) {
+        Collector collector;
+        host::FailAllocations(skip, false);
+        EXPECT_FALSE(CompileImage(text, &collector)) << skip;
+        host::StopFailing();
+        EXPECT_EQ(host::OpenObjects(), before) << skip;
+    }
+}
+
+} // namespace psui::test

@@ -1,0 +1,364 @@
+#include "psui/model/queries.h"
+
+#include "model_fixture.h"
+
+namespace psui::test {
+
+namespace {
+
+struct DefaultCase
+{
+    const char* keyword;
+    FeatureIndex index;
+    uint16_t fallback;
+};
+
+constexpr DefaultCase kDefaults[] = {
+    {"MultiplePage", kFeatureMultiplePage, 0},
+    {"MediaType", kFeatureMediaType, 0},
+    {"HRC", kFeatureHrc, 0},
+    {"Tray", kFeatureTray, 7},
+    {"Thickness", kFeatureThickness, 0},
+    {"CM", kFeatureCm, 1},
+    {"CAPT", kFeatureCapt, 1},
+    {"DOCTYPE", kFeatureDocType, 2},
+    {"TTMODE", kFeatureTtMode, 0},
+    {"CMPMODE", kFeatureCmpMode, 9},
+    {"GMODE", kFeatureGMode, 0},
+    {"DIRMODE", kFeatureDirMode, 1},
+    {"CHALFTONE", kFeatureCHalftone, 3},
+    {"COLOR", kFeatureColor, 2},
+    {"PageProtect", kFeaturePageProtect, 1},
+    {"KCDraft", kFeatureKcDraft, 0},
+    {"SFQuality", kFeatureSfQuality, 0},
+    {"PrtArea", kFeaturePrtArea, 0},
+};
+
+// Two document features and three installable ones that exclude each other in a circle.
+constexpr char kCircle[] =
+    "*CM a: \"0\"\n*CM b: \"1\"\n*CM None: \"2\"\n"
+    "*ICM c: \"0\"\n*ICM d: \"1\"\n*ICM False: \"2\"\n*DefaultICM: d\n"
+    "*OpenGroup: InstallableOptions\n"
+    "*OpenUI *P: PickOne\n*P p0: \"\"\n*P p1: \"\"\n*CloseUI: *P\n"
+    "*OpenUI *Q: PickOne\n*DefaultQ: True\n*Q False: \"\"\n*Q True: \"\"\n*CloseUI: *Q\n"
+    "*OpenUI *R: PickOne\n*R r0: \"\"\n*R r1: \"\"\n*R r2: \"\"\n*CloseUI: *R\n"
+    "*CloseGroup: InstallableOptions\n";
+
+ModelPtr CircleWith(const char* constraints)
+{
+    return CompileModel(std::string(kCircle) + constraints);
+}
+
+} // namespace
+
+TEST(Query, AnswersNeutrallyWithoutFeatureOrModel)
+{
+    const ModelPtr empty = CompileModel("");
+    for (const ModelDescription* model :
+         {static_cast<const ModelDescription*>(nullptr), static_cast<const ModelDescription*>(empty.get())}) {
+        EXPECT_EQ(BuiltinFeature(model, kFeatureTray), nullptr);
+        EXPECT_EQ(DefaultResolutionDpi(model), 300u);
+        EXPECT_EQ(FindResolutionOption(model, 300), nullptr);
+        EXPECT_FALSE(TrayHasChoice(model));
+        EXPECT_FALSE(DuplexAvailable(model));
+        EXPECT_EQ(SleepModeListItem(model, 2), 1);
+        EXPECT_EQ(MemorySizeListItem(model, 2), 1);
+        EXPECT_FALSE(OptionIsOff(model, 0, 0));
+        EXPECT_FALSE(IsConstrained(model, 0, 0, 1, 0));
+        uint8_t selections[kMaxSelections];
+        std::memset(selections, 0x5A, sizeof(selections));
+        EXPECT_EQ(FindConflict(model, selections, selections, 0, 0), 0u);
+        EXPECT_EQ(DocumentFeatureDefaults(model, selections), 0);
+        EXPECT_EQ(ResolveInstallableConflicts(model, selections), 0);
+        for (uint8_t selection : selections)
+            EXPECT_EQ(selection, 0x5A);
+        for (const DefaultCase& c : kDefaults)
+            EXPECT_EQ(FeatureDefaultValue(model, c.index), c.fallback) << c.keyword;
+    }
+    EXPECT_EQ(FirstOption(nullptr), nullptr);
+    EXPECT_EQ(OptionCount(nullptr), 0u);
+    EXPECT_EQ(FindByNameIndexed(static_cast<const ModelOption*>(nullptr), "x").index, kNotFound);
+    EXPECT_EQ(FindByTranslationOrName(nullptr, "x").index, kNotFound);
+}
+
+TEST(Query, ReadsTheDefaultOptionsCode)
+{
+    for (const DefaultCase& c : kDefaults) {
+        const std::string k = c.keyword;
+        const ModelPtr model =
+            CompileModel("*Default" + k + ": b\n*" + k + " a: \"4\"\n*" + k + " b: \" 65541x\"\n");
+        EXPECT_EQ(FeatureDefaultValue(model.get(), c.index), 5) << k;
+        EXPECT_EQ(FeatureDefaultValue(CompileModel("*Default" + k + ": b\n").get(), c.index), 0) << k;
+    }
+    ModelPtr model = CompileModel("*CM a: \"3\"\n*Tray x: \"\"\n*Duplex N: \"\"\n");
+    const_cast<ModelFeature*>(BuiltinFeature(model.get(), kFeatureCm))->defaultOption = uint64_t{1} << 32;
+    EXPECT_EQ(FeatureDefaultValue(model.get(), kFeatureCm), 0);
+    EXPECT_FALSE(TrayHasChoice(model.get()));
+    EXPECT_TRUE(DuplexAvailable(model.get()));
+    EXPECT_TRUE(TrayHasChoice(CompileModel("*Tray x: \"\"\n*Tray y: \"\"\n").get()));
+}
+
+TEST(Query, FindsRecordsByNameTranslationAndPlace)
+{
+    const ModelPtr model = CompileModel("*CM a/b: \"1\"\n*CM b/c: \"2\"\n*CM d: \"3\"\n*ICM x: \"\"\n");
+    const ModelOption* options = FirstOption(BuiltinFeature(model.get(), kFeatureCm));
+    EXPECT_EQ(FindByNameIndexed(options, "d").index, 2);
+    EXPECT_EQ(FindByNameIndexed(options, "e").index, kNotFound);
+    EXPECT_EQ(FindByNameIndexed(options, "e").node, nullptr);
+    EXPECT_EQ(FindByNameIndexed(model->features.get(), "ICM").index, 1);
+    EXPECT_EQ(FindByTranslationOrName(options, "b").index, 0);
+    EXPECT_EQ(FindByTranslationOrName(options, "c").index, 1);
+    EXPECT_EQ(FindByTranslationOrName(options, "d").index, 2);
+    EXPECT_EQ(FindByTranslationOrName(options, "").index, kNotFound);
+    EXPECT_EQ(NthNode(options, 2), FindByName(options, "d"));
+    EXPECT_EQ(NthNode(options, 3), nullptr);
+    EXPECT_EQ(ListLength(options), 3u);
+}
+
+TEST(Query, ReadsDecimalsAsFarAsTheyGo)
+{
+    struct Case
+    {
+        const char* text;
+        int32_t expected;
+    };
+    constexpr Case kCases[] = {
+        {nullptr, 0},
+        {"", 0},
+        {"x", 0},
+        {"600dpi", 600},
+        {" \t12", 12},
+        {"-5", -5},
+        {"+5", 5},
+        {"- 5", 0},
+        {"--5", 0},
+        {"\n5", 0},
+        {"2147483647", 2147483647},
+        {"2147483648", 2147483647},
+        {"-2147483648", INT32_MIN},
+        {"-99999999999999999999", INT32_MIN},
+    };
+    for (const Case& c : kCases)
+        EXPECT_EQ(DecimalOf(c.text), c.expected) << (c.text ? c.text : "null");
+}
+
+TEST(ListItem, IsTheNthNumberOrTheLast)
+{
+    struct Case
+    {
+        const char* list;
+        uint32_t n;
+        uint16_t expected;
+    };
+    constexpr Case kCases[] = {
+        {"10,20,30", 0, 10},
+        {"10,20,30", 2, 30},
+        {"10,20,30", 9, 30},
+        {"10,20", 2, 20},
+        {"10 20\t30", 2, 30},
+        {"10,,30", 1, 0},
+        {"10, 30", 2, 30},
+        {"10,", 2, 0},
+        {"10", 0, 1},
+        {"10", 2, 1},
+        {"10,20,30,40,50,60,70,80,90,10", 2, 30},
+        {"10,20,30,40,50,60,70,80,90,100", 2, 1},
+        {"1,65537", 1, 1},
+    };
+    for (const Case& c : kCases) {
+        const std::string list = c.list;
+        const ModelPtr model =
+            CompileModel("*SleepMode x: \"" + list + "\"\n*MemorySize x: \"" + list + "\"\n");
+        EXPECT_EQ(SleepModeListItem(model.get(), c.n), c.expected) << list << " item " << c.n;
+        EXPECT_EQ(MemorySizeListItem(model.get(), c.n), c.expected) << list << " item " << c.n;
+    }
+}
+
+TEST(Selections, AreNeverWrittenPastTheirEnd)
+{
+    std::string text = "*Resolution 300: \"\"\n";
+    for (int group = 0; group < 2; ++group) {
+        for (int i = 0; i < 200; ++i) {
+            const std::string name = (group ? "I" : "D") + std::to_string(i);
+            text += "*OpenUI *" + name + ": PickOne\n*Default" + name + ": b\n*" + name + " a: \"\"\n*" +
+                    name + " b: \"\"\n";
+        }
+        text += "*OpenGroup: InstallableOptions\n";
+    }
+    const ModelPtr model = CompileModel(text);
+    struct
+    {
+        uint8_t selections[kMaxSelections];
+        uint8_t beyond[256];
+    } memory;
+    std::memset(&memory, 0x77, sizeof(memory));
+    EXPECT_EQ(DocumentFeatureDefaults(model.get(), memory.selections), 201);
+    EXPECT_EQ(memory.selections[0], 255);
+    EXPECT_EQ(memory.selections[63], 1);
+    EXPECT_EQ(ResolveInstallableConflicts(model.get(), memory.selections), 200);
+    EXPECT_EQ(memory.selections[0], 1);
+    for (uint8_t byte : memory.beyond)
+        EXPECT_EQ(byte, 0x77);
+}
+
+TEST(Constraint, ForbidsWhatItsEntriesSay)
+{
+    struct Case
+    {
+        const char* entry;
+        uint16_t a, b;
+        bool expected;
+    };
+    // CM is 0 (a b None), ICM is 1 (c d False).
+    constexpr Case kCases[] = {
+        {"*CM a *ICM c", 0, 0, true},     {"*CM a *ICM c", 0, 1, false},   {"*CM a *ICM c", 1, 0, false},
+        {"*CM a *ICM c", 255, 0, false},  {"*CM *ICM c", 0, 0, true},      {"*CM *ICM c", 2, 0, false},
+        {"*CM *ICM c", 255, 0, true},     {"*CM *ICM c", 77, 0, true},     {"*CM None *ICM c", 2, 0, true},
+        {"*CM a *ICM", 0, 1, true},       {"*CM a *ICM", 0, 2, false},     {"*CM a *ICM", 0, 255, true},
+        {"*CM a *ICM False", 0, 2, true}, {"*CM a *ICM", 0, 77, true},     {"*ICM c *CM a", 0, 0, false},
+        {"*CM zz *ICM", 0, 0, false},     {"*CM a *ICM c", 0, 255, false},
+    };
+    for (const Case& c : kCases) {
+        const ModelPtr model = CircleWith((std::string("*UIConstraints: ") + c.entry + "\n").c_str());
+        EXPECT_EQ(IsConstrained(model.get(), 0, c.a, 1, c.b), c.expected)
+            << c.entry << " " << c.a << " " << c.b;
+        EXPECT_FALSE(IsConstrained(model.get(), kUnresolved, c.a, 1, c.b)) << c.entry;
+    }
+}
+
+TEST(Conflict, NamesTheChoiceThatForbids)
+{
+    // Features: 0 CM, 1 ICM, then installable 2 P, 3 Q, 4 R.
+    const ModelPtr model = CircleWith("*UIConstraints: *CM b *ICM d\n*UIConstraints: *Q True *ICM d\n"
+                                      "*UIConstraints: *R r1 *P p1\n*UIConstraints: *ICM *ICM d\n");
+    const uint8_t off[kMaxSelections] = {0, 0, 0};
+    const uint8_t on[kMaxSelections] = {0, 1, 1};
+    const uint8_t b[kMaxSelections] = {1, 0};
+    const uint8_t none[kMaxSelections] = {255, 1};
+    EXPECT_EQ(FindConflict(model.get(), off, b, 1, 1), 0x20001u);
+    EXPECT_EQ(FindConflict(model.get(), on, b, 1, 1), 0x20001u);
+    EXPECT_EQ(FindConflict(model.get(), on, none, 1, 1), 0x10301u);
+    EXPECT_EQ(FindConflict(model.get(), off, none, 1, 1), 0u);
+    EXPECT_EQ(FindConflict(model.get(), on, b, 1, 255), 0u);
+    EXPECT_EQ(FindConflict(model.get(), on, b, 1, 0), 0u);
+    EXPECT_EQ(FindConflict(model.get(), on, nullptr, 0, 1), 0x10401u);
+    EXPECT_EQ(FindConflict(model.get(), off, nullptr, 0, 1), 0u);
+}
+
+TEST(Conflict, CodeHoldsTheLowByteOfTheFeatureNumber)
+{
+    std::string text;
+    for (int i = 0; i < 300; ++i)
+        text += "*OpenUI *D" + std::to_string(i) + ": PickOne\n*D" + std::to_string(i) + " a: \"\"\n";
+    text += "*VMOption 8: 8\n*UIConstraints: *VMOption 8 *D7 a\n";
+    const ModelPtr model = CompileModel(text);
+    const uint8_t zero[kMaxSelections] = {};
+    EXPECT_EQ(FindConflict(model.get(), zero, zero, 7, 0), 0x10000u + (300 & 255) * 256);
+}
+
+TEST(InstallableConflicts, AreRepaired)
+{
+    struct Case
+    {
+        const char* why;
+        const char* constraints;
+        uint8_t expected[3];
+    };
+    constexpr Case kCases[] = {
+        {"nothing to do: P p0, Q True, R r0", "", {0, 1, 0}},
+        {"the forbidden one moves", "*UIConstraints: *Q True *P p0\n", {1, 1, 0}},
+        {"to its first free option",
+         "*UIConstraints: *P p0 *R r0\n*UIConstraints: *Q True *R r1\n",
+         {0, 1, 2}},
+        {"else the one that forbids moves", "*UIConstraints: *Q True *P\n", {0, 0, 0}},
+        {"any option leaves False free", "*UIConstraints: *P p0 *Q\n", {0, 0, 0}},
+        {"an option that is off forbids nothing",
+         "*UIConstraints: *P *Q\n*UIConstraints: *Q *R r0\n",
+         {0, 0, 0}},
+        {"no way out leaves both alone", "*UIConstraints: *P *R\n", {0, 1, 0}},
+        {"document features take no part", "*UIConstraints: *CM *P\n*UIConstraints: *P *CM\n", {0, 1, 0}},
+        {"a feature does not exclude itself", "*UIConstraints: *P p0 *P p0\n", {0, 1, 0}},
+    };
+    for (const Case& c : kCases) {
+        const ModelPtr model = CircleWith(c.constraints);
+        uint8_t selections[kMaxSelections] = {};
+        EXPECT_EQ(ResolveInstallableConflicts(model.get(), selections), 3);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(selections[i], c.expected[i]) << c.why << ", feature " << i;
+    }
+}
+
+namespace {
+
+// The repair as its definition states it, one question at a time.
+void RepairStepByStep(const ModelDescription* model, uint8_t (&sel)[kMaxSelections])
+{
+    const uint16_t n = model->documentFeatureCount;
+    const uint16_t count = model->installableFeatureCount;
+    auto feature = [&](uint16_t i) { return NthNode(model->features.get(), n + uint32_t{i}); };
+    auto forbids = [&](uint16_t a, uint16_t o, uint16_t b, uint16_t p) {
+        return IsConstrained(model, static_cast<uint16_t>(n + a), o, static_cast<uint16_t>(n + b), p);
+    };
+    for (uint16_t i = 0; i < count; ++i)
+        sel[i] = static_cast<uint8_t>(feature(i)->defaultOption);
+    for (uint16_t j = 0; j < count; ++j) {
+        uint16_t k = 0;
+        while (k < count && (k == j || !forbids(k, sel[k], j, sel[j])))
+            ++k;
+        if (k == count)
+            continue;
+        bool moved = false;
+        for (uint16_t o = 0; o < OptionCount(feature(j)) && !moved; ++o) {
+            bool free = true;
+            for (uint16_t m = 0; m < count; ++m)
+                free = free && (m == j || !forbids(m, sel[m], j, o));
+            if (free)
+                sel[j] = static_cast<uint8_t>(o);
+            moved = free;
+        }
+        for (uint16_t p = 0; p < OptionCount(feature(k)) && !moved; ++p) {
+            moved = !forbids(k, p, j, sel[j]);
+            if (moved)
+                sel[k] = static_cast<uint8_t>(p);
+        }
+    }
+}
+
+} // namespace
+
+TEST(InstallableConflicts, AreRepairedAsTheStepsSayForAnyConstraints)
+{
+    uint32_t state = 12345;
+    auto random = [&state](uint32_t below) {
+        state = state * 1664525 + 1013904223;
+        return (state >> 16) % below;
+    };
+    const char* sides[] = {"*P", "*P p0", "*P p1", "*Q",    "*Q False", "*Q True",
+                           "*R", "*R r0", "*R r1", "*R r2", "*CM"};
+    for (int round = 0; round < 400; ++round) {
+        std::string constraints;
+        for (uint32_t i = random(8); i > 0; --i)
+            constraints +=
+                std::string("*UIConstraints: ") + sides[random(11)] + " " + sides[random(11)] + "\n";
+        const ModelPtr model = CircleWith(constraints.c_str());
+        uint8_t expected[kMaxSelections] = {};
+        uint8_t selections[kMaxSelections] = {};
+        RepairStepByStep(model.get(), expected);
+        ResolveInstallableConflicts(model.get(), selections);
+        ASSERT_EQ(std::memcmp(selections, expected, sizeof(expected)), 0) << constraints;
+    }
+}
+
+TEST(Units, ConvertInSinglePrecisionAndTruncate)
+{
+    EXPECT_EQ(MicronsToPoints256(210000), 152390);
+    EXPECT_EQ(MicronsToPoints256(297000), 215523);
+    EXPECT_EQ(MicronsToPoints256(-25400), -18432);
+    EXPECT_EQ(Points256ToMicrons(18432), 25400);
+    EXPECT_EQ(Points256ToMicrons(595 * 256), 209902);
+    EXPECT_EQ(Points256ToMicrons(-1), -1);
+    EXPECT_EQ(Points256ToMicrons(INT32_MAX), INT32_MAX);
+    EXPECT_EQ(Points256ToMicrons(INT32_MIN), INT32_MIN);
+}
+
+} // namespace psui::test

@@ -1,0 +1,161 @@
+#include "psui/model/statement.h"
+
+#include "model_fixture.h"
+#include "psui/model/values.h"
+
+namespace psui::compiler {
+
+namespace {
+
+// Every call of the tokenizer, written out: keyword|option|translation|kind value, or the status.
+std::string Cut(std::string_view text)
+{
+    constexpr const char* kKinds[] = {"none", "quoted", "bare", "symbol"};
+    std::string result;
+    Tokenizer tokenizer(text);
+    ModelStatement s;
+    for (;;) {
+        const TokenStatus status = tokenizer.Next(s);
+        if (status == TokenStatus::EndOfText)
+            return result + (s.star ? "unfinished" : "end");
+        if (status == TokenStatus::FieldTooLong)
+            return result + "too long";
+        if (status == TokenStatus::Rejected) {
+            result += "rejected; ";
+            continue;
+        }
+        result += std::string(s.keyword) + "|" + std::string(s.option) + "|" + std::string(s.translation) +
+                  "|" + kKinds[static_cast<int>(s.kind)] + "<" + std::string(s.value) + ">; ";
+    }
+}
+
+struct CutCase
+{
+    std::string text;
+    std::string expected;
+};
+
+const std::string kForty(40, 'k');
+
+} // namespace
+
+TEST(Tokenizer, CutsEveryShapeOfStatement)
+{
+    const CutCase cases[] = {
+        {"", "end"},
+        {"*End\n", "End|||none<>; end"},
+        {"*End \t\r\n", "End|||none<>; end"},
+        {"*NickName: \"a b\"\r\n", "NickName|||quoted<a b>; end"},
+        {"*NickName:\"a\" tail *X: 1\n", "NickName|||quoted<a>; end"},
+        {"*Q: \"one\r\n*two: 3\r\nthree\"\n", "Q|||quoted<one\r\n*two: 3\r\nthree>; end"},
+        {"*Q: \"a/b\"\n", "Q|||quoted<a/b>; end"},
+        {"*Default: Letter/US Letter\n", "Default|||bare<Letter>; end"},
+        {"*Default:  Letter \n", "Default|||bare<Letter >; end"},
+        {"*Default:\n", "Default|||bare<>; end"},
+        {"*Default: /x\n", "Default|||bare<>; end"},
+        {"*Default: a\"b\"\n", "Default|||bare<a\"b\">; end"},
+        {"*Sym: ^name/x\n", "Sym|||symbol<^name>; end"},
+        {"*Page A4:\"x\"\n", "Page|A4||quoted<x>; end"},
+        {"*Page\tA4 /A4 210 x 297 mm/: \"x\"\n", "Page|A4|A4 210 x 297 mm/|quoted<x>; end"},
+        {"*A/B x: 1\n", "A/B|x||bare<1>; end"},
+        {"*?Query: \"x\n y\"\n*A: 1\n", "?Query|||quoted<x\n y>; A|||bare<1>; end"},
+        {"**A: 1\n", "*A|||bare<1>; end"},
+        {"text\n *A: 1\n\t*A: 1\n%*A: 1\n*%A: 1\n*A: 1\r", "A|||bare<1>; end"},
+        {"*%\"\n*A: 1\n", "A|||bare<1>; end"},
+        {std::string("*Q: \"a\0b\"\n", 10), "Q|||quoted<a>; end"},
+        {"*" + kForty + " " + kForty + "/" + kForty + ": x\n",
+         kForty + "|" + kForty + "|" + kForty + "|bare<x>; end"},
+        {"*%" + kForty + kForty + "\n", "end"},
+    };
+    for (const CutCase& c : cases)
+        EXPECT_EQ(Cut(c.text), c.expected) << testing::PrintToString(c.text);
+}
+
+TEST(Tokenizer, RejectsWhatIsNoStatementAndGoesOnBehindTheBadCharacter)
+{
+    const CutCase cases[] = {
+        {"* A: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*:*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A x\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A x y: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A /t: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A x/:*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A x/t\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A x/t\x80: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
+        {"*A\x80*B: 1\n", "rejected; B|||bare<1>; end"},
+        {std::string("*A\0*B: 1\n", 9), "rejected; B|||bare<1>; end"},
+        {"*A: 1\n*" + kForty + "k: 1\n*B: 1\n", "A|||bare<1>; too long"},
+        {"*A " + kForty + "k: 1\n", "too long"},
+        {"*A x/" + kForty + "k: 1\n", "too long"},
+        {"*" + kForty + "k", "too long"},
+    };
+    for (const CutCase& c : cases)
+        EXPECT_EQ(Cut(c.text), c.expected) << testing::PrintToString(c.text);
+}
+
+TEST(Tokenizer, DropsTheStatementInWhichTheTextEnds)
+{
+    const std::string whole = "*Page A4/Name: \"x\" \n";
+    for (size_t length = 1; length < whole.size(); ++length)
+        EXPECT_EQ(Cut("*A: 1\n" + whole.substr(0, length)), "A|||bare<1>; unfinished") << length;
+    EXPECT_EQ(Cut("*A: 1"), "unfinished");
+}
+
+TEST(Number, IsReadAsFarAsItGoes)
+{
+    struct NumberCase
+    {
+        std::string_view text;
+        int64_t integer; ///< -1 when there is none
+        int64_t real;
+    };
+    constexpr NumberCase kCases[] = {
+        {"0", 0, 0},
+        {"42x9", 42, 42 * 256},
+        {"-7", 0, 0},
+        {"1.5", 1, 384},
+        {".5", -1, 128},
+        {"5.", 5, 1280},
+        {"-.5", -1, 0},
+        {"1.01", 1, 259},
+        {"1.00", 1, 256},
+        {"0.00195", 0, 0},
+        {"0.00196", 0, 1},
+        {"0.999999", 0, 256},
+        {"1.123456789", 1, 288},
+        {"1e5", 1, 256},
+        {"16777215.99", 16777215, 4294967293},
+        {"16777215.999", 16777215, -1},
+        {"16777216", 16777216, -1},
+        {"4294967295", 4294967295, -1},
+        {"4294967296", -1, -1},
+        {"99999999999999999999999999", -1, -1},
+        {"-99999999999999999999999999", 0, 0},
+        {"", -1, -1},
+        {" 1", -1, -1},
+        {"-", -1, -1},
+        {".", -1, -1},
+        {"+1", -1, -1},
+        {"--1", -1, -1},
+        {"x", -1, -1},
+    };
+    for (const NumberCase& c : kCases) {
+        uint32_t value = 0;
+        EXPECT_EQ(ReadInteger(c.text, value) ? int64_t{value} : -1, c.integer) << c.text;
+        EXPECT_EQ(ReadReal(c.text, value) ? int64_t{value} : -1, c.real) << c.text;
+    }
+}
+
+TEST(List, YieldsWordsOfAtMost39Characters)
+{
+    const std::string list = " \ta  b\nc " + std::string(45, 'w') + " ";
+    WordReader words(list);
+    EXPECT_EQ(words.Next(), "a");
+    EXPECT_EQ(words.Next(), "b\nc");
+    EXPECT_EQ(words.Next(), std::string(39, 'w'));
+    EXPECT_EQ(words.Next(), "");
+    EXPECT_EQ(words.Next(), "");
+}
+
+} // namespace psui::compiler
