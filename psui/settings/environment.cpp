@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "psui/base/registry.h"
 #include "psui/settings/text.h"
 
 namespace psui {
@@ -14,38 +15,6 @@ constexpr WCHAR kPrintersKey[] = TEXT("SYSTEM\\CurrentControlSet\\Control\\Print
 constexpr int kLongestKeyName = 255;
 
 constexpr int kUnitedStates = 1;
-
-class RegistryKey
-{
-public:
-    RegistryKey(HKEY parent, const WCHAR* path)
-    {
-        if (RegOpenKeyExW(parent, path, 0, KEY_QUERY_VALUE, &key_) != ERROR_SUCCESS)
-            key_ = nullptr;
-    }
-    ~RegistryKey()
-    {
-        if (key_)
-            RegCloseKey(key_);
-    }
-    RegistryKey(const RegistryKey&) = delete;
-    RegistryKey& operator=(const RegistryKey&) = delete;
-
-    /// Reads a text of at most `units` - 1 units and terminates it.
-    bool ReadText(const WCHAR* name, WCHAR* text, DWORD units) const
-    {
-        DWORD type = 0;
-        DWORD bytes = (units - 1) * sizeof(WCHAR);
-        if (!key_ || RegQueryValueExW(key_, name, nullptr, &type, reinterpret_cast<BYTE*>(text), &bytes) !=
-                         ERROR_SUCCESS)
-            return false;
-        text[bytes / sizeof(WCHAR)] = 0; // stored texts need not be terminated
-        return type == REG_SZ || type == REG_EXPAND_SZ;
-    }
-
-private:
-    HKEY key_ = nullptr;
-};
 
 /// Blanks, sign and digits up to the first other character; 0 without digits. Large numbers saturate.
 int DecimalOf(const WCHAR* text)
@@ -75,7 +44,7 @@ bool CountryUsesLetter(int country)
 
 bool HasPrintProcessor(const WCHAR* printerName, const WCHAR* processor)
 {
-    constexpr int kLongestProcessorName = 20; // units, 40 bytes
+    constexpr int kProcessorUnits = 20; // 40 bytes, terminator included
     if (!printerName || !*printerName)
         return false;
     const int length = BoundedLength(printerName, kLongestKeyName + 1);
@@ -85,8 +54,9 @@ bool HasPrintProcessor(const WCHAR* printerName, const WCHAR* processor)
     WCHAR* end = std::copy_n(kPrintersKey, std::size(kPrintersKey) - 1, path);
     *std::copy_n(printerName, length, end) = 0;
 
-    WCHAR value[kLongestProcessorName + 1];
-    return RegistryKey(HKEY_LOCAL_MACHINE, path).ReadText(TEXT("Print Processor"), value, std::size(value)) &&
+    WCHAR value[kProcessorUnits];
+    const RegistryKey printer = RegistryKey::Open(HKEY_LOCAL_MACHINE, path, KEY_QUERY_VALUE);
+    return printer.ReadText(TEXT("Print Processor"), value, std::size(value)) &&
            EqualNoCase(value, processor);
 }
 
@@ -95,8 +65,8 @@ bool HasPrintProcessor(const WCHAR* printerName, const WCHAR* processor)
 bool IsMetricCountry()
 {
     WCHAR text[32];
-    const bool known =
-        RegistryKey(HKEY_CURRENT_USER, kInternationalKey).ReadText(TEXT("iCountry"), text, std::size(text));
+    const RegistryKey key = RegistryKey::Open(HKEY_CURRENT_USER, kInternationalKey, KEY_QUERY_VALUE);
+    const bool known = key.ReadText(TEXT("iCountry"), text, std::size(text));
     return !CountryUsesLetter(known ? DecimalOf(text) : kUnitedStates);
 }
 

@@ -1,0 +1,145 @@
+#include "tests/entry/library.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using namespace test;
+
+class ConvertDevMode : public testing::Test
+{
+protected:
+    OpenWorld world_;
+    Library library_;
+    Printer printer_{u"Alpha", kFullModel};
+    alignas(8) psui::DriverDevMode default_;
+
+    ConvertDevMode()
+    {
+        LONG size = sizeof(default_);
+        EXPECT_TRUE(
+            library_.convert(printer_.name(), nullptr, &default_.dmPublic, &size, psui::kDriverDefault));
+        EXPECT_EQ(size, 1852);
+    }
+
+    struct Outcome
+    {
+        BOOL result;
+        LONG size;
+        DWORD error;
+
+        bool operator==(const Outcome&) const = default;
+        friend std::ostream& operator<<(std::ostream& stream, const Outcome& outcome)
+        {
+            return stream << outcome.result << ", size " << outcome.size << ", error " << outcome.error;
+        }
+    };
+
+    Outcome Convert(DWORD mode, DEVMODEW* input, DEVMODEW* output, LONG size)
+    {
+        SetLastError(4711);
+        const BOOL result = library_.convert(printer_.name(), input, output, &size, mode);
+        return {result, size, result ? 0 : GetLastError()};
+    }
+};
+
+TEST_F(ConvertDevMode, BuildsTheDriverDefault)
+{
+    ExpectFields(default_,
+                 {{"dmFields", 0x02011A03}, {"dmPaperSize", 1}, {"wCaptValue", 13}, {"wTailOffset", 820}});
+    EXPECT_EQ(Text(default_.dmPublic.dmDeviceName, 32), u"Alpha");
+    SetCountry(u"49");
+    LONG size = 5000;
+    alignas(8) psui::DriverDevMode metric;
+    ASSERT_TRUE(library_.convert(printer_.name(), nullptr, &metric.dmPublic, &size, psui::kDriverDefault));
+    EXPECT_EQ(metric.dmPublic.dmPaperSize, 9);
+    EXPECT_EQ(size, 1852);
+}
+
+TEST_F(ConvertDevMode, BuildsTheDefaultOfTheTextAsItIsNow)
+{
+    library_.capabilities(printer_.handle(), printer_.name(), DC_COPIES, nullptr, nullptr);
+    printer_.ReplaceModel("*CAPT X: \"77\"\n");
+    LONG size = sizeof(default_);
+    ASSERT_TRUE(library_.convert(printer_.name(), nullptr, &default_.dmPublic, &size, psui::kDriverDefault));
+    EXPECT_EQ(Get(default_, "wCaptValue"), 77);
+}
+
+TEST_F(ConvertDevMode, AnswersBadArgumentsAsDocumented)
+{
+    alignas(8) psui::DriverDevMode output = default_;
+    DEVMODEW* in = &default_.dmPublic;
+    DEVMODEW* out = &output.dmPublic;
+    struct Case
+    {
+        const char* what;
+        DWORD mode;
+        DEVMODEW *input, *output;
+        LONG size;
+        Outcome outcome;
+    };
+    const Case cases[] = {
+        {"convert", 1, in, out, 1852, {TRUE, 1852, 0}},
+        {"convert with room to spare", 1, in, out, 9999, {TRUE, 1852, 0}},
+        {"convert with too little room", 1, in, out, 1851, {FALSE, 1851, 87}},
+        {"convert with no room for the header", 1, in, out, 71, {FALSE, 71, 87}},
+        {"convert with a negative size", 1, in, out, -1, {FALSE, -1, 87}},
+        {"convert without input", 1, nullptr, out, 1852, {FALSE, 1852, 87}},
+        {"convert without output", 1, in, nullptr, 1852, {FALSE, 1852, 87}},
+        {"old format", 2, in, out, 300, {TRUE, 300, 0}},
+        {"old format with too little room", 2, in, out, 200, {FALSE, 300, 122}},
+        {"old format without output", 2, in, nullptr, 999, {FALSE, 300, 122}},
+        {"old format without input", 2, nullptr, out, 999, {FALSE, 999, 87}},
+        {"default with too little room", 4, nullptr, out, 1851, {FALSE, 1852, 122}},
+        {"default without output", 4, nullptr, nullptr, 1852, {FALSE, 1852, 122}},
+        {"mode 0", 0, in, out, 1852, {FALSE, 1852, 4711}},
+        {"mode 3", 3, in, out, 1852, {FALSE, 1852, 4711}},
+    };
+    for (const Case& c : cases) {
+        output = default_;
+        EXPECT_EQ(Convert(c.mode, c.input, c.output, c.size), c.outcome) << c.what;
+        if (!c.outcome.result) {
+            EXPECT_EQ(Differences(default_, output), "") << c.what;
+        }
+    }
+    SetLastError(0);
+    EXPECT_FALSE(library_.convert(printer_.name(), in, out, nullptr, 1));
+    EXPECT_EQ(GetLastError(), 87u);
+}
+
+TEST_F(ConvertDevMode, FailsForAPrinterThatIsNotThere)
+{
+    alignas(8) psui::DriverDevMode output;
+    std::u16string missing = u"Missing";
+    for (WCHAR* name : {missing.data(), static_cast<WCHAR*>(nullptr)}) {
+        LONG size = 9999;
+        EXPECT_FALSE(library_.convert(name, nullptr, &output.dmPublic, &size, psui::kDriverDefault));
+        EXPECT_EQ(size, 1852);
+    }
+    std::filesystem::remove(printer_.DataFile());
+    EXPECT_FALSE(Convert(4, nullptr, &output.dmPublic, 1852).result);
+}
+
+TEST_F(ConvertDevMode, MakesTheOldFormat)
+{
+    alignas(8) BYTE old[301];
+    std::memset(old, 0xEE, sizeof(old));
+    ASSERT_TRUE(Convert(2, &default_.dmPublic, reinterpret_cast<DEVMODEW*>(old), 300).result);
+    const auto* record = reinterpret_cast<const DEVMODEW*>(old);
+    EXPECT_EQ(record->dmSpecVersion, 0x0320);
+    EXPECT_EQ(record->dmDriverVersion, 848);
+    EXPECT_EQ(record->dmSize, 188);
+    EXPECT_EQ(record->dmDriverExtra, 112);
+    EXPECT_EQ(record->dmFields, default_.dmPublic.dmFields);
+    EXPECT_EQ(std::memcmp(old + 188, &default_.dmPrivate, 112), 0);
+    EXPECT_EQ(old[300], 0xEE);
+
+    alignas(8) psui::DriverDevMode inPlace = default_;
+    ASSERT_TRUE(Convert(2, &inPlace.dmPublic, &inPlace.dmPublic, sizeof(inPlace)).result);
+    EXPECT_EQ(std::memcmp(&inPlace, old, 300), 0);
+
+    alignas(8) psui::DriverDevMode back = default_;
+    ASSERT_TRUE(Convert(1, reinterpret_cast<DEVMODEW*>(old), &back.dmPublic, sizeof(back)).result);
+    EXPECT_EQ(Differences(default_, back), "");
+}
+
+} // namespace

@@ -1,0 +1,201 @@
+// The library among its neighbours: loading, the caller's process, failing memory, many threads.
+#include <atomic>
+#include <cfenv>
+#include <clocale>
+#include <thread>
+#include <vector>
+
+#include <unistd.h>
+
+#include "tests/entry/library.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using namespace test;
+
+TEST(Library, StaysLoadedAndKeepsItsLanguageUntilTheProcessEnds)
+{
+    OpenWorld world;
+    const std::u16string path = ProductFile("jpn/psui.dll");
+    EXPECT_EQ(GetModuleHandleW(path.c_str()), nullptr);
+    {
+        const Library library("jpn");
+        EXPECT_TRUE(FreeLibrary(library.module));
+    }
+    EXPECT_NE(GetModuleHandleW(path.c_str()), nullptr);
+    EXPECT_NE(GetModuleHandleW(ProductFile("jpn/VMLANG.DLL").c_str()), nullptr);
+    const Library again("jpn");
+    Printer printer(u"Alpha", kFullModel);
+    EXPECT_EQ(again.capabilities(printer.handle(), printer.name(), DC_MEDIATYPENAMES, nullptr, nullptr), 8u);
+}
+
+TEST(Library, WorksWithoutItsLanguageModule)
+{
+    OpenWorld world;
+    const std::string copy = host::RootFolder() + "/drive_c/alone.dll";
+    std::filesystem::copy_file(std::string(PSUI_PRODUCT_DIR) + "/eng/psui.dll", copy);
+    const Library library(host::WindowsPath(copy));
+    Printer printer(u"Alpha", kFullModel);
+    WCHAR names[5][64];
+    EXPECT_EQ(library.capabilities(printer.handle(), printer.name(), DC_PAPERNAMES, names, nullptr), 5u);
+    EXPECT_EQ(names[0][0], 0);
+}
+
+TEST(Library, GivesBackEverythingItTookWhenTheWorldCloses)
+{
+    std::string error;
+    ASSERT_TRUE(host::Open({.root = ":memory:"}, &error)) << error;
+    const Library library;
+    {
+        Printer printer(u"Alpha", kFullModel);
+        EXPECT_EQ(library.capabilities(printer.handle(), printer.name(), DC_COPIES, nullptr, nullptr), 999u);
+        const host::Ledger before = host::OpenObjects();
+        for (WORD capability = 0; capability < 40; ++capability)
+            library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
+        alignas(8) psui::DriverDevMode record;
+        LONG size = sizeof(record);
+        EXPECT_TRUE(library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault));
+        EXPECT_EQ(host::OpenObjects(), before);
+    }
+    host::Close();
+    EXPECT_EQ(host::OpenObjects().criticalSections, 0);
+    EXPECT_EQ(host::OpenObjects().blocks, 0);
+}
+
+struct ProcessState
+{
+    std::string folder = std::filesystem::current_path();
+    std::string locale = std::setlocale(LC_ALL, nullptr);
+    int rounding = std::fegetround();
+    int floatFlags = std::fetestexcept(FE_ALL_EXCEPT);
+    mode_t mask = ReadMask();
+    char** environment = environ;
+
+    bool operator==(const ProcessState&) const = default;
+
+private:
+    static mode_t ReadMask()
+    {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        return mask;
+    }
+};
+
+TEST(Library, LeavesTheCallersProcessAsItWas)
+{
+    OpenWorld world;
+    const Library library;
+    Printer printer(u"Alpha", kFullModel);
+    std::vector<BYTE> output(1 << 16), reference(1 << 16);
+    ASSERT_EQ(library.capabilities(printer.handle(), printer.name(), DC_PAPERSIZE, reference.data(), nullptr),
+              5u);
+    std::fesetround(FE_UPWARD);
+    std::feclearexcept(FE_ALL_EXCEPT);
+    std::feraiseexcept(FE_DIVBYZERO);
+    const ProcessState before;
+    for (WORD capability = 0; capability < 40; ++capability) {
+        library.capabilities(printer.handle(), printer.name(), capability, output.data(), nullptr);
+        EXPECT_EQ(before, ProcessState()) << capability;
+        if (capability == DC_PAPERSIZE) {
+            EXPECT_EQ(output, reference) << "the caller's rounding changes the sizes";
+            std::fill(output.begin(), output.end(), BYTE{0});
+        }
+    }
+    alignas(8) psui::DriverDevMode record, source = {};
+    SetAll(source, {{"dmSpecVersion", 0x0401}, {"dmSize", 220}, {"dmDriverExtra", 1632}});
+    for (DWORD mode : {4, 1, 2, 0}) {
+        LONG size = sizeof(record);
+        library.convert(printer.name(), &source.dmPublic, &record.dmPublic, &size, mode);
+        EXPECT_EQ(before, ProcessState()) << "mode " << mode;
+    }
+    std::fesetround(FE_TONEAREST);
+}
+
+/// Calls `call` with its memory requests failing one after the other, once each and from each one on.
+/// `call(bool failing)` tells whether its answer is acceptable.
+template <typename Call>
+void FailEveryAllocation(Call call)
+{
+    for (const bool onwards : {false, true}) {
+        for (uint64_t skip = 0;; ++skip) {
+            ASSERT_LT(skip, 10000u) << "the call never runs out of memory requests";
+            const host::Ledger before = host::OpenObjects();
+            host::FailAllocations(skip, onwards);
+            const bool acceptable = call(true);
+            const bool reached = host::AllocationsSeen() > skip;
+            host::StopFailing();
+            EXPECT_TRUE(acceptable) << "request " << skip;
+            EXPECT_EQ(host::OpenObjects(), before) << "request " << skip << " leaks";
+            if (!reached)
+                break;
+        }
+        EXPECT_TRUE(call(false)) << "does not recover";
+    }
+}
+
+TEST(Library, AnswersOrFailsCleanlyWhenMemoryFails)
+{
+    OpenWorld world;
+    const Library library;
+    Printer printer(u"Alpha", kFullModel);
+    library.capabilities(printer.handle(), printer.name(), DC_COPIES, nullptr, nullptr);
+    for (const WORD capability : {DC_COPIES, DC_PAPERNAMES, DC_MEDIATYPENAMES}) {
+        const DWORD right =
+            library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
+        FailEveryAllocation([&](bool failing) {
+            const DWORD answer =
+                library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
+            return answer == right || (failing && answer == kFailed);
+        });
+    }
+
+    alignas(8) psui::DriverDevMode reference, record;
+    LONG size = sizeof(reference);
+    ASSERT_TRUE(library.convert(printer.name(), nullptr, &reference.dmPublic, &size, psui::kDriverDefault));
+    const std::string image = printer.DataFile().substr(0, printer.DataFile().size() - 3) + "BDD";
+    FailEveryAllocation([&](bool failing) {
+        std::filesystem::remove(image); // so that every call compiles the text
+        size = sizeof(record);
+        if (library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault))
+            return std::memcmp(&record, &reference, sizeof(record)) == 0;
+        return failing;
+    });
+}
+
+TEST(LibraryThreads, ServeTwoPrintersWhoseModelsAreReplaced)
+{
+    constexpr int kThreads = 16;
+    constexpr int kRounds = 30;
+    OpenWorld world;
+    const Library library;
+    const std::string texts[2][2] = {{"*PrintRatePPM: \"10\"\n", "*PrintRatePPM: \"11\"\n"},
+                                     {"*PrintRatePPM: \"20\"\n", "*PrintRatePPM: \"21\"\n"}};
+    Printer first(u"Alpha", texts[0][0]), second(u"Beta", texts[1][0]);
+    Printer* printers[2] = {&first, &second};
+    std::atomic<int> wrong = 0;
+
+    const auto work = [&](int thread) {
+        const int which = thread % 2;
+        Printer& printer = *printers[which];
+        for (int round = 0; round < kRounds; ++round) {
+            if (thread < 2)
+                printer.ReplaceModel(texts[which][round % 2]);
+            const DWORD rate =
+                library.capabilities(printer.handle(), printer.name(), DC_PRINTRATE, nullptr, nullptr);
+            wrong += rate / 10 != static_cast<DWORD>(which + 1);
+            alignas(8) psui::DriverDevMode record;
+            LONG size = sizeof(record);
+            wrong += !library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault);
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i)
+        threads.emplace_back(work, i);
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, 0);
+}
+
+} // namespace
