@@ -29,6 +29,7 @@ namespace {
 using DllMainFunction = BOOL(HINSTANCE module, DWORD reason, LPVOID reserved);
 
 constexpr std::u16string_view kDefaultExtension = u".dll";
+constexpr std::u16string_view kSystemFolder = u"C:\\windows\\system32\\";
 constexpr char kResourcesSymbol[] = "host_module_resources";
 constexpr char kResourcesEndSymbol[] = "host_module_resources_end";
 
@@ -40,6 +41,19 @@ struct Module
     bool attached = false;
     int references = 1;
     std::unique_ptr<ResourceIndex> resources;
+    bool pinned = false; // the layer holds one of the references itself
+};
+
+/// A module of the system that is the layer itself: its functions are the layer's.
+struct BuiltInModule
+{
+    std::u16string_view name;
+    bool always; ///< every program has it loaded
+};
+
+constexpr BuiltInModule kBuiltInModules[] = {
+    {u"advapi32.dll", true}, {u"gdi32.dll", true},  {u"kernel32.dll", true}, {u"shell32.dll", true},
+    {u"spoolss.dll", false}, {u"user32.dll", true}, {u"version.dll", true},  {u"winspool.drv", true},
 };
 
 std::recursive_mutex moduleLock;
@@ -227,6 +241,28 @@ std::u16string SearchFile(const std::u16string& name)
     return {};
 }
 
+const BuiltInModule* BuiltInOf(std::u16string_view name)
+{
+    if (name.size() > kSystemFolder.size() &&
+        EqualNoCase(name.substr(0, kSystemFolder.size()), kSystemFolder))
+        name.remove_prefix(kSystemFolder.size());
+    const auto found = std::find_if(std::begin(kBuiltInModules), std::end(kBuiltInModules),
+                                    [=](const BuiltInModule& each) { return EqualNoCase(each.name, name); });
+    return found != std::end(kBuiltInModules) ? found : nullptr;
+}
+
+/// Enters a built-in module into the list. Whether its first reference counts as open is the caller's to say.
+Module* AddBuiltIn(const BuiltInModule& builtIn)
+{
+    Dl_info self;
+    dladdr(&programModule, &self);
+    void* const library = dlopen(self.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+    std::u16string path = std::u16string(kSystemFolder).append(builtIn.name);
+    modules.push_back(
+        std::make_unique<Module>(Module{library, std::move(path), false, true, 1, {}, builtIn.always}));
+    return modules.back().get();
+}
+
 bool IsBareName(std::u16string_view name)
 {
     return BaseName(name).size() == name.size() && name.find(u':') == std::u16string_view::npos;
@@ -244,16 +280,22 @@ Module* FindByName(const std::u16string& name, bool dataOnly)
         if (module->dataOnly == dataOnly && EqualNoCase(own, bare ? name : full.text))
             return module.get();
     }
-    return nullptr;
+    const BuiltInModule* const builtIn = dataOnly ? nullptr : BuiltInOf(name);
+    return builtIn != nullptr && builtIn->always ? AddBuiltIn(*builtIn) : nullptr;
 }
 
 HMODULE Load(std::u16string_view requested, bool dataOnly, DWORD& error)
 {
     std::u16string name = WithExtension(requested);
+    const BuiltInModule* const builtIn = dataOnly ? nullptr : BuiltInOf(name);
     std::lock_guard lock(moduleLock);
-    if (IsBareName(name)) {
+    if (builtIn != nullptr || IsBareName(name)) {
         if (Module* const loaded = FindByName(name, dataOnly))
             return AddReference(*loaded);
+        if (builtIn != nullptr) {
+            CountOpen(&Ledger::modules, 1);
+            return HandleOf(AddBuiltIn(*builtIn));
+        }
         name = SearchFile(name);
     }
     error = ERROR_MOD_NOT_FOUND;
@@ -291,7 +333,7 @@ void DetachAllModules()
         Notify(**last, DLL_PROCESS_DETACH, true);
     }
     while (!modules.empty()) {
-        CountOpen(&Ledger::modules, -modules.back()->references);
+        CountOpen(&Ledger::modules, modules.back()->pinned - modules.back()->references);
         Unload(modules.back().get());
     }
 }
@@ -323,6 +365,8 @@ BOOL WINAPI FreeLibrary(HMODULE handle)
     Module* const module = ModuleOf(handle);
     if (module == nullptr)
         return FailWith(ERROR_MOD_NOT_FOUND);
+    if (module->pinned && module->references == 1)
+        return TRUE;
     CountOpen(&Ledger::modules, -1);
     if (--module->references > 0)
         return TRUE;

@@ -1,42 +1,88 @@
-// The active window: a pretended one of a class that the host names, so that programs can ask who calls them.
+// Pretended windows: the active one, so that programs can ask who calls them, and those of other programs, so
+// that they can be looked for. Each is a top-level window of a class that the host names.
 #include <algorithm>
+#include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "host/host.h"
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"
+#include "host/kernel/world.h"
 #include "host/window/window.h"
 
 namespace host {
 namespace {
 
-std::mutex activeLock;
-std::u16string activeClass;
-HWND__ activeWindow; // its address is the handle
+struct Window
+{
+    std::u16string className;
+    std::u16string title;
+    HWND__ handle = {}; // its address is the handle
+};
+
+std::mutex windowLock;
+Window activeWindow;                          // none without a class
+std::vector<std::unique_ptr<Window>> windows; // of other programs, oldest first
+
+/// Null when there is no such window. Hold the lock.
+const Window* WindowOf(const HWND__* handle)
+{
+    if (handle == &activeWindow.handle)
+        return activeWindow.className.empty() ? nullptr : &activeWindow;
+    const auto found = std::find_if(windows.begin(), windows.end(),
+                                    [=](const auto& window) { return &window->handle == handle; });
+    return found != windows.end() ? found->get() : nullptr;
+}
 
 /// The class of a window; empty with the last error set when there is no such window.
-std::u16string ClassOf(HWND window)
+std::u16string ClassOf(HWND handle)
 {
-    std::lock_guard lock(activeLock);
-    if (window != &activeWindow || activeClass.empty()) {
+    std::lock_guard lock(windowLock);
+    const Window* const window = WindowOf(handle);
+    if (window == nullptr) {
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
         return {};
     }
-    return activeClass;
+    return window->className;
+}
+
+/// A null text matches every window.
+bool Matches(const Window& window, LPCWSTR className, LPCWSTR title)
+{
+    // A class given by number is one that a program has registered, and other programs' have none here.
+    if (className != nullptr && (IS_INTRESOURCE(className) || !EqualNoCase(window.className, className)))
+        return false;
+    return title == nullptr || EqualNoCase(window.title, title);
 }
 
 } // namespace
 
 void SetActiveWindowClass(std::u16string_view className)
 {
-    std::lock_guard lock(activeLock);
-    activeClass = className;
+    std::lock_guard lock(windowLock);
+    activeWindow.className = className;
+}
+
+void* AddWindow(std::u16string_view className, std::u16string_view title)
+{
+    std::lock_guard lock(windowLock);
+    windows.push_back(std::make_unique<Window>(Window{std::u16string(className), std::u16string(title), {}}));
+    return &windows.back()->handle;
+}
+
+void RemoveWindow(void* window)
+{
+    std::lock_guard lock(windowLock);
+    std::erase_if(windows, [=](const auto& each) { return &each->handle == window; });
 }
 
 void CloseWindowRoom()
 {
-    SetActiveWindowClass({});
+    std::lock_guard lock(windowLock);
+    activeWindow.className.clear();
+    windows.clear();
 }
 
 } // namespace host
@@ -46,8 +92,26 @@ using namespace host;
 HWND WINAPI GetActiveWindow(void)
 {
     HOST_CALL_VOID(GetActiveWindow);
-    std::lock_guard lock(activeLock);
-    return activeClass.empty() ? nullptr : &activeWindow;
+    std::lock_guard lock(windowLock);
+    return activeWindow.className.empty() ? nullptr : &activeWindow.handle;
+}
+
+HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR title)
+{
+    HOST_CALL(FindWindowW, nullptr, ERROR_NOT_ENOUGH_MEMORY);
+    std::lock_guard lock(windowLock);
+    for (const std::unique_ptr<Window>& window : windows) {
+        if (Matches(*window, className, title))
+            return &window->handle;
+    }
+    return nullptr;
+}
+
+BOOL WINAPI IsWindow(HWND window)
+{
+    HOST_CALL_VOID(IsWindow);
+    std::lock_guard lock(windowLock);
+    return WindowOf(window) != nullptr;
 }
 
 HWND WINAPI GetAncestor(HWND window, UINT flags)
