@@ -1,10 +1,10 @@
 // The texts of the language modules, loaded as the library loads them, against the ids of lang/ids/strings.h.
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <map>
-#include <regex>
+#include <sstream>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -89,9 +89,11 @@ TEST_P(Language, HasATextThatFitsForEveryId)
 TEST_P(Language, HasNoTextWithoutAnId)
 {
     for (unsigned id = 0; id <= kHighestId; ++id) {
-        const bool known =
-            std::any_of(std::begin(kIds), std::end(kIds), [&](const StringId& row) { return row.id == id; });
-        EXPECT_TRUE(known || Load(id).empty()) << id;
+        if (Load(id).empty())
+            continue;
+        EXPECT_TRUE(std::any_of(std::begin(kIds), std::end(kIds), [&](const StringId& row) {
+            return row.id == id;
+        })) << id;
     }
 }
 
@@ -99,12 +101,12 @@ TEST_P(Language, HasNoTextWithoutAnId)
 TEST_P(Language, WritesNoIdTwice)
 {
     std::ifstream script(std::string(PSUI_SOURCE_DIR "/lang/") + GetParam() + "/strings.rc");
-    const std::regex entry(R"(^\s*(IDS_\w+)\s+")");
     std::map<std::string, int> seen;
-    std::smatch match;
     for (std::string line; std::getline(script, line);) {
-        if (std::regex_search(line, match, entry)) {
-            EXPECT_EQ(++seen[match[1]], 1) << match[1];
+        std::string name;
+        std::istringstream(line) >> name;
+        if (name.starts_with("IDS_")) {
+            EXPECT_EQ(++seen[name], 1) << name;
         }
     }
     EXPECT_GE(seen.size(), std::size(kIds) - 1);
