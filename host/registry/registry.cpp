@@ -29,9 +29,10 @@ struct PredefinedKey
 {
     HKEY handle;
     const char* path;
+    KeyId id = 0; // in the open world
 };
 
-const PredefinedKey kPredefinedKeys[] = {
+PredefinedKey predefinedKeys[] = {
     {HKEY_CLASSES_ROOT, registry::kClasses},
     {HKEY_CURRENT_USER, registry::kCurrentUser},
     {HKEY_LOCAL_MACHINE, registry::kMachine},
@@ -44,16 +45,16 @@ using Lock = std::lock_guard<std::recursive_mutex>;
 
 const PredefinedKey* FindPredefined(HKEY handle)
 {
-    auto found = std::ranges::find(kPredefinedKeys, handle, &PredefinedKey::handle);
-    return found == std::end(kPredefinedKeys) ? nullptr : found;
+    auto found = std::ranges::find(predefinedKeys, handle, &PredefinedKey::handle);
+    return found == std::end(predefinedKeys) ? nullptr : found;
 }
 
 // The key behind a handle, when the handle carries all the rights asked for.
 LSTATUS ResolveKey(HKEY handle, REGSAM needed, Key* key)
 {
     if (const PredefinedKey* predefined = FindPredefined(handle)) {
-        *key = {registry::FindKey(predefined->path), predefined->path, KEY_ALL_ACCESS, true};
-        return key->id ? ERROR_SUCCESS : DatabaseError();
+        *key = {predefined->id, predefined->path, KEY_ALL_ACCESS, true};
+        return ERROR_SUCCESS;
     }
     const Key* open = openKeys.Find(handle);
     if (!open)
@@ -68,7 +69,7 @@ LSTATUS ResolveKey(HKEY handle, REGSAM needed, Key* key)
 LSTATUS ResolveLiveKey(HKEY handle, REGSAM needed, Key* key)
 {
     LSTATUS status = ResolveKey(handle, needed, key);
-    if (status == ERROR_SUCCESS && !key->predefined && !registry::KeyExists(key->id))
+    if (status == ERROR_SUCCESS && !registry::KeyExists(key->id))
         return ERROR_KEY_DELETED;
     return status;
 }
@@ -219,16 +220,21 @@ KeyFacts CollectFacts(KeyId key)
 bool OpenRegistryRoom(std::string* error)
 {
     Lock lock(DatabaseLock());
-    if (registry::OpenStore(error))
-        return true;
-    CloseStatements();
-    return false;
+    if (!registry::OpenStore(error)) {
+        CloseStatements();
+        return false;
+    }
+    for (PredefinedKey& predefined : predefinedKeys)
+        predefined.id = registry::FindKey(predefined.path);
+    return true;
 }
 
 void CloseRegistryRoom()
 {
     Lock lock(DatabaseLock());
     CountOpen(&Ledger::keys, -static_cast<int64_t>(openKeys.Clear()));
+    for (PredefinedKey& predefined : predefinedKeys)
+        predefined.id = 0;
     CloseStatements();
 }
 
@@ -243,6 +249,7 @@ LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD, REGSAM access, PHK
         return ERROR_INVALID_PARAMETER;
     *result = nullptr;
     Lock lock(DatabaseLock());
+    Transaction transaction(Transaction::kRead);
     Key base;
     if (LSTATUS status = ResolveLiveKey(key, 0, &base))
         return status;

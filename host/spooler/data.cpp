@@ -21,12 +21,12 @@ DWORD GiveBytes(std::string_view bytes, LPBYTE data, DWORD size, LPDWORD needed)
 
 DWORD ReadData(HANDLE handle, LPCWSTR name, LPDWORD type, LPBYTE data, DWORD size, LPDWORD needed)
 {
-    const OpenPrinter* printer;
-    if (DWORD error = UseHandle(handle, Target::kAny, 0, &printer))
-        return error;
+    const OpenPrinter* printer = FindHandle(handle);
+    if (!printer)
+        return ERROR_INVALID_HANDLE;
     auto value = registry::ReadValue(printer->data, name);
     if (!value)
-        return ERROR_FILE_NOT_FOUND;
+        return registry::KeyExists(printer->key) ? ERROR_FILE_NOT_FOUND : ERROR_PRINTER_DELETED;
     if (type)
         *type = value->type;
     return GiveBytes(value->data, data, size, needed);

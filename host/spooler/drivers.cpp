@@ -282,6 +282,7 @@ PackFunction PackerOfLevel(DWORD level)
 
 DWORD ReadInfo(HANDLE handle, PackFunction pack, const Request& request)
 {
+    Transaction transaction(Transaction::kRead);
     const OpenPrinter* open;
     if (DWORD error = UseHandle(handle, Target::kPrinter, 0, &open))
         return error;

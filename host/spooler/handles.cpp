@@ -61,13 +61,12 @@ DWORD FindPrinter(std::u16string_view name, OpenPrinter* printer)
     printer->name = registry::KeyName(printer->key);
     printer->path = *path;
     printer->data = registry::FindKey(registry::JoinPath(*path, kPrinterDataKey).value());
-    if (!printer->data)
-        printer->data = registry::CreateKey(*path, kPrinterDataKey);
-    return printer->data ? ERROR_SUCCESS : DatabaseError();
+    return ERROR_SUCCESS;
 }
 
 DWORD Find(LPCWSTR fullName, OpenPrinter* printer)
 {
+    Transaction transaction(Transaction::kRead);
     if (!fullName)
         return FindServer(printer);
     std::u16string_view server, name;
@@ -87,6 +86,11 @@ DWORD Open(LPCWSTR name, ACCESS_MASK wanted, HANDLE* handle)
                                       : GrantedRights(wanted, kPrinterRights, PRINTER_ACCESS_USE);
     if (!printer.access)
         return ERROR_ACCESS_DENIED;
+    // Somebody may have cleaned up too much in the registry.
+    if (!printer.data)
+        printer.data = registry::CreateKey(printer.path, kPrinterDataKey);
+    if (!printer.data)
+        return DatabaseError();
     *handle = AddHandle(std::move(printer));
     return ERROR_SUCCESS;
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/host/wine.h"
+
 namespace {
 
 using Text = std::basic_string<WCHAR>;
@@ -114,7 +116,12 @@ TEST_F(Registry, GivesBackTheBytesAndTypeItWasGiven)
         {"large", REG_BINARY, std::string(100000, 'z')},
     };
     for (const Case& c : cases) {
-        ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("Value"), c.bytes, c.type)) << c.what;
+        // What follows must not be a zero: a text that lost just its end may be given it back.
+        std::string given = c.bytes + "!";
+        ASSERT_EQ(ERROR_SUCCESS,
+                  RegSetValueExW(home, TEXT("Value"), 0, c.type, reinterpret_cast<const BYTE*>(given.data()),
+                                 static_cast<DWORD>(c.bytes.size())))
+            << c.what;
         std::string bytes(c.bytes.size(), '?');
         DWORD type = 99, size = static_cast<DWORD>(bytes.size());
         BYTE* data = reinterpret_cast<BYTE*>(bytes.data());
@@ -246,23 +253,29 @@ TEST_F(Registry, DeletesTreesWithOrWithoutTheirRoot)
 TEST_F(Registry, EnumeratesEveryValueOnceWithItsSizes)
 {
     ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("beta"), "12345"));
-    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("Alpha"), "1"));
+    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("Alpha"), "123"));
     ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("BETA"), "123", REG_SZ));
-    WCHAR name[8];
-    BYTE data[8];
-    DWORD nameSize = 8, size = 8, type = 0;
-    ASSERT_EQ(ERROR_SUCCESS, RegEnumValueW(home, 0, name, &nameSize, nullptr, &type, data, &size));
-    EXPECT_EQ(Text(TEXT("beta")), Text(name, nameSize));
-    EXPECT_EQ(3u, size);
-    EXPECT_EQ(REG_SZ, type);
+    // The order is the system's own.
+    for (DWORD i = 0; i < 2; ++i) {
+        WCHAR name[8];
+        BYTE data[8];
+        DWORD nameSize = 8, size = 8, type = 0;
+        ASSERT_EQ(ERROR_SUCCESS, RegEnumValueW(home, i, name, &nameSize, nullptr, &type, data, &size));
+        bool isAlpha = Text(TEXT("Alpha")) == name;
+        EXPECT_TRUE(isAlpha || Text(TEXT("beta")) == name);
+        EXPECT_EQ(isAlpha ? 5u : 4u, nameSize);
+        EXPECT_EQ(3u, size);
+        EXPECT_EQ(isAlpha ? REG_BINARY : REG_SZ, type);
 
-    nameSize = 5, size = 8;
-    EXPECT_EQ(ERROR_MORE_DATA, RegEnumValueW(home, 1, name, &nameSize, nullptr, nullptr, data, &size));
-    nameSize = 6, size = 0;
-    EXPECT_EQ(ERROR_MORE_DATA, RegEnumValueW(home, 1, name, &nameSize, nullptr, nullptr, data, &size));
-    EXPECT_EQ(1u, size);
-    nameSize = 8, size = 8;
-    EXPECT_EQ(ERROR_NO_MORE_ITEMS, RegEnumValueW(home, 2, name, &nameSize, nullptr, nullptr, data, &size));
+        DWORD noRoom = nameSize;
+        EXPECT_EQ(ERROR_MORE_DATA, RegEnumValueW(home, i, name, &noRoom, nullptr, nullptr, data, &size));
+        nameSize = 8, size = 2;
+        EXPECT_EQ(ERROR_MORE_DATA, RegEnumValueW(home, i, name, &nameSize, nullptr, nullptr, data, &size));
+        EXPECT_EQ(3u, size);
+        nameSize = 8, size = 8;
+        EXPECT_EQ(ERROR_NO_MORE_ITEMS,
+                  RegEnumValueW(home, 2, name, &nameSize, nullptr, nullptr, data, &size));
+    }
 }
 
 TEST_F(Registry, SummarisesAKey)
@@ -296,7 +309,7 @@ TEST_F(Registry, RefusesHandlesThatAreNotOpen)
     HKEY closed = nullptr;
     ASSERT_EQ(ERROR_SUCCESS, Open(home, nullptr, &closed));
     ASSERT_EQ(ERROR_SUCCESS, RegCloseKey(closed));
-    for (HKEY bad : {HKEY(nullptr), closed, reinterpret_cast<HKEY>(UINT_PTR{0xDEADBEE0})}) {
+    for (HKEY bad : {HKEY(nullptr), closed, reinterpret_cast<HKEY>(UINT_PTR{0x5EADBEE0})}) {
         HKEY key = nullptr;
         EXPECT_EQ(ERROR_INVALID_HANDLE, RegQueryValueExW(bad, nullptr, nullptr, nullptr, nullptr, nullptr));
         EXPECT_EQ(ERROR_INVALID_HANDLE, RegSetValueExW(bad, nullptr, 0, REG_SZ, nullptr, 0));
@@ -318,7 +331,9 @@ TEST_F(Registry, RefusesArgumentsThatMakeNoSense)
     EXPECT_EQ(ERROR_INVALID_PARAMETER, RegQueryValueExW(home, nullptr, &size, nullptr, nullptr, nullptr));
     EXPECT_EQ(ERROR_INVALID_PARAMETER, RegQueryValueExW(home, nullptr, nullptr, nullptr, &byte, nullptr));
     EXPECT_EQ(ERROR_INVALID_PARAMETER, RegEnumValueW(home, 0, name, &size, nullptr, nullptr, &byte, nullptr));
-    EXPECT_NE(ERROR_SUCCESS, Create(home, tooLong.c_str(), &key));
+    if (!OnWine()) {
+        EXPECT_NE(ERROR_SUCCESS, Create(home, tooLong.c_str(), &key));
+    }
     EXPECT_EQ(ERROR_SUCCESS, RegCloseKey(HKEY_CURRENT_USER));
     EXPECT_EQ(ERROR_SUCCESS, Open(HKEY_CURRENT_USER, nullptr, &key));
 }

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/host/wine.h"
+
 namespace {
 
 using Text = std::basic_string<WCHAR>;
@@ -24,12 +26,11 @@ WCHAR* Name(const WCHAR* text)
     return const_cast<WCHAR*>(text);
 }
 
-// Wine's spooler opens everything for everybody and looks less closely at what it is given than the platform
-// documents. Where it does, the documentation holds and the test does not ask Wine.
-bool OnWine()
+Text BesideThisProgram(const WCHAR* fileName)
 {
-    HMODULE module = GetModuleHandleW(TEXT("ntdll.dll"));
-    return module && GetProcAddress(module, "wine_get_version");
+    WCHAR program[MAX_PATH];
+    Text path(program, GetModuleFileNameW(nullptr, program, MAX_PATH));
+    return path.substr(0, path.rfind(TEXT('\\')) + 1) + fileName;
 }
 
 Text TemporaryPath(const WCHAR* fileName)
@@ -87,8 +88,8 @@ class Spooler : public testing::Test
 protected:
     static void SetUpTestSuite()
     {
-        ASSERT_TRUE(CopyFileW(Text(TEXT("Z:") TEXT(PSUI_PROBE_DRIVER)).c_str(),
-                              TemporaryPath(TEXT("PROBE.DLL")).c_str(), FALSE));
+        Text module = BesideThisProgram(TEXT("spooler_probe_driver.dll"));
+        ASSERT_TRUE(CopyFileW(module.c_str(), TemporaryPath(TEXT("PROBE.DLL")).c_str(), FALSE));
         ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.DAT")), "data"));
         ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.HLP")), "help"));
         ASSERT_TRUE(AddDriver(kDriver)) << GetLastError();
@@ -96,7 +97,8 @@ protected:
 
     static void TearDownTestSuite()
     {
-        EXPECT_TRUE(DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), DPD_DELETE_UNUSED_FILES, 0))
+        EXPECT_TRUE(DeletePrinterDriverExW(nullptr, Name(kEnvironment), Name(kDriver),
+                                           OnWine() ? 0 : DPD_DELETE_UNUSED_FILES, 0))
             << GetLastError();
         for (const WCHAR* file : {TEXT("PROBE.DLL"), TEXT("PROBE.DAT"), TEXT("PROBE.HLP")})
             DeleteFileW(TemporaryPath(file).c_str());
@@ -183,18 +185,29 @@ TEST_F(Spooler, OpensPrintersInAnyCaseAndTheServer)
 
 TEST_F(Spooler, RefusesNamesOfNoPrinter)
 {
-    for (const WCHAR* name :
-         {TEXT(""), TEXT("No such printer"), TEXT("Psui Probe\\"), TEXT("\\\\elsewhere\\Psui Probe")}) {
-        SetLastError(0);
-        EXPECT_FALSE(Open(name, 0)) << Text(name).size();
-        EXPECT_EQ(DWORD{ERROR_INVALID_PRINTER_NAME}, GetLastError()) << Text(name).size();
+    struct Case
+    {
+        const char* what;
+        const WCHAR* name;
+        bool onWine;
+    } cases[] = {
+        {"nothing there", TEXT("No such printer"), true},
+        {"another server", TEXT("\\\\elsewhere\\Psui Probe"), true},
+        {"an empty name", TEXT(""), false},
+        {"a closing backslash", TEXT("Psui Probe\\"), false},
+    };
+    for (const Case& c : cases) {
+        if (OnWine() && !c.onWine)
+            continue;
+        EXPECT_FALSE(Open(c.name, 0)) << c.what;
+        EXPECT_EQ(DWORD{ERROR_INVALID_PRINTER_NAME}, GetLastError()) << c.what;
     }
 }
 
 TEST_F(Spooler, AllowsWhatAHandleWasOpenedFor)
 {
     if (OnWine())
-        GTEST_SKIP();
+        GTEST_SKIP() << "allows everything";
     struct Case
     {
         ACCESS_MASK access;
@@ -279,7 +292,7 @@ TEST_F(Spooler, RefusesLevelsItDoesNotHave)
         run("GetPrinterDriverDirectory",
             [&] { return GetPrinterDriverDirectoryW(nullptr, nullptr, 77, bytes, 0, &needed); }),
         run("EnumForms", [&] { return EnumFormsW(printer, 77, bytes, 0, &needed, &count); }),
-        run("AddForm", [&] { return AddFormW(printer, 77, bytes); }),
+
         run("GetForm", [&] { return GetFormW(printer, a4, 77, bytes, 0, &needed); }),
     };
     for (const Case& c : cases) {
@@ -309,7 +322,7 @@ TEST_F(Spooler, DescribesAPrinterInsideTheCallersBuffer)
         ASSERT_TRUE(Inside(buffer, c.actual));
         EXPECT_EQ(Text(c.expected), Text(c.actual));
     }
-    EXPECT_TRUE(info->Attributes & PRINTER_ATTRIBUTE_LOCAL);
+    EXPECT_TRUE(OnWine() || info->Attributes & PRINTER_ATTRIBUTE_LOCAL);
     EXPECT_EQ(nullptr, info->pServerName);
 }
 
@@ -321,7 +334,7 @@ TEST_F(Spooler, WritesNothingIntoABufferThatIsTooSmall)
     EXPECT_FALSE(GetPrinterW(printer, 2, buffer.data(), needed - 1, &told));
     EXPECT_EQ(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
     EXPECT_EQ(needed, told);
-    EXPECT_EQ(Buffer(needed, 0xAA), buffer);
+    EXPECT_TRUE(OnWine() || buffer == Buffer(needed, 0xAA));
 }
 
 TEST_F(Spooler, KeepsBothPartsOfTheSettingsRecord)
@@ -381,10 +394,9 @@ TEST_F(Spooler, RefusesPrintersItCannotMake)
         LPWSTR PRINTER_INFO_2W::*field;
         const WCHAR* value;
         DWORD error;
-        bool alsoWine;
+        bool onWine;
     } cases[] = {
-        {"a taken name", &PRINTER_INFO_2W::pPrinterName, TEXT("PSUI probe"), ERROR_PRINTER_ALREADY_EXISTS,
-         true},
+        {"a taken name", &PRINTER_INFO_2W::pPrinterName, kPrinter, ERROR_PRINTER_ALREADY_EXISTS, false},
         {"no name", &PRINTER_INFO_2W::pPrinterName, TEXT(""), ERROR_INVALID_PRINTER_NAME, false},
         {"a backslash", &PRINTER_INFO_2W::pPrinterName, TEXT("a\\b"), ERROR_INVALID_PRINTER_NAME, false},
         {"a comma", &PRINTER_INFO_2W::pPrinterName, TEXT("a,b"), ERROR_INVALID_PRINTER_NAME, false},
@@ -397,7 +409,7 @@ TEST_F(Spooler, RefusesPrintersItCannotMake)
         {"no processor", &PRINTER_INFO_2W::pPrintProcessor, TEXT(""), ERROR_UNKNOWN_PRINTPROCESSOR, false},
     };
     for (const Case& c : cases) {
-        if (OnWine() && !c.alsoWine)
+        if (OnWine() && !c.onWine)
             continue;
         PRINTER_INFO_2W info = Info();
         info.pPrinterName = Name(TEXT("Psui Probe 2"));
@@ -444,8 +456,8 @@ TEST_F(Spooler, ForgetsDeletedPrinters)
     DWORD needed = 0;
     EXPECT_FALSE(GetPrinterW(second, 2, nullptr, 0, &needed));
     EXPECT_NE(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
-    EXPECT_FALSE(Open(info.pPrinterName, 0));
     EXPECT_TRUE(ClosePrinter(second));
+    EXPECT_FALSE(Open(info.pPrinterName, 0));
 }
 
 // --- Printer data ---
@@ -476,11 +488,15 @@ TEST_F(Spooler, KeepsPrinterDataWithTheirType)
         EXPECT_EQ(size, needed);
         EXPECT_EQ(c.type, type);
         EXPECT_EQ(c.bytes, bytes);
+        if (OnWine())
+            continue;
         EXPECT_EQ(DWORD{ERROR_SUCCESS}, DeletePrinterDataW(printer, Name(c.name)));
         EXPECT_EQ(DWORD{ERROR_FILE_NOT_FOUND},
                   GetPrinterDataW(printer, Name(c.name), &type, data, size, &needed));
     }
-    EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, SetData(nullptr, "x"));
+    if (!OnWine()) {
+        EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, SetData(nullptr, "x"));
+    }
 }
 
 TEST_F(Spooler, EnumeratesPrinterDataWithBothSizes)
@@ -561,6 +577,8 @@ FORM_INFO_1W MakeForm(const WCHAR* name, DWORD flags = FORM_PRINTER)
 
 TEST_F(Spooler, AddsFormsForAllPrinters)
 {
+    if (OnWine())
+        GTEST_SKIP() << "adds nothing";
     FORM_INFO_1W form = MakeForm(TEXT("Psui form"));
     ASSERT_TRUE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))) << GetLastError();
     EXPECT_FALSE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form)));
@@ -588,7 +606,7 @@ TEST_F(Spooler, AddsFormsForAllPrinters)
 TEST_F(Spooler, RefusesFormsThatCannotBe)
 {
     if (OnWine())
-        GTEST_SKIP();
+        GTEST_SKIP() << "takes anything";
     Text longName(32, TEXT('f'));
     FORM_INFO_1W flat = MakeForm(TEXT("Psui flat"));
     flat.Size.cy = 0;
@@ -615,6 +633,8 @@ TEST_F(Spooler, RefusesFormsThatCannotBe)
         EXPECT_FALSE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&c.form))) << c.what;
         EXPECT_EQ(c.error, GetLastError()) << c.what;
     }
+    EXPECT_FALSE(AddFormW(printer, 77, reinterpret_cast<BYTE*>(&flat)));
+    EXPECT_EQ(DWORD{ERROR_INVALID_LEVEL}, GetLastError());
     EXPECT_FALSE(DeleteFormW(printer, Name(TEXT("A4"))));
     EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, GetLastError());
 }
@@ -685,6 +705,8 @@ TEST_F(Spooler, ListsDriversOnce)
 
 TEST_F(Spooler, RefusesDriversItCannotInstall)
 {
+    if (OnWine())
+        GTEST_SKIP() << "installs without files and ends on a driver without name";
     Text module = TemporaryPath(TEXT("PROBE.DLL"));
     Text missing = TemporaryPath(TEXT("PROBE.NOT"));
     DRIVER_INFO_2W good = {3,
@@ -719,6 +741,8 @@ TEST_F(Spooler, RefusesDriversItCannotInstall)
 
 TEST_F(Spooler, KeepsDriversThatPrintersUse)
 {
+    if (OnWine())
+        GTEST_SKIP() << "deletes them";
     EXPECT_FALSE(DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), 0, 0));
     EXPECT_EQ(DWORD{ERROR_PRINTER_DRIVER_IN_USE}, GetLastError());
     EXPECT_FALSE(DeletePrinterDriverExW(nullptr, nullptr, Name(TEXT("None")), 0, 0));
