@@ -1,0 +1,66 @@
+#include "psui/events/document_event.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/events/monitor_world.h"
+
+namespace {
+
+/// The process's variable, "(none)" when it is not set.
+std::string Variable(const char* name)
+{
+    char value[64];
+    return GetEnvironmentVariableA(name, value, sizeof(value)) ? value : "(none)";
+}
+
+HANDLE HandleOf(uintptr_t value)
+{
+    return reinterpret_cast<HANDLE>(value);
+}
+
+TEST(DocumentEvent, MarksTheContextFromItsCreationToItsDeletion)
+{
+    const test::World world;
+    struct Case
+    {
+        uintptr_t printer, dc;
+        const char* name;
+        const char* value;
+    };
+    const Case cases[] = {
+        {0xDEADBEEF, 0x1A, "0x00000000DEADBEEF", "0x000000000000001A"},
+        {UINTPTR_MAX, UINTPTR_MAX - 1, "0xFFFFFFFFFFFFFFFF", "0xFFFFFFFFFFFFFFFE"},
+        {0, 0, "0x0000000000000000", "0x0000000000000000"},
+    };
+    for (const Case& c : cases) {
+        psui::HandleDocumentEvent(HandleOf(c.printer), reinterpret_cast<HDC>(c.dc), 2);
+        EXPECT_EQ(Variable(c.name), c.value);
+        psui::HandleDocumentEvent(HandleOf(c.printer), nullptr, 10);
+        EXPECT_EQ(Variable(c.name), "(none)");
+    }
+}
+
+TEST(DocumentEvent, AsksTheMonitorToPopUpWhenADocumentStarts)
+{
+    const test::World world;
+    const test::Printer printer(u"P1", test::kEmptyModel);
+    psui::HandleDocumentEvent(printer.handle(), nullptr, 5);
+    EXPECT_NE(GlobalFindAtomW(TEXT("VMSTSWIN-POPUPONPRINT P1")), 0);
+}
+
+TEST(DocumentEvent, DoesNothingForAnyOtherEvent)
+{
+    const test::World world;
+    const test::Printer printer(u"P1", test::kEmptyModel);
+    const host::Ledger before = host::OpenObjects();
+    host::StartProfile();
+    for (const int event : {0, 1, 3, 4, 6, 7, 8, 9, 11, 12, 13, 14, 0x10002, -1, INT32_MIN, INT32_MAX})
+        psui::HandleDocumentEvent(printer.handle(), nullptr, event);
+    EXPECT_TRUE(host::StopProfile().calls.empty());
+    psui::HandleDocumentEvent(nullptr, nullptr, 5);
+    psui::HandleDocumentEvent(HandleOf(0x123), nullptr, 5);
+    EXPECT_EQ(GlobalFindAtomW(TEXT("VMSTSWIN-POPUPONPRINT P1")), 0);
+    EXPECT_EQ(host::OpenObjects(), before);
+}
+
+} // namespace

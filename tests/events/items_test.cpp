@@ -1,0 +1,60 @@
+#include "psui/events/items.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Items, TurnAListIntoAMask)
+{
+    struct Case
+    {
+        std::u16string list;
+        uint32_t mask;
+    };
+    const Case cases[] = {
+        {u"", 0},
+        {u"10", 0x100},
+        {u"1,2,3,10,11,12", 0x707},
+        {u"10, 11,12 ", 0x700},
+        {u"3,3,3", 4},
+        {u"0010,4,5,100,-1,x,3x", 0x104},
+        {u",,1,", 1},
+        {u"1.5;2", 1},
+        {u"00000000000000010", 1}, // 16 characters are read of an item
+        {u"18446744073709551618,4294967297,1e1", 1},
+        {std::u16string(32000, u'9'), 0},
+        {std::u16string(32000, u','), 0},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(psui::MaskOfItems(c.list.c_str()), c.mask)
+            << std::string(c.list.begin(), c.list.begin() + std::min<size_t>(c.list.size(), 40));
+}
+
+TEST(Items, TurnAMaskIntoAList)
+{
+    struct Case
+    {
+        uint32_t mask;
+        const char16_t* list;
+    };
+    const Case cases[] = {
+        {0, u""},
+        {0x603, u""},
+        {0x100, u"10"},
+        {0x4, u"3"},
+        {0x104, u"10,3"},
+        {0x101, u"10,1"},
+        {0x707, u"10,11,12,1,2,3"},
+        {0xFFFFFFFF, u"10,11,12,1,2,3"},
+        {0xFFFFF8F8, u""},
+    };
+    for (const Case& c : cases) {
+        psui::ItemList list;
+        psui::ItemsOfMask(c.mask, list);
+        EXPECT_EQ(std::u16string(list), c.list) << std::hex << c.mask;
+    }
+}
+
+} // namespace

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include "tests/events/monitor_world.h"
+
+namespace {
+
+using test::MonitorWorld;
+
+std::u16string Quoted(const std::u16string& text)
+{
+    return u"\"" + text + u"\"";
+}
+
+TEST(LaunchStatusMonitor, TellsTheMonitorToShowItselfWhenItIsWanted)
+{
+    struct Case
+    {
+        bool running, wanted;
+        const char16_t* version;
+        const char16_t* argument; ///< null: nothing is started
+        bool withFile;
+    };
+    const Case cases[] = {
+        {false, false, u"3.10", nullptr, false}, {true, false, u"3.10", u" 0", true},
+        {false, true, u"3.10", u" 1", true},     {true, true, u"3.10", u" 1", true},
+        {false, true, u"3.0", u" 1", false},     {true, false, u"3.0", u" 0", false},
+        {false, true, u"4.0", u" 1", true},      {false, true, u"", u" 1", false},
+    };
+    for (const Case& c : cases) {
+        MonitorWorld world(c.version);
+        if (c.running)
+            host::AddWindow(u"LODESTAT");
+        host::AddWindow(u"OTHER");
+        world.record.dmPrivate.bStatusMonitor = c.wanted;
+        const UINT result = psui::LaunchStatusMonitor(&world.record.dmPrivate);
+        std::vector<std::u16string> expected;
+        if (c.argument) {
+            expected.push_back(test::DriverFolder() + u"\\3\\LODESTAT.EXE" + c.argument);
+            if (c.withFile)
+                expected[0] += u" " + Quoted(MonitorWorld::DataFolder() + u"\\lodestat.ini");
+        }
+        EXPECT_EQ(test::Launches(), expected) << c.running << c.wanted;
+        EXPECT_EQ(result > 31, c.argument != nullptr);
+    }
+}
+
+TEST(LaunchStatusMonitor, NeverRunsAClientsProgramWithTheSystemsRights)
+{
+    struct Case
+    {
+        const char16_t* serviceUser;
+        size_t launches;
+    };
+    const Case cases[] = {{u"SYSTEM", 0}, {u"system", 0}, {u"Service", 1}};
+    for (const Case& c : cases) {
+        MonitorWorld world;
+        const HMODULE spooler = LoadLibraryW(TEXT("spoolss.dll"));
+        host::RunInSpooler(c.serviceUser);
+        const host::Ledger before = host::OpenObjects();
+        psui::LaunchStatusMonitor(&world.record.dmPrivate);
+        EXPECT_EQ(test::Launches().size(), c.launches) << std::string(c.serviceUser, c.serviceUser + 6);
+        EXPECT_EQ(host::OpenObjects(), before) << "the client's identity was not taken on again";
+        host::RunInSpooler(u"");
+        FreeLibrary(spooler);
+    }
+}
+
+TEST(LaunchStatusMonitor, PassesAFailureOn)
+{
+    MonitorWorld world;
+    host::FailLaunches(2);
+    EXPECT_EQ(psui::LaunchStatusMonitor(&world.record.dmPrivate), 2u);
+}
+
+TEST(LaunchStatusMonitor, LeavesThePathOutWhenItIsNotKnown)
+{
+    MonitorWorld world;
+    host::SetApplicationDataKnown(false);
+    psui::LaunchStatusMonitor(&world.record.dmPrivate);
+    EXPECT_EQ(test::Launches(), std::vector<std::u16string>{test::DriverFolder() + u"\\3\\LODESTAT.EXE 1"});
+}
+
+} // namespace

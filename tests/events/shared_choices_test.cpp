@@ -1,0 +1,353 @@
+#include <gtest/gtest.h>
+
+#include "psui/events/settings_file.h"
+#include "tests/events/monitor_world.h"
+
+namespace {
+
+using test::MonitorWorld;
+using test::Section;
+
+/// `base` with other values, where an empty value takes a key away.
+Section With(Section base, const Section& changes)
+{
+    for (const auto& [key, value] : changes) {
+        if (value.empty())
+            base.erase(key);
+        else
+            base[key] = value;
+    }
+    return base;
+}
+
+/// What every maintained section of the printer holds; its processor is not the maker's.
+const Section kMaintained = {{u"Model", u"P1.INI"}, {u"Lang", u"ENG"}, {u"New", u"1"}, {u"Proc", u"1"}};
+
+TEST(SettingsFileOf, CutsTheNameAtItsFirstDot)
+{
+    struct Case
+    {
+        std::u16string dataFile, expected; ///< empty: there is none
+    };
+    const Case cases[] = {
+        {u"C:\\d.x\\palette.ppd", u"C:\\d.x\\palette.INI"},
+        {u"C:\\d\\a.b.c.ppd", u"C:\\d\\a.INI"},
+        {u"palette.ppd", u"palette.INI"},
+        {u"C:\\d\\.ppd", u"C:\\d\\.INI"},
+        {u"C:\\d\\palette.", u"C:\\d\\palette.INI"},
+        {u"C:\\d.x\\palette", u""},
+        {u"", u""},
+        {std::u16string(255, u'n') + u".p", std::u16string(255, u'n') + u".INI"},
+        {std::u16string(256, u'n') + u".p", u""},
+        {std::u16string(32000, u'n') + u".p", u""},
+    };
+    for (const Case& c : cases) {
+        psui::PathText path;
+        EXPECT_EQ(psui::SettingsFileOf(c.dataFile.c_str(), path), !c.expected.empty());
+        EXPECT_EQ(std::u16string(path), c.expected);
+    }
+}
+
+TEST(SyncStatusMonitorIni, NeedsAMonitorThatHasShownAPrinter)
+{
+    for (const bool emptyValue : {false, true}) {
+        MonitorWorld world;
+        if (emptyValue)
+            world.Shared().Write(u"LODESTAT", {{u"Printer", u""}});
+        const std::string before = world.Shared().Bytes();
+        const psui::DriverDevMode record = world.record;
+        world.Sync();
+        EXPECT_EQ(world.Shared().Bytes(), before);
+        EXPECT_EQ(test::Differences(world.record, record), "");
+        EXPECT_TRUE(test::Launches().empty());
+    }
+}
+
+TEST(SyncStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
+{
+    MonitorWorld world;
+    world.Shared().Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    world.Shared().Write(u"P1", {{u"10", u"4"}});
+    world.record.dmPrivate.bStatusMonitor = 0;
+    const std::string before = world.Shared().Bytes();
+    const psui::DriverDevMode record = world.record;
+    world.Sync();
+    EXPECT_TRUE(test::Launches().empty());
+    host::AddWindow(u"LODESTAT");
+    world.Sync();
+    EXPECT_EQ(test::Launches().size(), 1u);
+    EXPECT_EQ(world.Shared().Bytes(), before);
+    EXPECT_EQ(test::Differences(world.record, record), "");
+}
+
+TEST(SyncStatusMonitorIni, KeepsThePrintersSection)
+{
+    struct Case
+    {
+        const char* what;
+        const char16_t* shown;
+        const char16_t* processor;
+        Section before, after;
+    };
+    const Case cases[] = {
+        {"another printer was shown", u"Other", u"raw", {}, kMaintained},
+        {"this printer was shown", u"P1", u"raw", {}, With(kMaintained, {{u"Model", u""}})},
+        {"in another case", u"p1", u"raw", {}, With(kMaintained, {{u"Model", u""}})},
+        {"old entries", u"Other", u"raw", {{u"Model", u"x.INI"}, {u"Lang", u"JPN"}}, kMaintained},
+        {"the monitor waits", u"P1", u"raw", {{u"10C", u"1"}}, With(kMaintained, {{u"Model", u""}})},
+        {"the maker's processor", u"Other", u"VMHUB PRINT", {}, {{u"Model", u"P1.INI"}, {u"Lang", u"ENG"}}},
+        {"its name in another case",
+         u"P1",
+         u"vmhub print",
+         {{u"Proc", u"1"}},
+         {{u"Proc", u"1"}, {u"Lang", u"ENG"}}},
+        {"the maker's processor, the monitor waits",
+         u"P1",
+         u"VMHUB PRINT",
+         {{u"10C", u"0"}, {u"Proc", u"1"}},
+         {{u"New", u"1"}, {u"Lang", u"ENG"}}},
+        {"what is not the driver's stays",
+         u"P1",
+         u"VMHUB PRINT",
+         {{u"Own", u"x"}, {u"Set", u"10"}},
+         {{u"Own", u"x"}, {u"Set", u"10"}, {u"Lang", u"ENG"}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        MonitorWorld world;
+        world.SetProcessor(c.processor);
+        world.Shared().Write(u"LODESTAT", {{u"Printer", c.shown}});
+        world.Shared().Write(u"P1", c.before);
+        world.Sync();
+        EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
+        EXPECT_EQ(test::Launches().size(), 1u);
+        const bool taken = std::u16string(c.shown) == u"Other";
+        EXPECT_EQ(world.Shared().Read(u"LODESTAT"), (Section{{u"Printer", taken ? u"P1" : c.shown}}));
+    }
+}
+
+TEST(SyncStatusMonitorIni, UsesTheWindowsDirectoryForAnOldMonitor)
+{
+    MonitorWorld world(u"3.0");
+    const test::Profile old(u"lodestat.ini");
+    const test::Profile oldWhole(test::WindowsFolder() + u"\\lodestat.ini");
+    old.Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    world.Shared().Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    world.Sync();
+    EXPECT_EQ(oldWhole.Read(u"LODESTAT"), (Section{{u"Printer", u"P1"}}));
+    EXPECT_EQ(oldWhole.Read(u"P1"), kMaintained);
+    EXPECT_EQ(world.Shared().Read(u"LODESTAT"), (Section{{u"Printer", u"Other"}}));
+}
+
+TEST(SyncStatusMonitorIni, GivesUpWhenTheNewFilesFolderIsNotKnown)
+{
+    MonitorWorld world;
+    const test::Profile old(u"lodestat.ini");
+    old.Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    host::SetApplicationDataKnown(false);
+    world.Sync();
+    EXPECT_EQ(old.Read(u"LODESTAT"), (Section{{u"Printer", u"Other"}}));
+    EXPECT_TRUE(test::Launches().empty());
+    world.Update();
+    EXPECT_EQ(old.Read(u"LODESTAT"), (Section{{u"Printer", u"P1"}})) << "the update has the old file left";
+}
+
+TEST(SyncStatusMonitorIni, TakesTheOfferedItemsOver)
+{
+    struct Case
+    {
+        const char* what;
+        Section printer, model;
+        int64_t pages, color;
+    };
+    const Section choices = {{u"10", u"-4"}, {u"3", u"4097"}};
+    const Case cases[] = {
+        {"nothing says which", choices, {}, -4, 1},
+        {"both", With(choices, {{u"Bits", u"0x104"}}), {}, -4, 1},
+        {"decimal", With(choices, {{u"Bits", u"260"}}), {}, -4, 1},
+        {"the layout", With(choices, {{u"Bits", u"0x100"}}), {}, -4, 2},
+        {"the colour", With(choices, {{u"Bits", u"0x4"}}), {}, 1, 1},
+        {"none", With(choices, {{u"Bits", u"0x603"}}), {{u"Bits", u"0x104"}}, 1, 2},
+        {"the model's", choices, {{u"Bits", u"0x100"}}, -4, 2},
+        {"the model's for a negative number", With(choices, {{u"Bits", u"-1"}}), {{u"Bits", u"0x0"}}, 1, 2},
+        {"no text is a mask", With(choices, {{u"Bits", u"x"}}), {{u"Bits", u"0x104"}}, 1, 2},
+        {"the monitor set no colour", {{u"Bits", u"0x4"}, {u"3", u"1"}}, {}, 1, 2},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        MonitorWorld world;
+        world.Shared().Write(u"LODESTAT", {{u"Printer", u"P1"}});
+        world.Shared().Write(u"P1", c.printer);
+        MonitorWorld::OfModel().Write(u"ENG", c.model);
+        MonitorWorld::OfModel().Write(u"JPN", {{u"Bits", u"0x1"}});
+        world.Sync();
+        test::ExpectFields(world.record, {{"dwPagesPerSheet", c.pages}, {"dmColor", c.color}});
+    }
+}
+
+TEST(SyncStatusMonitorIni, NeverWorksInTheSystemDirectory)
+{
+    MonitorWorld world;
+    host::SetUserName(u"SYSTEM");
+    psui::PathText path;
+    ASSERT_TRUE(psui::StatusMonitorIniPath(path, false));
+    ASSERT_TRUE(std::u16string(path).starts_with(test::SystemFolder()));
+    std::filesystem::create_directories(std::filesystem::path(host::NativePath(path)).parent_path());
+    const test::Profile file{path};
+    file.Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    test::SetRegistryText(HKEY_CURRENT_USER, test::kMonitorKey, u"Lodestat", u"3.10");
+    world.Sync();
+    EXPECT_EQ(file.Read(u"LODESTAT"), (Section{{u"Printer", u"Other"}}));
+    EXPECT_TRUE(test::Launches().empty());
+}
+
+TEST(UpdateStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
+{
+    MonitorWorld world;
+    world.record.dmPrivate.bStatusMonitor = 0;
+    world.Update();
+    EXPECT_TRUE(test::Launches().empty());
+    EXPECT_EQ(world.Shared().Bytes(), "");
+}
+
+TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
+{
+    const Section told = With(kMaintained, {{u"10", u"4"}});
+    struct Case
+    {
+        const char* what;
+        Section before, model, after;
+    };
+    const Case cases[] = {
+        {"nothing is known", {}, {}, told},
+        {"items from the model",
+         {},
+         {{u"Set", u"1,10,3,99"}},
+         With(told, {{u"Set", u"1,10,3,99"}, {u"Bits", u"0x105"}})},
+        {"items of the model without a layout",
+         {},
+         {{u"Set", u"1,3"}},
+         With(kMaintained, {{u"Set", u"1,3"}, {u"Bits", u"0x5"}})},
+        {"items of the printer",
+         {{u"Set", u"3"}, {u"Bits", u"0x4"}},
+         {{u"Set", u"10"}},
+         With(kMaintained, {{u"Set", u"3"}, {u"Bits", u"0x4"}})},
+        {"items without their mask", {{u"Set", u"3"}}, {}, With(told, {{u"Set", u"3"}})},
+        {"the same layout", {{u"10", u"4x"}}, {}, With(kMaintained, {{u"10", u"4x"}})},
+        {"another layout", {{u"10", u"16"}}, {}, told},
+        {"a colour that the monitor set", {{u"3", u"4098"}}, {}, With(told, {{u"3", u"4097"}})},
+        {"the same colour", {{u"3", u"0x1001"}}, {}, With(told, {{u"3", u"0x1001"}})},
+        {"a colour that the monitor did not set", {{u"3", u"2"}}, {}, With(told, {{u"3", u"2"}})},
+        {"a list longer than any", {}, {{u"Set", std::u16string(400, u'1')}}, told},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        MonitorWorld world;
+        test::SetAll(world.record, {{"dwPagesPerSheet", 4}, {"dmColor", 1}});
+        world.Shared().Write(u"P1", c.before);
+        MonitorWorld::OfModel().Write(u"ENG", c.model);
+        const psui::DriverDevMode record = world.record;
+        world.Update();
+        EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
+        EXPECT_EQ(test::Differences(world.record, record), "");
+        EXPECT_EQ(test::Launches().size(), 1u);
+    }
+}
+
+TEST(UpdateStatusMonitorIni, WritesAPosterAsANegativeNumber)
+{
+    MonitorWorld world;
+    test::Set(world.record, "dwPagesPerSheet", -9);
+    world.Update();
+    EXPECT_EQ(world.Shared().Read(u"P1"), With(kMaintained, {{u"10", u"-9"}}));
+}
+
+TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
+{
+    struct Case
+    {
+        const char* what;
+        Section printer, model;
+        uint32_t mask;
+        Section after;
+    };
+    const Section named = {{u"Model", u"P1.INI"}, {u"Lang", u"JPN"}};
+    const Case cases[] = {
+        {"nothing is known", {}, {}, 0x104, {}},
+        {"the printer's",
+         {{u"Set", u"3"}, {u"Bits", u"0x707"}},
+         {},
+         0x104,
+         {{u"Set", u"3"}, {u"Bits", u"0x707"}}},
+        {"the printer's without a mask", {{u"Set", u"3"}}, {}, 0x104, {{u"Set", u"3"}}},
+        {"the model's", named, {{u"Set", u"1,3"}}, 4, With(named, {{u"Set", u"1,3"}, {u"Bits", u"0x5"}})},
+        {"a model without items",
+         With(named, {{u"Bits", u"0x100"}}),
+         {},
+         0x100,
+         With(named, {{u"Bits", u"0x100"}})},
+        {"a model file elsewhere",
+         With(named, {{u"Model", u"..\\system32\\P1.INI"}}),
+         {{u"Set", u"3"}},
+         0x104,
+         With(named, {{u"Model", u"..\\system32\\P1.INI"}})},
+        {"no language", {{u"Model", u"P1.INI"}}, {{u"Set", u"3"}}, 0x104, {{u"Model", u"P1.INI"}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        MonitorWorld world;
+        world.Shared().Write(u"P1", c.printer);
+        test::Profile(test::SystemFolder() + u"\\P1.INI").Write(u"JPN", c.model);
+        EXPECT_EQ(psui::ReadStatusMonitorItems(world.handle(), &world.record), c.mask);
+        EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
+        EXPECT_TRUE(test::Launches().empty());
+    }
+}
+
+TEST(StatusMonitorItems, AreWrittenWhenTheyChange)
+{
+    const Section named = {{u"Model", u"P1.INI"}, {u"Lang", u"JPN"}};
+    struct Case
+    {
+        const char* what;
+        uint32_t mask;
+        Section before, model, after;
+    };
+    const Case cases[] = {
+        {"new", 0x104, {}, {}, {{u"Set", u"10,3"}, {u"Bits", u"0x104"}, {u"New", u"1"}}},
+        {"all",
+         0x707,
+         {{u"Set", u"3"}},
+         {},
+         {{u"Set", u"10,11,12,1,2,3"}, {u"Bits", u"0x707"}, {u"New", u"1"}}},
+        {"the same",
+         0x104,
+         {{u"Set", u"10,3"}, {u"Bits", u"0x5"}},
+         {},
+         {{u"Set", u"10,3"}, {u"Bits", u"0x5"}}},
+        {"the same in another order",
+         0x104,
+         {{u"Set", u"3,10"}},
+         {},
+         {{u"Set", u"10,3"}, {u"Bits", u"0x104"}, {u"New", u"1"}}},
+        {"those of the model", 0x104, named, {{u"Set", u"10,3"}}, named},
+        {"other than those of the model",
+         0x100,
+         named,
+         {{u"Set", u"10,3"}},
+         With(named, {{u"Set", u"10"}, {u"Bits", u"0x100"}, {u"New", u"1"}})},
+        {"none where there are none", 0x603, {}, {}, {}},
+        {"none", 0x603, {{u"Set", u"10"}}, {}, {{u"Set", u""}, {u"Bits", u"0x603"}, {u"New", u"1"}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        MonitorWorld world;
+        world.Shared().Write(u"P1", c.before);
+        test::Profile(test::SystemFolder() + u"\\P1.INI").Write(u"JPN", c.model);
+        psui::WriteStatusMonitorItems(world.handle(), &world.record, c.mask);
+        EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
+        EXPECT_EQ(test::Launches().size(), c.after == c.before ? 0u : 1u);
+    }
+}
+
+} // namespace
