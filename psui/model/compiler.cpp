@@ -1,10 +1,10 @@
 #include "psui/model/compiler.h"
 
-#include <array>
 #include <bitset>
 #include <utility>
 
 #include "psui/base/file.h"
+#include "psui/model/crc.h"
 #include "psui/model/image.h"
 #include "psui/model/keywords.h"
 
@@ -20,29 +20,6 @@ constexpr uint32_t kDefaultLanguageLevel = 1;
 constexpr uint32_t kDefaultWaitTimeout = 240;
 constexpr uint32_t kDefaultScreenAngle = 45 * 256;
 constexpr uint32_t kDefaultScreenFreq = 60 * 256;
-
-constexpr std::array<uint16_t, 256> MakeCrcTable()
-{
-    constexpr uint16_t kPolynomial = 0x1021;
-    std::array<uint16_t, 256> table{};
-    for (unsigned byte = 0; byte < table.size(); ++byte) {
-        unsigned crc = byte << 8;
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc & 0x8000) ? (crc << 1) ^ kPolynomial : crc << 1;
-        table[byte] = static_cast<uint16_t>(crc);
-    }
-    return table;
-}
-
-constexpr std::array<uint16_t, 256> kCrcTable = MakeCrcTable();
-
-uint16_t CrcOf(std::string_view text)
-{
-    unsigned crc = 0;
-    for (char c : text)
-        crc = kCrcTable[(crc >> 8) ^ static_cast<uint8_t>(c)] ^ (crc << 8 & 0xFFFF);
-    return static_cast<uint16_t>(crc);
-}
 
 // Whether the statement has the kind of value that the rule asks for.
 bool HasValueOf(const ModelStatement& statement, uint32_t rule)

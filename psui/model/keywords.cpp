@@ -10,7 +10,6 @@ namespace psui::compiler {
 namespace {
 
 constexpr uint32_t kNoFixedFeature = kFeatureGeneric;
-// The order is fixed: it decides which bucket a keyword falls into.
 constexpr KeywordEntry kKeywords[] = {
     {"Include", Ignore, kNoFixedFeature | kQuotedOrBareValue | kRepeatable},
     {"ColorDevice", RecordTruth<&ModelDescription::colorDevice>, kNoFixedFeature | kBareValue},
@@ -137,7 +136,15 @@ constexpr KeywordEntry kKeywords[] = {
 };
 static_assert(std::size(kKeywords) == kKeywordCount);
 
-constexpr size_t kBucketCount = 127;
+// Most keywords of a description are no keywords of ours, so a look-up has to miss quickly: the table is
+// mostly empty. The multiplication spreads the name hash, whose upper bits say little.
+constexpr unsigned kBucketBits = 10;
+constexpr size_t kBucketCount = 1u << kBucketBits;
+
+constexpr size_t BucketOf(uint32_t hash)
+{
+    return hash * 0x9E3779B1u >> (32 - kBucketBits);
+}
 
 struct Bucket
 {
@@ -151,7 +158,7 @@ constexpr std::array<Bucket, kBucketCount> HashKeywords()
     buckets.fill({0, kKeywordCount});
     for (uint16_t entry = 0; entry < kKeywordCount; ++entry) {
         const uint32_t hash = NameHash(kKeywords[entry].keyword);
-        size_t at = hash % kBucketCount;
+        size_t at = BucketOf(hash);
         while (buckets[at].entry != kKeywordCount)
             at = (at + 1) % kBucketCount;
         buckets[at] = {hash, entry};
@@ -166,7 +173,7 @@ constexpr std::array<Bucket, kBucketCount> kBuckets = HashKeywords();
 const KeywordEntry* FindKeyword(std::string_view keyword)
 {
     const uint32_t hash = NameHash(keyword);
-    for (size_t at = hash % kBucketCount; kBuckets[at].entry != kKeywordCount; at = (at + 1) % kBucketCount) {
+    for (size_t at = BucketOf(hash); kBuckets[at].entry != kKeywordCount; at = (at + 1) % kBucketCount) {
         const KeywordEntry& entry = kKeywords[kBuckets[at].entry];
         if (kBuckets[at].hash == hash && entry.keyword == keyword)
             return &entry;
