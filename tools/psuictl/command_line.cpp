@@ -48,6 +48,7 @@ public:
     {
         root_.set_version_flag("--version", "psuictl " PSUICTL_VERSION);
         root_.require_subcommand(1);
+        root_.allow_windows_style_options(false); // "/tmp/a.dm" is a file on every platform
         root_.footer("Run 'psuictl COMMAND --help' for the options of a command and examples.\n"
                      "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 refused (a job that cannot print).\n");
         AddParameters(root_, kCommonParameters);

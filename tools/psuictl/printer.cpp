@@ -106,12 +106,16 @@ void InstallDriver(const Session& session, const Installation& plan)
         DropImage(installed->dataFile);
 }
 
-/// Returns false, with the platform's error code set, when the driver stays.
+/// Returns false, with the platform's error code set, when the driver stays. A spooler that deletes no files
+/// refuses the flag; it is asked to forget the driver at least.
 bool RemoveDriver(const DriverRow& driver)
 {
     WideString name = driver.name;
     WideString environment = kEnvironment;
-    if (!DeletePrinterDriverExW(nullptr, environment.data(), name.data(), DPD_DELETE_UNUSED_FILES, 0))
+    const auto remove = [&](DWORD flags) {
+        return DeletePrinterDriverExW(nullptr, environment.data(), name.data(), flags, 0) != FALSE;
+    };
+    if (!remove(DPD_DELETE_UNUSED_FILES) && (GetLastError() != ERROR_INVALID_PARAMETER || !remove(0)))
         return false;
     if (!FileExists(driver.dataFile))
         DropImage(driver.dataFile);

@@ -1,5 +1,6 @@
 #include "tools/psuictl/record_value.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -133,8 +134,7 @@ std::optional<int64_t> ParseWords(const RecordField& field, std::string_view tex
                                         [&](const FieldWord& word) { return part == word.word; });
         if (found == field.words.end())
             return std::nullopt;
-        const bool isNegative = IsSigned(field.kind) && !field.bits;
-        value |= isNegative ? int64_t{static_cast<int32_t>(found->value)} : int64_t{found->value};
+        value |= IsSigned(field.kind) ? int64_t{static_cast<int32_t>(found->value)} : int64_t{found->value};
         more = plus != std::string_view::npos;
         text.remove_prefix(more ? plus + 1 : text.size());
     }
