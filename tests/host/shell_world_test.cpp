@@ -1,0 +1,383 @@
+// What a host sets and reads back: profile files of several processes, launches, folders, windows, the
+// spooler's side, and reads that answer wrongly.
+#include <filesystem>
+#include <fstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include "host/host.h"
+
+namespace {
+
+class Shell : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string error;
+        ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
+    }
+    void TearDown() override
+    {
+        EXPECT_EQ(host::OpenObjects(), host::Ledger());
+        host::Close();
+    }
+
+    static std::string Content(const char16_t* path)
+    {
+        std::ifstream file(host::NativePath(path), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    static void Place(const char16_t* path, const std::string& content = "program")
+    {
+        std::ofstream(host::NativePath(path), std::ios::binary) << content;
+    }
+
+    template <class Function>
+    static Function* Procedure(HMODULE module, const char* name)
+    {
+        return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+    }
+};
+
+constexpr char16_t kFile[] = u"C:\\shared.ini";
+constexpr int kEntries = 60;
+
+pid_t StartWriter(const std::string& section)
+{
+    const std::string root = host::RootFolder();
+    const std::string count = std::to_string(kEntries);
+    const pid_t child = fork();
+    if (child == 0) {
+        execl(PSUI_PROFILE_WRITER, PSUI_PROFILE_WRITER, root.c_str(), "C:\\shared.ini", section.c_str(),
+              count.c_str(), nullptr);
+        _exit(3);
+    }
+    return child;
+}
+
+void WriteEntries(const std::u16string& section)
+{
+    for (int i = 0; i < kEntries; ++i) {
+        const std::string digits = std::to_string(i);
+        const std::u16string number(digits.begin(), digits.end());
+        EXPECT_TRUE(WritePrivateProfileStringW(section.c_str(), number.c_str(), number.c_str(), kFile));
+    }
+}
+
+void ExpectEntries(const std::u16string& section)
+{
+    for (int i = 0; i < kEntries; ++i) {
+        const std::string digits = std::to_string(i);
+        const std::u16string number(digits.begin(), digits.end());
+        EXPECT_EQ(GetPrivateProfileIntW(section.c_str(), number.c_str(), -1, kFile), static_cast<UINT>(i))
+            << digits;
+    }
+}
+
+TEST_F(Shell, WritersOfOneProfileFileLoseNothingOfEachOther)
+{
+    Place(u"C:\\windows\\writer.exe");
+    const pid_t children[] = {StartWriter("one"), StartWriter("two")};
+    std::thread first(WriteEntries, u"three");
+    std::thread second(WriteEntries, u"four");
+    first.join();
+    second.join();
+    for (const pid_t child : children) {
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    for (const char16_t* section : {u"one", u"two", u"three", u"four"})
+        ExpectEntries(section);
+    // What the processes left behind in the root is seen here.
+    EXPECT_NE(GlobalFindAtomW(u"Writer of one"), 0);
+    EXPECT_NE(GlobalFindAtomW(u"writer of two"), GlobalFindAtomW(u"writer of one"));
+    const std::vector<host::Event> events = host::Recorded();
+    ASSERT_EQ(events.size(), 2u);
+    EXPECT_EQ(events[1].text, u"writer.exe");
+}
+
+TEST_F(Shell, KilledWriterLeavesTheOldFile)
+{
+    WritePrivateProfileStringW(u"S", u"k", u"old", kFile);
+    Place(u"C:\\shared.ini.new~", "[S]\r\nk=ha"); // what it had written when it was killed
+    WCHAR value[8];
+    GetPrivateProfileStringW(u"S", u"k", u"", value, 8, kFile);
+    EXPECT_EQ(std::u16string(value), u"old");
+    EXPECT_TRUE(WritePrivateProfileStringW(u"S", u"k", u"new", kFile));
+    EXPECT_EQ(Content(kFile), "[S]\r\nk=new\r\n");
+    EXPECT_EQ(GetFileAttributesW(u"C:\\shared.ini.new~"), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(Shell, FullDiskLeavesTheOldFile)
+{
+    WritePrivateProfileStringW(u"S", u"k", u"old", kFile);
+    host::LimitDiskSpace(10);
+    EXPECT_FALSE(WritePrivateProfileStringW(u"S", u"k", u"much longer than that", kFile));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DISK_FULL));
+    host::LimitDiskSpace(-1);
+    EXPECT_EQ(Content(kFile), "[S]\r\nk=old\r\n");
+    EXPECT_EQ(GetFileAttributesW(u"C:\\shared.ini.new~"), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(Shell, ProfileFilesFollowTheCodePage)
+{
+    host::SetCodePage(932);
+    // The second byte of the first letter is a backslash, that of the second a bracket.
+    Place(kFile, "[\x83\x5C\x81\x6E]\r\n\x81\x5B=\x8E\x9A\r\n");
+    WCHAR value[8];
+    EXPECT_EQ(GetPrivateProfileStringW(u"\u30BD\uFF5B", u"\u30FC", u"", value, 8, kFile), 0u);
+    Place(kFile, "[\x83\x5C\x81\x5D]\r\n\x81\x5B=\x8E\x9A\r\n");
+    EXPECT_EQ(GetPrivateProfileStringW(u"\u30BD\u2010", u"\u30FC", u"", value, 8, kFile), 1u);
+    EXPECT_EQ(std::u16string(value), u"\u5B57");
+    // A name that the code page cannot hold is found again by what was stored.
+    host::SetCodePage(1252);
+    for (const char16_t* text : {u"1", u"2"})
+        EXPECT_TRUE(WritePrivateProfileStringW(u"\u5B57", u"\u5B57", text, u"C:\\narrow.ini"));
+    EXPECT_EQ(Content(u"C:\\narrow.ini"), "[?]\r\n?=2\r\n");
+}
+
+TEST_F(Shell, LaunchesAreRecordedInOrder)
+{
+    Place(u"C:\\windows\\tool one.exe");
+    EXPECT_EQ(WinExec("C:\\windows\\tool one.exe 1 \"C:\\x y\"", 5), 33u) << "blanks in an unquoted name";
+    EXPECT_EQ(WinExec("\"tool one\" 2", 0), 33u);
+    EXPECT_EQ(WinExec("", 0), static_cast<UINT>(ERROR_FILE_NOT_FOUND));
+    const auto open = [](const char16_t* file, const char16_t* parameters, const char16_t* folder) {
+        return reinterpret_cast<INT_PTR>(
+            ShellExecuteW(nullptr, nullptr, file, parameters, folder, SW_SHOWNORMAL));
+    };
+    EXPECT_EQ(open(u"http://example.test/?a=1|2", nullptr, nullptr), 33);
+    EXPECT_EQ(open(u"tool one.exe", u"-x", u"C:\\windows"), 33);
+    EXPECT_EQ(open(u"none.exe", nullptr, u"C:\\windows"), SE_ERR_FNF);
+    MessageBeep(0x30);
+    host::FailLaunches(ERROR_ACCESS_DENIED);
+    EXPECT_EQ(WinExec("tool.exe", 1), static_cast<UINT>(ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(open(u"http://example.test/", nullptr, nullptr), SE_ERR_ACCESSDENIED);
+
+    const struct
+    {
+        const char* kind;
+        const char16_t* text;
+        const char16_t* detail;
+    } expected[] = {
+        {"launch", u"C:\\windows\\tool one.exe 1 \"C:\\x y\"", u"5"},
+        {"launch", u"\"tool one\" 2", u"0"},
+        {"failed launch", u"", u"0"},
+        {"open", u"http://example.test/?a=1|2", u"open|||1"},
+        {"open", u"tool one.exe", u"open|-x|C:\\windows|1"},
+        {"failed open", u"none.exe", u"open||C:\\windows|1"},
+        {"beep", u"", u"48"},
+        {"failed launch", u"tool.exe", u"1"},
+        {"failed open", u"http://example.test/", u"open|||1"},
+    };
+    const std::vector<host::Event> events = host::Recorded();
+    ASSERT_EQ(events.size(), std::size(expected));
+    for (size_t i = 0; i < events.size(); ++i) {
+        EXPECT_EQ(events[i].kind, expected[i].kind) << i;
+        EXPECT_EQ(events[i].text, expected[i].text) << i;
+        EXPECT_EQ(events[i].detail, expected[i].detail) << i;
+    }
+    host::ClearRecorded();
+    EXPECT_TRUE(host::Recorded().empty());
+}
+
+TEST_F(Shell, WindowsOfOthersAreFoundUntilTheyGo)
+{
+    void* const monitor = host::AddWindow(u"Monitor", u"Printer 1");
+    void* const other = host::AddWindow(u"Other");
+    const struct
+    {
+        const char16_t* className;
+        const char16_t* title;
+        void* window;
+    } cases[] = {
+        {u"monitor", nullptr, monitor},   {u"MONITOR", u"printer 1", monitor},
+        {nullptr, u"Printer 1", monitor}, {u"Monitor", u"", nullptr},
+        {u"Other", u"", other},           {nullptr, nullptr, monitor},
+        {u"None", nullptr, nullptr},      {MAKEINTATOM(0xC123), nullptr, nullptr},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(FindWindowW(each.className, each.title), each.window);
+    const HWND window = FindWindowW(u"Monitor", nullptr);
+    WCHAR name[16];
+    EXPECT_EQ(GetClassNameW(window, name, 16), 7);
+    EXPECT_TRUE(IsWindow(window));
+    host::RemoveWindow(monitor);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(FindWindowW(u"Monitor", nullptr), nullptr);
+}
+
+TEST_F(Shell, FoldersFollowTheUser)
+{
+    WCHAR path[MAX_PATH];
+    host::SetUserName(u"someone");
+    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, 0, path), S_OK);
+    EXPECT_EQ(std::u16string(path), u"C:\\users\\someone\\AppData\\Roaming");
+    ASSERT_TRUE(RemoveDirectoryW(path));
+    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, 0, path), E_FAIL);
+    char narrow[MAX_PATH];
+    EXPECT_EQ(SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, 0, narrow), S_FALSE);
+    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, path), S_OK);
+    EXPECT_NE(GetFileAttributesW(path), INVALID_FILE_ATTRIBUTES);
+    host::SetApplicationDataKnown(false);
+    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, path), E_FAIL);
+    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, path), S_OK);
+}
+
+TEST_F(Shell, SpoolerImpersonationPairsUpByThread)
+{
+    const HMODULE module = LoadLibraryW(u"spoolss.dll");
+    const auto revert = Procedure<HANDLE()>(module, "RevertToPrinterSelf");
+    const auto impersonate = Procedure<BOOL(HANDLE)>(module, "ImpersonatePrinterClient");
+    ASSERT_TRUE(revert != nullptr && impersonate != nullptr);
+    const auto user = [] {
+        WCHAR name[16];
+        DWORD size = 16;
+        return GetUserNameW(name, &size) ? std::u16string(name) : std::u16string();
+    };
+    EXPECT_EQ(revert(), nullptr) << "not in a spooler";
+    host::RunInSpooler(u"SYSTEM");
+    EXPECT_EQ(user(), u"user");
+    const HANDLE token = revert();
+    ASSERT_NE(token, nullptr);
+    EXPECT_EQ(user(), u"SYSTEM");
+    EXPECT_EQ(revert(), nullptr) << "it is itself already";
+    EXPECT_FALSE(impersonate(nullptr));
+    BOOL elsewhere = TRUE;
+    std::thread([&] { elsewhere = impersonate(token); }).join();
+    EXPECT_FALSE(elsewhere);
+    EXPECT_EQ(host::OpenObjects().tokens, 1);
+    EXPECT_TRUE(impersonate(token));
+    EXPECT_FALSE(impersonate(token)) << "twice";
+    EXPECT_EQ(user(), u"user");
+    const host::Impersonations calls = host::SpoolerImpersonations();
+    EXPECT_EQ(calls.reverted, 1u);
+    EXPECT_EQ(calls.resumed, 1u);
+    EXPECT_EQ(calls.refused, 3u);
+    revert();
+    host::RunInSpooler({});
+    EXPECT_EQ(host::OpenObjects().tokens, 0) << "void with the spooler";
+    FreeLibrary(module);
+}
+
+TEST_F(Shell, ReadsAnswerWronglyWhereTheyAreToldTo)
+{
+    WritePrivateProfileStringW(u"S", u"k", u"value", kFile);
+    const auto ask = [] {
+        WCHAR value[64];
+        return GetPrivateProfileStringW(u"S", u"k", u"def", value, 64, kFile);
+    };
+    host::MisreadCalls(1, false, host::Misread::Fail);
+    EXPECT_EQ(ask(), 5u);
+    EXPECT_EQ(ask(), 3u) << "the second read";
+    EXPECT_EQ(ask(), 5u);
+    EXPECT_EQ(host::ReadsSeen(), 3u);
+
+    const std::u16string module = host::WindowsPath(PSUI_VERSION_MODULE);
+    const DWORD size = GetFileVersionInfoSizeW(module.c_str(), nullptr);
+    ASSERT_NE(size, 0u);
+    const struct
+    {
+        host::Misread how;
+        DWORD answer;
+    } cases[] = {
+        {host::Misread::Fail, 0},
+        {host::Misread::Grow, size + 64},
+        {host::Misread::TooSmall, size / 2},
+        {host::Misread::Huge, 0xFFFFFFFF},
+        {host::Misread::WrongType, size},
+    };
+    for (const auto& each : cases) {
+        host::MisreadCalls(0, true, each.how);
+        EXPECT_EQ(GetFileVersionInfoSizeW(module.c_str(), nullptr), each.answer);
+    }
+    host::StopFailing();
+    EXPECT_EQ(GetFileVersionInfoSizeW(module.c_str(), nullptr), size);
+}
+
+class VersionFiles : public Shell
+{
+protected:
+    void Copy(const char* from)
+    {
+        path_ = host::NativePath(u"C:\\module.bin");
+        std::filesystem::copy_file(from, path_);
+        size_ = std::filesystem::file_size(path_);
+    }
+
+    void Cut(size_t size) const { std::filesystem::resize_file(path_, size); }
+
+    /// Changes one byte and returns what it was.
+    char Exchange(size_t offset, char byte) const
+    {
+        std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+        char old = 0;
+        file.seekg(static_cast<std::streamoff>(offset)).get(old);
+        file.seekp(static_cast<std::streamoff>(offset)).put(byte);
+        return old;
+    }
+
+    /// The product version that the file is found to have.
+    static std::u16string Version()
+    {
+        const char16_t* const path = u"C:\\module.bin";
+        std::vector<char> data(GetFileVersionInfoSizeW(path, nullptr));
+        void* text = nullptr;
+        unsigned size = 0;
+        if (data.empty() || !GetFileVersionInfoW(path, 0, static_cast<DWORD>(data.size()), data.data()) ||
+            !VerQueryValueW(data.data(), u"\\StringFileInfo\\040904B0\\ProductVersion", &text, &size) ||
+            size == 0)
+            return u"(none)";
+        return std::u16string(static_cast<char16_t*>(text), size - 1);
+    }
+
+    std::string path_;
+    size_t size_ = 0;
+};
+
+// One is a program of the platform, the other a module of the layer; neither is ever loaded.
+constexpr const char* kVersionFiles[] = {PSUI_VERSION_PROGRAM, PSUI_VERSION_MODULE};
+
+TEST_F(VersionFiles, CutAnywhereHaveTheirWholeVersionOrNone)
+{
+    for (const char* file : kVersionFiles) {
+        Copy(file);
+        EXPECT_EQ(Version(), u"3.10") << file;
+        for (size_t size = size_; size-- > 0;) {
+            Cut(size);
+            const std::u16string version = Version();
+            EXPECT_TRUE(version == u"(none)" || version == u"3.10") << file << " cut at " << size;
+        }
+        EXPECT_EQ(Version(), u"(none)") << file;
+        std::filesystem::remove(path_);
+    }
+    EXPECT_EQ(host::OpenObjects().modules, 0);
+}
+
+TEST_F(VersionFiles, DamagedAnywhereAreSurvived)
+{
+    for (const char* file : kVersionFiles) {
+        Copy(file);
+        size_t lost = 0;
+        for (size_t i = 0; i < size_; ++i) {
+            const char old = Exchange(i, '\xFF');
+            lost += Version() != u"3.10";
+            Exchange(i, old);
+        }
+        EXPECT_GT(lost, 0u) << "some bytes are needed to find the version";
+        EXPECT_EQ(Version(), u"3.10") << file;
+        std::filesystem::remove(path_);
+    }
+}
+
+} // namespace
