@@ -19,6 +19,10 @@ namespace {
 constexpr char16_t kInitialUser[] = u"user";
 constexpr char16_t kUsersFolder[] = u"C:\\users\\";
 
+/// The system is no user: its profile lies in the system directory.
+constexpr char16_t kSystemUser[] = u"SYSTEM";
+constexpr char16_t kSystemProfile[] = u"C:\\windows\\system32\\config\\systemprofile";
+
 std::mutex userLock;
 std::u16string userName = kInitialUser;
 
@@ -32,7 +36,8 @@ std::u16string LoggedOnUser()
 
 std::u16string UserFolder()
 {
-    return kUsersFolder + LoggedOnUser();
+    const std::u16string user = LoggedOnUser();
+    return EqualNoCase(user, kSystemUser) ? kSystemProfile : kUsersFolder + user;
 }
 
 void SetUserName(std::u16string_view name)
