@@ -21,6 +21,9 @@ namespace {
 
 using WideView = std::basic_string_view<WCHAR>;
 
+/// Bytes of a version resource that are still believed.
+constexpr DWORD kLargestVersionResource = 0x100000;
+
 /// Language and code page of the texts in a version resource.
 struct Translation
 {
@@ -83,7 +86,9 @@ bool InstalledMonitorVersion(VersionText& version)
     if (!PathBesideLibrary(kMonitorProgram, path))
         return false;
     const DWORD size = GetFileVersionInfoSizeW(path, &unused);
-    const HeapPtr<BYTE> resource = size > 0 ? AllocateZeroed<BYTE>(size) : nullptr;
+    if (size == 0 || size > kLargestVersionResource)
+        return false;
+    const HeapPtr<BYTE> resource = AllocateZeroed<BYTE>(size);
     return resource && GetFileVersionInfoW(path, 0, size, resource.get()) &&
            ProductVersion(resource.get(), version);
 }

@@ -44,6 +44,8 @@ public:
                 WritePrivateProfileStringW(section.c_str(), key.c_str(), value.c_str(), path_.c_str()));
     }
 
+    void Replace(std::string_view bytes) const { WriteNative(host::NativePath(path_), bytes); }
+
     std::string Bytes() const
     {
         std::ifstream file(host::NativePath(path_), std::ios::binary);
@@ -89,6 +91,7 @@ public:
         const std::string folder = host::RootFolder() + "/drive_c/driver";
         fs::create_directory(folder);
         fs::copy_file(std::string(PSUI_PRODUCT_DIR) + "/eng/VMLANG.DLL", folder + "/psui.dll");
+        WriteNative(host::NativePath(DriverFolder() + u"\\3\\LODESTAT.EXE"), "the program that is started");
         psui::hOwnModule = LoadLibraryW(TEXT("C:\\driver\\psui.dll"));
         EXPECT_NE(psui::hOwnModule, nullptr);
         if (!monitorVersion.empty())
@@ -96,6 +99,7 @@ public:
         fs::create_directories(host::NativePath(DataFolder()));
         psui::BuildDefaultDevMode(&record, u"P1", Model(kEmptyModel), true);
         record.dmPrivate.bStatusMonitor = 1;
+        FetchInfo();
         host::ClearRecorded();
     }
     ~MonitorWorld()
@@ -122,21 +126,20 @@ public:
 
     void SetProcessor(std::u16string processor)
     {
-        alignas(8) BYTE info[8192];
-        DWORD needed = 0;
-        ASSERT_TRUE(GetPrinterW(handle(), 2, info, sizeof(info), &needed));
-        reinterpret_cast<PRINTER_INFO_2W*>(info)->pPrintProcessor = processor.data();
-        ASSERT_TRUE(SetPrinterW(handle(), 2, info, 0));
+        PRINTER_DEFAULTSW all = {};
+        all.DesiredAccess = PRINTER_ALL_ACCESS;
+        HANDLE administered = nullptr;
+        ASSERT_TRUE(OpenPrinterW(printer_.name(), &administered, &all));
+        Info()->pPrintProcessor = processor.data();
+        EXPECT_TRUE(SetPrinterW(administered, 2, info_, 0));
+        ClosePrinter(administered);
+        FetchInfo();
     }
 
-    /// Runs the synchronisation with what the spooler says of the printer.
-    void Sync()
-    {
-        alignas(8) BYTE info[8192];
-        DWORD needed = 0;
-        ASSERT_TRUE(GetPrinterW(handle(), 2, info, sizeof(info), &needed));
-        psui::SyncStatusMonitorIni(handle(), &record, reinterpret_cast<PRINTER_INFO_2W*>(info));
-    }
+    /// What the spooler said of the printer, level 2.
+    PRINTER_INFO_2W* Info() { return reinterpret_cast<PRINTER_INFO_2W*>(info_); }
+
+    void Sync() { psui::SyncStatusMonitorIni(handle(), &record, Info()); }
 
     void Update() { psui::UpdateStatusMonitorIni(handle(), &record); }
 
@@ -145,8 +148,15 @@ public:
     psui::DriverDevMode record;
 
 private:
+    void FetchInfo()
+    {
+        DWORD needed = 0;
+        EXPECT_TRUE(GetPrinterW(handle(), 2, info_, sizeof(info_), &needed));
+    }
+
     World world_;
     Printer printer_;
+    alignas(8) BYTE info_[8192];
 };
 
 /// Command lines of the programs that were started.
