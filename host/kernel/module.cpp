@@ -58,6 +58,7 @@ constexpr BuiltInModule kBuiltInModules[] = {
 
 std::recursive_mutex moduleLock;
 std::vector<std::unique_ptr<Module>> modules; // in the order of loading
+bool processEnding = false;                   // modules are being detached for good
 
 // The running program has no object of its own; its handle is this variable's address.
 const char programModule = 0;
@@ -323,7 +324,8 @@ const ResourceIndex* ResourcesOf(HMODULE handle)
 void DetachAllModules()
 {
     std::lock_guard lock(moduleLock);
-    // A module may free others while it detaches, so the list is looked through anew each time.
+    // What a detaching module frees stays until all are detached: it may be itself.
+    processEnding = true;
     const auto isAttached = [](const auto& module) { return module->attached; };
     for (;;) {
         const auto last = std::find_if(modules.rbegin(), modules.rend(), isAttached);
@@ -336,6 +338,7 @@ void DetachAllModules()
         CountOpen(&Ledger::modules, modules.back()->pinned - modules.back()->references);
         Unload(modules.back().get());
     }
+    processEnding = false;
 }
 
 } // namespace host
@@ -363,12 +366,13 @@ BOOL WINAPI FreeLibrary(HMODULE handle)
     HOST_CALL_VOID(FreeLibrary);
     std::lock_guard lock(moduleLock);
     Module* const module = ModuleOf(handle);
-    if (module == nullptr)
+    // Without references it is detaching right now and asks from its own DllMain.
+    if (module == nullptr || module->references == 0)
         return FailWith(ERROR_MOD_NOT_FOUND);
     if (module->pinned && module->references == 1)
         return TRUE;
     CountOpen(&Ledger::modules, -1);
-    if (--module->references > 0)
+    if (--module->references > 0 || processEnding)
         return TRUE;
     if (module->attached) {
         module->attached = false;

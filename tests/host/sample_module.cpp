@@ -1,4 +1,5 @@
-// A module that counts its attaches and, as modules may, loads itself once more from inside DllMain.
+// A module that counts its attaches and, as modules may, loads itself once more from inside DllMain. It frees
+// itself once too often while it detaches, which must do no harm.
 #include <windows.h>
 
 namespace {
@@ -29,6 +30,8 @@ BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID)
         if (innerHandle != nullptr)
             FreeLibrary(innerHandle);
     }
+    if (reason == DLL_PROCESS_DETACH)
+        FreeLibrary(module);
     return TRUE;
 }
 }
