@@ -17,6 +17,7 @@ namespace host {
 namespace {
 
 constexpr int kBusyTimeout = 5000; // ms
+constexpr int kRetryPause = 5;     // ms
 constexpr char kMemoryRoot[] = ":memory:";
 
 // Losing the last moments of a play world in a power cut is fine; waiting for the disk in every test is not.
@@ -66,6 +67,19 @@ bool MakeRoot(const std::string& wanted, std::string* error)
     return code ? Fail(error, "The folder " + root + " cannot be read.") : true;
 }
 
+// Whoever switches to write-ahead logging while another process opens or closes the same root is told at once
+// that the data base is locked: the busy timeout does not cover it.
+int SetUpDatabase()
+{
+    int result = SQLITE_BUSY;
+    for (int waited = 0; result == SQLITE_BUSY && waited < kBusyTimeout; waited += kRetryPause) {
+        result = sqlite3_exec(world.database, kDatabaseSetup, nullptr, nullptr, nullptr);
+        if (result == SQLITE_BUSY)
+            sqlite3_sleep(kRetryPause);
+    }
+    return result;
+}
+
 bool OpenDatabase(std::string* error)
 {
     const std::string file = world.root + "/host.db";
@@ -73,7 +87,7 @@ bool OpenDatabase(std::string* error)
         sqlite3_open_v2(file.c_str(), &world.database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(world.database, kBusyTimeout);
-        result = sqlite3_exec(world.database, kDatabaseSetup, nullptr, nullptr, nullptr);
+        result = SetUpDatabase();
     }
     return result == SQLITE_OK
                ? true
