@@ -16,6 +16,7 @@ namespace host {
 namespace {
 
 using registry::KeyId;
+using registry::View;
 
 struct Key
 {
@@ -98,11 +99,6 @@ HKEY AddHandle(KeyId id, std::string path, REGSAM access)
 {
     CountOpen(&Ledger::keys, 1);
     return static_cast<HKEY>(openKeys.Add({id, std::move(path), SpecificRights(access), false}));
-}
-
-std::u16string_view View(LPCWSTR text)
-{
-    return text ? std::u16string_view(text) : std::u16string_view();
 }
 
 std::string_view Bytes(const BYTE* data, DWORD size)
@@ -296,6 +292,7 @@ LSTATUS WINAPI RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWOR
                                 LPDWORD size)
 {
     HOST_CALL_CODE(RegQueryValueExW, ERROR_ACCESS_DENIED);
+    HOST_READ(ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED, size, size, type);
     if (reserved || (data && !size))
         return ERROR_INVALID_PARAMETER;
     Lock lock(DatabaseLock());
@@ -400,6 +397,7 @@ LSTATUS WINAPI RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSiz
                              LPDWORD type, LPBYTE data, LPDWORD size)
 {
     HOST_CALL_CODE(RegEnumValueW, ERROR_ACCESS_DENIED);
+    HOST_READ(ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED, size, size, type);
     if (reserved || !name || !nameSize || (data && !size))
         return ERROR_INVALID_PARAMETER;
     Lock lock(DatabaseLock());

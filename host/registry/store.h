@@ -64,6 +64,12 @@ LSTATUS DeleteTree(KeyId key, std::string_view path, bool keepKey);
 /// When a key or one of its values last changed, in 100 ns since 1601.
 int64_t LastWritten(KeyId key);
 
+/// A text of the caller; empty for a null pointer.
+inline std::u16string_view View(LPCWSTR text)
+{
+    return text ? std::u16string_view(text) : std::u16string_view();
+}
+
 /// A value's bytes as text, up to the first zero; nothing when the value is no text.
 std::optional<std::u16string> AsText(const Value& value);
 /// A text's bytes as a value, closing zero included.

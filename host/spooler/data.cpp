@@ -89,6 +89,7 @@ DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR value, LPDWORD type, LPBYTE 
                              LPDWORD needed)
 {
     HOST_CALL_CODE(GetPrinterDataW, ERROR_ACCESS_DENIED);
+    HOST_READ(ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED, &size, needed, type);
     if (!needed)
         return RPC_X_NULL_REF_POINTER;
     if (!value || (size && !data))
@@ -125,6 +126,7 @@ DWORD WINAPI EnumPrinterDataW(HANDLE printer, DWORD index, LPWSTR value, DWORD v
                               LPDWORD type, LPBYTE data, DWORD dataSize, LPDWORD dataNeeded)
 {
     HOST_CALL_CODE(EnumPrinterDataW, ERROR_ACCESS_DENIED);
+    HOST_READ(ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED, &dataSize, dataNeeded, type);
     if (!valueNeeded || !dataNeeded)
         return RPC_X_NULL_REF_POINTER;
     if ((valueSize && !value) || (dataSize && !data))

@@ -212,6 +212,7 @@ FileNames UnsharedFiles(const Driver& driver)
 
 DWORD DeleteDriver(const Driver& driver, DWORD flags)
 {
+    Transaction transaction(Transaction::kWrite);
     if (DriverInUse(driver.name))
         return ERROR_PRINTER_DRIVER_IN_USE;
     FileNames files = UnsharedFiles(driver);
@@ -220,6 +221,8 @@ DWORD DeleteDriver(const Driver& driver, DWORD flags)
     std::string path = registry::JoinPath(kDriversPath, driver.name).value();
     if (LSTATUS error = registry::DeleteTree(registry::FindKey(path), path, false))
         return error;
+    if (!transaction.Commit())
+        return DatabaseError();
     if (!(flags & (DPD_DELETE_UNUSED_FILES | DPD_DELETE_ALL_FILES)))
         return ERROR_SUCCESS;
     DWORD error = ERROR_SUCCESS;
@@ -319,6 +322,7 @@ BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, L
                               LPDWORD needed)
 {
     HOST_CALL(GetPrinterDriverW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     PackFunction pack = PackerOfLevel(level);
     if (!pack)
@@ -335,6 +339,7 @@ BOOL WINAPI EnumPrinterDriversW(LPWSTR server, LPWSTR environment, DWORD level, 
                                 LPDWORD needed, LPDWORD count)
 {
     HOST_CALL(EnumPrinterDriversW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     PackFunction pack = PackerOfLevel(level);
     if (!pack)
@@ -389,6 +394,7 @@ BOOL WINAPI GetPrinterDriverDirectoryW(LPWSTR server, LPWSTR environment, DWORD 
                                        DWORD size, LPDWORD needed)
 {
     HOST_CALL(GetPrinterDriverDirectoryW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     if (level != 1)
         return Report(ERROR_INVALID_LEVEL);

@@ -166,6 +166,7 @@ using namespace host::spooler;
 BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed, LPDWORD count)
 {
     HOST_CALL(EnumFormsW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     if (level != 1)
         return Report(ERROR_INVALID_LEVEL);
@@ -195,6 +196,7 @@ BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE info)
 BOOL WINAPI GetFormW(HANDLE printer, LPWSTR name, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed)
 {
     HOST_CALL(GetFormW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     if (level != 1)
         return Report(ERROR_INVALID_LEVEL);

@@ -337,6 +337,7 @@ using namespace host::spooler;
 BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed)
 {
     HOST_CALL(GetPrinterW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     PackFunction pack = PackerOfLevel(level);
     if (!pack)
@@ -367,6 +368,7 @@ BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR name, DWORD level, LPBYTE buffer, 
                           LPDWORD count)
 {
     HOST_CALL(EnumPrintersW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
     Request request = {buffer, size, needed};
     PackFunction pack = PackerOfLevel(level);
     if (!pack)

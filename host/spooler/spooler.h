@@ -16,6 +16,7 @@ namespace host::spooler {
 
 using Lock = std::lock_guard<std::recursive_mutex>;
 using registry::KeyId;
+using registry::View;
 
 constexpr char kPrintersPath[] = "MACHINE\\SYSTEM\\CURRENTCONTROLSET\\CONTROL\\PRINT\\PRINTERS";
 constexpr char kFormsPath[] = "MACHINE\\SYSTEM\\CURRENTCONTROLSET\\CONTROL\\PRINT\\FORMS";
@@ -58,12 +59,6 @@ enum class Target
 /// Checks a handle: ERROR_INVALID_HANDLE for none or the wrong kind, ERROR_PRINTER_DELETED,
 /// ERROR_ACCESS_DENIED without all the rights in `printerRights`.
 DWORD UseHandle(HANDLE handle, Target target, ACCESS_MASK printerRights, const OpenPrinter** printer);
-
-/// A text of the caller; empty for a null pointer.
-inline std::u16string_view View(LPCWSTR text)
-{
-    return text ? std::u16string_view(text) : std::u16string_view();
-}
 
 /// Whether a server name means this machine: null, empty, or its own name.
 bool IsThisServer(LPCWSTR server);

@@ -185,6 +185,36 @@ TEST_F(SpoolerWorld, ReadsDamagedPrintersAsFarAsTheyMakeSense)
     EXPECT_TRUE(ClosePrinter(printer));
 }
 
+TEST_F(SpoolerWorld, MisreadsOnRequest)
+{
+    HANDLE printer = AddPrinter();
+    BYTE bytes[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+    WCHAR* name = Name(TEXT("V"));
+    ASSERT_EQ(DWORD{ERROR_SUCCESS}, SetPrinterDataW(printer, name, REG_BINARY, bytes, 8));
+    struct Case
+    {
+        host::Misread how;
+        DWORD status;
+        DWORD needed;
+        DWORD type;
+    } cases[] = {
+        {host::Misread::Fail, ERROR_ACCESS_DENIED, 0, 0},
+        {host::Misread::Grow, ERROR_MORE_DATA, 8 + 64, REG_BINARY},
+        {host::Misread::TooSmall, ERROR_SUCCESS, 4, REG_BINARY},
+        {host::Misread::Huge, ERROR_SUCCESS, 0xFFFFFFFF, REG_BINARY},
+        {host::Misread::WrongType, ERROR_SUCCESS, 8, REG_SZ},
+    };
+    for (const Case& c : cases) {
+        DWORD needed = 0, type = 0;
+        host::MisreadCalls(0, false, c.how);
+        EXPECT_EQ(c.status, GetPrinterDataW(printer, name, &type, bytes, 8, &needed)) << int(c.how);
+        host::StopFailing();
+        EXPECT_EQ(c.needed, needed) << int(c.how);
+        EXPECT_EQ(c.type, type) << int(c.how);
+    }
+    EXPECT_TRUE(ClosePrinter(printer));
+}
+
 TEST_F(SpoolerWorld, CountsOpenPrintersAndEndsThemWithTheWorld)
 {
     HANDLE printer = AddPrinter();
