@@ -4,7 +4,12 @@
 // process changed but the thread's last-error code.
 #include <windows.h>
 
+#include "psui/entry/ddi.h"
+
 namespace psui {
+
+/// What DrvDocumentEvent always returns.
+constexpr int kDocumentEventSuccess = 1;
 
 /// Modes of DrvConvertDevMode.
 enum ConvertMode : DWORD
@@ -38,11 +43,39 @@ BOOL WINAPI DrvConvertDevMode(LPWSTR printerName, PDEVMODEW input, PDEVMODEW out
 /// Returns a count or a value, or (DWORD)-1 for failure and for an index that is not supported.
 DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, LPWSTR deviceName, WORD capability, PVOID output,
                                    PDEVMODEW record);
+
+/// The sheet function that shows and changes a document's settings.
+///
+/// Without `info`, `param` is a DocumentPropertyHeader (ddi.h), of which cbSize bytes are used, and nothing
+/// is shown: cbOut receives the size of a settings record, and when fMode has DM_UPDATE or DM_COPY, pdmOut
+/// receives the printer's defaults merged with pdmIn, whole without pdmIn, else no larger than pdmIn states.
+/// Returns 1; 1852 when the mode is 0 or there is no pdmOut; -1 for a missing header, a printer that cannot
+/// be used, and for every reason that is refused.
+LONG WINAPI DrvDocumentPropertySheets(psui::PropSheetUiInfo* info, LPARAM param);
+
+/// Shows (DM_PROMPT) or merges a document's settings. `output` and `input` as pdmOut and pdmIn above; the
+/// input may be null.
+/// Returns 1, 2 when the user cancelled, 1852 when `mode` is 0 or `output` null, or a negative number.
+LONG WINAPI DrvDocumentProperties(HWND window, HANDLE printer, LPWSTR deviceName, PDEVMODEW output,
+                                  PDEVMODEW input, DWORD mode);
+
+/// Shows a document's settings and copies them to `output`.
+/// Returns 1, 0 when the user cancelled or nothing could be shown, 1852 when `output` is null.
+LONG WINAPI DrvAdvancedDocumentProperties(HWND window, HANDLE printer, LPWSTR deviceName, PDEVMODEW output,
+                                          PDEVMODEW input);
+
+/// Takes notice of what happens to a printing device context. Input and output are not used.
+int WINAPI DrvDocumentEvent(HANDLE printer, HDC dc, int event, ULONG inputSize, PVOID input, ULONG outputSize,
+                            PVOID output);
 }
 
 namespace psui {
 
 using DrvConvertDevModeFn = decltype(&DrvConvertDevMode);
 using DrvDeviceCapabilitiesFn = decltype(&DrvDeviceCapabilities);
+using DrvDocumentPropertySheetsFn = decltype(&DrvDocumentPropertySheets);
+using DrvDocumentPropertiesFn = decltype(&DrvDocumentProperties);
+using DrvAdvancedDocumentPropertiesFn = decltype(&DrvAdvancedDocumentProperties);
+using DrvDocumentEventFn = decltype(&DrvDocumentEvent);
 
 } // namespace psui

@@ -1,0 +1,294 @@
+// Settings calls that show nothing, through the entry points that the spooler and applications use.
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "psui/entry/exports.h"
+#include "psui/settings/copy.h"
+#include "psui/settings/paper_groups.h"
+#include "tests/entry/printer.h"
+#include "tests/settings/guarded.h"
+#include "tests/settings/merge_checks.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using psui::DocumentPropertyHeader;
+using psui::DriverDevMode;
+using test::Printer;
+
+constexpr LONG kRecordSize = 1852;
+constexpr BYTE kUntouched = 0xA5;
+
+class DocumentSettings : public testing::Test
+{
+protected:
+    test::World world_;
+    Printer printer_{u"P1", test::kFullModel};
+
+    LONG Run(DEVMODEW* output, DEVMODEW* input, DWORD mode)
+    {
+        return DrvDocumentProperties(nullptr, printer_.handle(), printer_.name(), output, input, mode);
+    }
+
+    DriverDevMode Merged(DEVMODEW* input)
+    {
+        alignas(8) DriverDevMode output = {};
+        EXPECT_EQ(Run(&output.dmPublic, input, DM_COPY), 1);
+        return output;
+    }
+
+    /// The printer's defaults, merged until they no longer change.
+    DriverDevMode Settled()
+    {
+        alignas(8) DriverDevMode record = Merged(nullptr);
+        record = Merged(&record.dmPublic);
+        return Merged(&record.dmPublic);
+    }
+};
+
+TEST_F(DocumentSettings, CopyOutOnlyWhenTheModeSaysSo)
+{
+    struct Case
+    {
+        DWORD mode;
+        LONG result;
+        bool written;
+    };
+    const Case cases[] = {
+        {0, kRecordSize, false},        {DM_UPDATE, 1, true},   {DM_COPY, 1, true},
+        {DM_COPY | DM_UPDATE, 1, true}, {DM_MODIFY, 1, false},  {0x20, 1, false},
+        {0x40 | DM_COPY, 1, true},      {0xFFFFFFF8, 1, false}, {0xFFFFFFFB, 1, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.mode);
+        alignas(8) BYTE output[kRecordSize + 1];
+        std::fill(std::begin(output), std::end(output), kUntouched);
+        EXPECT_EQ(Run(reinterpret_cast<DEVMODEW*>(output), nullptr, c.mode), c.result);
+        const auto written =
+            std::find_if(std::begin(output), std::end(output), [](BYTE byte) { return byte != kUntouched; });
+        EXPECT_EQ(written != std::end(output), c.written);
+        EXPECT_EQ(output[kRecordSize], kUntouched);
+        EXPECT_EQ(Run(nullptr, nullptr, c.mode), kRecordSize) << "without an output";
+    }
+    EXPECT_EQ(DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), nullptr, nullptr),
+              kRecordSize);
+}
+
+TEST_F(DocumentSettings, FailForAHandleThatIsNoPrinter)
+{
+    alignas(8) DriverDevMode output = {};
+    const DriverDevMode untouched = output;
+    for (const HANDLE printer : {HANDLE{}, INVALID_HANDLE_VALUE, reinterpret_cast<HANDLE>(0x1234)}) {
+        EXPECT_EQ(DrvDocumentProperties(nullptr, printer, nullptr, &output.dmPublic, nullptr, DM_COPY), -1);
+        DocumentPropertyHeader header = {};
+        header.cbSize = sizeof(header);
+        header.hPrinter = printer;
+        header.pdmOut = &output.dmPublic;
+        header.fMode = DM_COPY;
+        EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
+    }
+    EXPECT_EQ(test::Differences(output, untouched), "");
+}
+
+TEST_F(DocumentSettings, FailWithoutACommonUiThatShowsThem)
+{
+    alignas(8) DriverDevMode output = {};
+    const DriverDevMode untouched = output;
+    EXPECT_LT(Run(&output.dmPublic, nullptr, DM_PROMPT | DM_COPY), 0);
+    EXPECT_EQ(
+        DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic, nullptr),
+        0);
+    EXPECT_EQ(test::Differences(output, untouched), "");
+}
+
+TEST_F(DocumentSettings, KeepInsideAnOutputOfTheInputsShape)
+{
+    struct Case
+    {
+        psui::RecordShape input;
+        size_t owned; ///< bytes of the output
+    };
+    const Case cases[] = {
+        {{0x0401, 1301, 220, 1632}, 1852},    {{0x0401, 1301, 220, 0}, 220}, {{0x0400, 1301, 212, 112}, 324},
+        {{0x0320, 848, 188, 112}, 300},       {{0x0320, 848, 188, 0}, 188},  {{0x0401, 7, 220, 5000}, 1852},
+        {{0x0500, 1301, 600, 1632}, 1852},    {{0x0401, 1301, 100, 8}, 108}, {{0x0401, 1301, 72, 0}, 72},
+        {{0x0401, 1301, 65535, 65535}, 1852},
+    };
+    test::GuardedMemory inputMemory(2 * 65535), outputMemory(kRecordSize);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.input.publicSize << " + " << c.input.privateSize);
+        auto* input = reinterpret_cast<DEVMODEW*>(inputMemory.Last(c.input.TotalSize()));
+        psui::SetShape(input, c.input);
+        BYTE* output = outputMemory.Last(c.owned);
+        EXPECT_EQ(Run(reinterpret_cast<DEVMODEW*>(output), input, DM_COPY), 1);
+        EXPECT_EQ(psui::ShapeOf(output).TotalSize(), c.owned);
+        EXPECT_EQ(Run(input, input, DM_COPY), 1) << "in place";
+        EXPECT_EQ(psui::ShapeOf(input).TotalSize(), c.owned);
+    }
+}
+
+TEST_F(DocumentSettings, LeaveTheOutputAloneWhenTheInputsShapeIsUnusable)
+{
+    test::GuardedMemory inputMemory(2 * 65535);
+    for (const psui::RecordShape shape :
+         {psui::RecordShape{0, 1301, 156, 1632}, psui::RecordShape{0x0401, 1301, 0, 0},
+          psui::RecordShape{0x0401, 1301, 71, 1632}}) {
+        auto* input =
+            reinterpret_cast<DEVMODEW*>(inputMemory.Last(std::max(shape.TotalSize(), psui::kHeaderSize)));
+        psui::SetShape(input, shape);
+        alignas(8) DriverDevMode output = {};
+        const DriverDevMode untouched = output;
+        EXPECT_EQ(Run(&output.dmPublic, input, DM_COPY), 1);
+        EXPECT_EQ(test::Differences(output, untouched), "") << shape.publicSize;
+    }
+}
+
+TEST_F(DocumentSettings, AnswerAHeaderWithinTheBytesThatItStates)
+{
+    test::GuardedMemory memory(64);
+    for (WORD size = 2; size <= 64; ++size) {
+        SCOPED_TRACE(size);
+        alignas(8) DriverDevMode output = {};
+        DocumentPropertyHeader header = {};
+        header.cbSize = size;
+        header.hPrinter = printer_.handle();
+        header.pdmOut = &output.dmPublic;
+        header.fMode = DM_COPY;
+        // Callers' headers may lie anywhere.
+        BYTE* place = memory.Last(size);
+        std::memcpy(place, &header, std::min<size_t>(size, sizeof(header)));
+        const bool whole = size >= sizeof(header);
+        EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(place)),
+                  whole ? 1 : kRecordSize);
+        EXPECT_EQ(output.dmPublic.dmSize, whole ? 220 : 0);
+        std::memcpy(static_cast<void*>(&header), place, std::min<size_t>(size, sizeof(header)));
+        EXPECT_EQ(header.cbOut, size >= 44 ? 1852u : 0u);
+    }
+    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), -1);
+}
+
+TEST_F(DocumentSettings, AreRefusedToASheetForEveryReason)
+{
+    for (WORD reason = 0; reason < 8; ++reason) {
+        psui::PropSheetUiInfo info = {};
+        info.cbSize = sizeof(info);
+        info.Reason = reason;
+        EXPECT_EQ(DrvDocumentPropertySheets(&info, 0), -1) << reason;
+    }
+}
+
+/// What a merged record promises beyond the ranges of its fields; an empty text when it holds.
+std::string BrokenRule(const DriverDevMode& record)
+{
+    const DEVMODEW& pub = record.dmPublic;
+    const psui::PrivateDevMode& priv = record.dmPrivate;
+    const int printedOn = priv.bFitToPaper == 1 ? priv.wOutputPaper : pub.dmPaperSize;
+    const bool plain = priv.wMediaClass == 0 || priv.wMediaClass == 8 || priv.wMediaClass == 12;
+    const bool fits = priv.bFitToPaper == 1;
+    const struct
+    {
+        const char* name;
+        bool holds;
+    } rules[] = {
+        {"end mark", std::memcmp(priv.endMark, "EOSC", 4) == 0},
+        {"signature", std::memcmp(priv.dwSignature, "PRIV", 4) == 0},
+        {"second tray", pub.dmDefaultSource != 2 || (plain && psui::FitsSecondTray(printedOn))},
+        {"envelopes are thick", !psui::IsEnvelope(printedOn) || priv.wThickness == 2},
+        {"user size bits",
+         ((pub.dmFields & (DM_PAPERLENGTH | DM_PAPERWIDTH)) != 0) == (pub.dmPaperSize == 256)},
+        {"collate", (priv.bTailCollate == 1) == (pub.dmCollate == 1)},
+        {"date print in the tail", priv.dwTailDatePrint == priv.dwDatePrint},
+        {"date colours in the tail",
+         priv.crTailDateText == priv.crDateText && priv.crTailDateBack == priv.crDateBack},
+        {"date font in the tail", std::memcmp(&priv.lfTailDateFont, &priv.lfDateFont, sizeof(LOGFONTW)) == 0},
+        {"papers in the tail",
+         priv.shTailDocPaper == (fits ? static_cast<int16_t>(priv.wDocumentPaper) : -1) &&
+             priv.shTailOutPaper == (fits ? static_cast<int16_t>(priv.wOutputPaper) : -1)},
+        {"no mirror on film", priv.wMediaClass < 4 || priv.wMediaClass > 5 || priv.dwDeviceOptions == 0},
+    };
+    for (const auto& rule : rules)
+        if (!rule.holds)
+            return rule.name;
+    return test::FieldOutOfRange(record);
+}
+
+/// The number's boundaries and some that lie anywhere; of longer fields every byte is set to the low one.
+std::vector<uint64_t> ValuesFor(const psui::DevModeField& field, std::mt19937_64& random)
+{
+    std::vector<uint64_t> values = {0,   1,   2,     3,     4,     5,          255,
+                                    256, 257, 32767, 32768, 65535, UINT32_MAX, 0x80000000};
+    if (std::string_view(field.name).find("Paper") != std::string_view::npos)
+        values.insert(values.end(), {9, 20, 27, 43, 274, 277, 283, 290, 294});
+    if (std::string_view(field.name).find("Media") != std::string_view::npos)
+        values.insert(values.end(), {261, 263, 264, 265, 266, 268, 272, 273, 274});
+    for (int i = 0; i < 4; ++i)
+        values.push_back(random());
+    return values;
+}
+
+void SetField(DriverDevMode& record, const psui::DevModeField& field, uint64_t value)
+{
+    BYTE* bytes = test::BytesOf(record, field);
+    if (field.width <= sizeof(value))
+        std::memcpy(bytes, &value, field.width);
+    else
+        std::fill_n(bytes, field.width, static_cast<BYTE>(value));
+}
+
+TEST_F(DocumentSettings, ComeBackConsistentWhateverFieldWasChanged)
+{
+    std::mt19937_64 random(20260101);
+    const DriverDevMode original = Settled();
+    ASSERT_EQ(BrokenRule(original), "");
+    for (const psui::DevModeField& field : psui::kDevModeFields) {
+        // The shape says how many bytes the record has, which other tests lie about. The end mark is the
+        // caller's own: the printing side finds the tail from the front.
+        if ((field.offset >= offsetof(DEVMODEW, dmSpecVersion) && field.offset < psui::kHeaderSize) ||
+            std::string_view(field.name) == "endMark")
+            continue;
+        for (const uint64_t value : ValuesFor(field, random)) {
+            alignas(8) DriverDevMode input = original;
+            SetField(input, field, value);
+            const DriverDevMode output = Merged(&input.dmPublic);
+            ASSERT_EQ(BrokenRule(output), "") << field.name << " = " << value;
+            ASSERT_EQ(test::Text(output.dmPublic.dmDeviceName, 32), u"P1") << field.name;
+        }
+    }
+}
+
+TEST_F(DocumentSettings, ComeBackUnchangedOnceTheyAreConsistent)
+{
+    const DriverDevMode original = Settled();
+    alignas(8) DriverDevMode again = original;
+    EXPECT_EQ(test::Differences(Merged(&again.dmPublic), original), "");
+}
+
+TEST_F(DocumentSettings, LeaveNothingBehindWhateverFails)
+{
+    Settled();
+    for (const bool failCalls : {false, true}) {
+        for (uint64_t skip = 0, seen = 1; seen > skip && !HasFailure(); ++skip) {
+            SCOPED_TRACE(skip);
+            alignas(8) DriverDevMode output = {};
+            const DriverDevMode untouched = output;
+            const host::Ledger before = host::OpenObjects();
+            failCalls ? host::FailCalls(skip, false) : host::FailAllocations(skip, false);
+            const LONG result = Run(&output.dmPublic, nullptr, DM_COPY);
+            seen = failCalls ? host::CallsSeen() : host::AllocationsSeen();
+            host::StopFailing();
+            ASSERT_TRUE(result == 1 || result == -1);
+            EXPECT_TRUE(result == -1 || test::FieldOutOfRange(output).empty());
+            EXPECT_TRUE(result == 1 || test::Differences(output, untouched).empty());
+            EXPECT_EQ(host::OpenObjects(), before);
+        }
+    }
+}
+
+TEST_F(DocumentSettings, EventsAlwaysSucceed)
+{
+    for (const int event : {-1, 0, 1, 2, 5, 10, 11, 12, 0x10005, INT32_MAX})
+        EXPECT_EQ(DrvDocumentEvent(nullptr, nullptr, event, 0xFFFFFFFF, nullptr, 0xFFFFFFFF, nullptr), 1);
+}
+
+} // namespace

@@ -1,0 +1,239 @@
+#include "psui/entry/context.h"
+
+#include <gtest/gtest.h>
+
+#include "psui/entry/help_file.h"
+#include "psui/settings/record.h"
+#include "tests/entry/printer.h"
+#include "tests/settings/merge_checks.h"
+#include "tests/settings/support.h"
+
+namespace {
+
+using psui::ContextPtr;
+using psui::DriverDevMode;
+using psui::PrinterUiContext;
+using test::Printer;
+using test::World;
+
+struct ContextTest : testing::Test
+{
+    World world;
+    Printer printer{u"P1", test::kFullModel};
+
+    ContextPtr Create(const DEVMODEW* input = nullptr)
+    {
+        return ContextPtr(psui::CreatePrinterUiContext(printer.handle(), input));
+    }
+
+    /// The record that a context without any other record holds.
+    DriverDevMode Default() { return Create()->dmWork; }
+};
+
+std::vector<uint32_t> Values(uint32_t count, const uint32_t* values)
+{
+    return {values, values + count};
+}
+
+TEST_F(ContextTest, HoldsThePrinterAndItsDefaults)
+{
+    const ContextPtr context = Create();
+    ASSERT_TRUE(psui::IsValidContext(context.get()));
+    EXPECT_EQ(context->hPrinter, printer.handle());
+    ASSERT_NE(context->pModel, nullptr);
+    EXPECT_EQ(context->pModel->printRatePpm, 12u);
+    EXPECT_EQ(std::u16string(context->pDriverName), u"P1");
+    EXPECT_EQ(context->bHubProcessor, 0u);
+    EXPECT_EQ(std::u16string(context->pHelpFile), u"C:\\windows\\system32\\spool\\drivers\\x64\\pscript.hlp");
+    test::ExpectFields(context->dmWork, {{"dmSize", 220}, {"dmDriverExtra", 1632}, {"dmPaperSize", 1}});
+    EXPECT_EQ(test::Text(context->dmWork.dmPublic.dmDeviceName, 32), u"P1");
+    EXPECT_EQ(context->PrinterData.wVersion, 1301);
+    EXPECT_EQ(context->PrinterData.wSize, 108);
+    EXPECT_EQ(context->wCurrentWatermark, 0);
+    EXPECT_EQ(context->cPapers + context->cBins + context->cResolutions, 0u) << "tables come later";
+}
+
+TEST_F(ContextTest, MergesTheStoredThenTheCallersRecord)
+{
+    DriverDevMode stored = Default(), input = stored;
+    test::SetAll(stored, {{"dmOrientation", 2}, {"wMediaValue", 77}, {"dmPaperSize", 9}});
+    test::SetAll(input, {{"dmPaperSize", 1}, {"wHrcValue", 88}});
+    const Printer other(u"P2", test::kFullModel, &stored.dmPublic);
+    const ContextPtr alone(psui::CreatePrinterUiContext(other.handle(), nullptr));
+    test::ExpectFields(alone->dmWork, {{"dmOrientation", 2}, {"wMediaValue", 77}, {"dmPaperSize", 9}});
+    EXPECT_EQ(test::Text(alone->dmWork.dmPublic.dmFormName, 32), u"A4");
+    const ContextPtr both(psui::CreatePrinterUiContext(other.handle(), &input.dmPublic));
+    test::ExpectFields(both->dmWork, {{"dmOrientation", 1}, {"wHrcValue", 88}, {"dmPaperSize", 1}});
+    EXPECT_EQ(test::Text(both->dmWork.dmPublic.dmFormName, 32), u"Letter");
+}
+
+TEST_F(ContextTest, TakesOnlyPublicFieldsFromAnotherDriversRecord)
+{
+    DriverDevMode foreign = Default();
+    test::SetAll(foreign, {{"dmOrientation", 2}, {"wMediaValue", 77}});
+    std::memcpy(foreign.dmPrivate.dwSignature, "ELSE", 4);
+    const ContextPtr context = Create(&foreign.dmPublic);
+    test::ExpectFields(context->dmWork, {{"dmOrientation", 2}, {"dmSize", 220}, {"dmDriverExtra", 1632}});
+    EXPECT_NE(context->dmWork.dmPrivate.wMediaValue, 77);
+    EXPECT_EQ(std::memcmp(context->dmWork.dmPrivate.dwSignature, "PRIV", 4), 0);
+    EXPECT_EQ(std::memcmp(context->dmWork.dmPrivate.endMark, "EOSC", 4), 0);
+}
+
+TEST_F(ContextTest, KeepsTheWatermarkThatIsSwitchedOn)
+{
+    DriverDevMode input = Default();
+    input.dmPrivate.wWatermarkIndex = 5;
+    EXPECT_EQ(Create(&input.dmPublic)->wCurrentWatermark, 0);
+    input.dmPrivate.dwWatermarkFlags = 3;
+    EXPECT_EQ(Create(&input.dmPublic)->wCurrentWatermark, 5);
+    input.dmPrivate.dwWatermarkFlags = 2;
+    EXPECT_EQ(Create(&input.dmPublic)->wCurrentWatermark, 0);
+}
+
+TEST_F(ContextTest, IsNotMadeForAHandleThatIsNoPrinter)
+{
+    const host::Ledger before = host::OpenObjects();
+    EXPECT_EQ(psui::CreatePrinterUiContext(nullptr, nullptr), nullptr);
+    EXPECT_EQ(psui::CreatePrinterUiContext(reinterpret_cast<HANDLE>(0x1234), nullptr), nullptr);
+    EXPECT_EQ(host::OpenObjects(), before);
+}
+
+TEST_F(ContextTest, IsValidOnlyAtItsOwnAddress)
+{
+    const ContextPtr context = Create();
+    alignas(PrinterUiContext) BYTE copy[sizeof(PrinterUiContext) + 8];
+    auto* moved = reinterpret_cast<PrinterUiContext*>(copy);
+    std::memcpy(copy, context.get(), sizeof(PrinterUiContext));
+    EXPECT_FALSE(psui::IsValidContext(moved));
+    moved->pSelf = moved;
+    EXPECT_FALSE(psui::IsValidContext(moved));
+    moved->pSelfCheck = moved;
+    EXPECT_TRUE(psui::IsValidContext(moved));
+    moved->pSelf = nullptr;
+    EXPECT_FALSE(psui::IsValidContext(moved));
+    EXPECT_FALSE(psui::IsValidContext(nullptr));
+    for (uintptr_t address = 1; address < 8; ++address) // none of these may be read
+        EXPECT_FALSE(psui::IsValidContext(reinterpret_cast<PrinterUiContext*>(address)));
+}
+
+TEST_F(ContextTest, LoadsTheTablesOfItsModel)
+{
+    const ContextPtr context = Create();
+    ASSERT_TRUE(psui::LoadContextTables(context.get()));
+    ASSERT_EQ(context->cPapers, 5u);
+    EXPECT_EQ(context->pPaperIds[1], 1);
+    EXPECT_EQ(std::u16string(context->pPaperNames[1]), u"Letter");
+    EXPECT_EQ(context->cBins, psui::ListBins(nullptr, context->pModel));
+    EXPECT_NE(context->pBinNames[0][0], 0);
+    EXPECT_EQ(context->cResolutions, psui::ListResolutions(nullptr, context->pModel));
+    EXPECT_EQ(context->pResolutions[0][0], 300);
+    EXPECT_EQ(Values(context->cMediaTypeValues, context->pMediaTypeValues),
+              (std::vector<uint32_t>{266, 261, 263, 269, 271, 264, 270, 0}));
+    EXPECT_EQ(Values(context->cThicknessValues, context->pThicknessValues), std::vector<uint32_t>{4});
+    EXPECT_EQ(Values(context->cHrcValues, context->pHrcValues), std::vector<uint32_t>{11});
+    EXPECT_EQ(Values(context->cPageProtectValues, context->pPageProtectValues), std::vector<uint32_t>{12});
+    EXPECT_EQ(Values(context->cMultiplePageValues, context->pMultiplePageValues), std::vector<uint32_t>{0});
+    EXPECT_EQ(context->cTonerSaveValues, 0u);
+    EXPECT_EQ(context->pTonerSaveValues, nullptr);
+}
+
+TEST_F(ContextTest, LoadsEmptyTablesForAModelThatSaysNothing)
+{
+    const Printer empty(u"P2", test::kEmptyModel);
+    const ContextPtr context(psui::CreatePrinterUiContext(empty.handle(), nullptr));
+    ASSERT_TRUE(psui::LoadContextTables(context.get()));
+    EXPECT_EQ(context->cPapers + context->cMediaTypeValues + context->cThicknessValues, 0u);
+    EXPECT_EQ(context->pPaperNames, nullptr);
+    EXPECT_EQ(context->cResolutions, 1u);
+}
+
+/// Every count is 0 and no table is left to be read.
+void ExpectNoTables(const PrinterUiContext& context)
+{
+    EXPECT_EQ(context.cPapers + context.cBins + context.cResolutions + context.cMultiplePageValues +
+                  context.cTonerSaveValues + context.cMediaTypeValues + context.cPageProtectValues +
+                  context.cHrcValues + context.cThicknessValues,
+              0u);
+    EXPECT_EQ(context.pPaperNames, nullptr);
+    EXPECT_EQ(context.pMediaTypeValues, nullptr);
+}
+
+/// Calls `attempt(skip)` with each request of it failing in turn; it returns what was seen of the requests.
+template <typename Attempt>
+void FailEach(Attempt attempt)
+{
+    for (uint64_t skip = 0, seen = 1; seen > skip && !testing::Test::HasFailure(); ++skip) {
+        SCOPED_TRACE(skip);
+        seen = attempt(skip);
+        ASSERT_TRUE(skip > 0 || seen > 0) << "nothing was asked of the platform";
+    }
+}
+
+TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
+{
+    FailEach([&](uint64_t skip) {
+        const ContextPtr context = Create();
+        host::FailAllocations(skip, false);
+        const bool loaded = psui::LoadContextTables(context.get());
+        const uint64_t seen = host::AllocationsSeen();
+        host::StopFailing();
+        EXPECT_EQ(loaded, seen <= skip);
+        if (!loaded)
+            ExpectNoTables(*context);
+        return seen;
+    });
+    const ContextPtr context = Create();
+    host::FailCalls(0, true); // the forms cannot be enumerated
+    EXPECT_FALSE(psui::LoadContextTables(context.get()));
+    host::StopFailing();
+    ExpectNoTables(*context);
+}
+
+TEST_F(ContextTest, LeavesNothingBehindWhateverAllocationFails)
+{
+    Create(); // so that the model is cached
+    for (const bool onwards : {false, true})
+        FailEach([&](uint64_t skip) {
+            const host::Ledger before = host::OpenObjects();
+            host::FailAllocations(skip, onwards);
+            ContextPtr context = Create();
+            const uint64_t seen = host::AllocationsSeen();
+            host::StopFailing();
+            EXPECT_TRUE(seen > skip || context) << "without a failure there is a context";
+            EXPECT_TRUE(!context || test::FieldOutOfRange(context->dmWork).empty());
+            context.reset();
+            EXPECT_EQ(host::OpenObjects(), before);
+            return seen;
+        });
+}
+
+TEST_F(ContextTest, LeavesNothingBehindWhateverCallFails)
+{
+    Create();
+    for (const bool onwards : {false, true})
+        FailEach([&](uint64_t skip) {
+            const host::Ledger before = host::OpenObjects();
+            host::FailCalls(skip, onwards);
+            ContextPtr context = Create();
+            const uint64_t seen = host::CallsSeen();
+            host::StopFailing();
+            EXPECT_TRUE(seen > skip || context) << "without a failure there is a context";
+            EXPECT_TRUE(!context || test::FieldOutOfRange(context->dmWork).empty());
+            context.reset();
+            EXPECT_EQ(host::OpenObjects(), before);
+            return seen;
+        });
+}
+
+TEST_F(ContextTest, NamesTheDriversHelpFile)
+{
+    const HANDLE heap = GetProcessHeap();
+    WCHAR* path = psui::GetHelpFilePath(printer.handle(), heap);
+    EXPECT_EQ(std::u16string(path), u"C:\\windows\\system32\\spool\\drivers\\x64\\pscript.hlp");
+    HeapFree(heap, 0, path);
+    host::FailCalls(0, true);
+    EXPECT_EQ(psui::GetHelpFilePath(printer.handle(), heap), nullptr);
+    host::StopFailing();
+}
+
+} // namespace
