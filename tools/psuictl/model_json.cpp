@@ -156,8 +156,9 @@ Json Option(const ModelFeature& feature, const ModelOption& option, size_t index
 Json Feature(const ModelFeature& feature, size_t number)
 {
     const bool isResolution = feature.featureIndex == kFeatureResolution;
-    const auto defaultIndex = static_cast<uint32_t>(feature.defaultOption);
-    const ModelOption* chosen = isResolution ? nullptr : NthNode(feature.options.get(), defaultIndex);
+    const uint64_t defaultOption = feature.defaultOption; // a copy: records are aligned to 4 bytes only
+    const ModelOption* chosen =
+        isResolution ? nullptr : NthNode(feature.options.get(), static_cast<uint32_t>(defaultOption));
     Json json = {{"number", number},
                  {"keyword", Text(feature.keyword)},
                  {"translation", Text(feature.translation)},
@@ -166,7 +167,7 @@ Json Feature(const ModelFeature& feature, size_t number)
                  {"installable", feature.installable != 0},
                  {"ordinal", feature.ordinal},
                  {"flags", BitWords(kFeatureFlags, feature.flags)},
-                 {isResolution ? "defaultDpi" : "defaultIndex", feature.defaultOption},
+                 {isResolution ? "defaultDpi" : "defaultIndex", defaultOption},
                  {"default", chosen ? Text(chosen->name) : Json(nullptr)},
                  {"options", Json::array()}};
     Json& options = json["options"];
