@@ -267,7 +267,9 @@ TEST_F(Shell, SpoolerImpersonationPairsUpByThread)
     revert();
     host::RunInSpooler({});
     EXPECT_EQ(host::OpenObjects().tokens, 0) << "void with the spooler";
-    FreeLibrary(module);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(GetModuleHandleW(u"spoolss.dll"), nullptr);
+    EXPECT_NE(GetModuleHandleW(u"winspool.drv"), nullptr) << "every program has it";
 }
 
 TEST_F(Shell, ReadsAnswerWronglyWhereTheyAreToldTo)
