@@ -50,7 +50,8 @@ HOST_EXPORT void FailAllocations(uint64_t skip, bool onwards);
 /// the call's own failure result and a plausible error code. Memory requests are not counted here.
 HOST_EXPORT void FailCalls(uint64_t skip, bool onwards);
 
-/// What a read (printer, driver, form, printer data, registry value, profile entry, version) answers wrongly.
+/// What a read (printer, driver, form, printer data, registry value, version) answers wrongly. A profile
+/// entry only fails or grows, which takes its file away or cuts its text.
 enum class Misread
 {
     Fail,     ///< it fails, as FailCalls would have it

@@ -18,20 +18,22 @@ namespace host {
 namespace {
 
 constexpr size_t kLongestName = 255;
-constexpr int64_t kLastAtom = 0xFFFF;
 
 constexpr char kTable[] = R"(
     CREATE TABLE IF NOT EXISTS atoms(
-        id INTEGER PRIMARY KEY,
+        id INTEGER PRIMARY KEY CHECK(id <= 0xFFFF),
         folded TEXT NOT NULL UNIQUE,
         name TEXT NOT NULL,
         uses INTEGER NOT NULL);
 )";
 
-// The lowest number that is free; the first row stands for "none is used yet".
-constexpr char kLowestFree[] =
-    "SELECT MIN(free) FROM (SELECT 0xC000 AS free UNION ALL SELECT id + 1 FROM atoms) "
-    "WHERE free NOT IN (SELECT id FROM atoms)";
+// A new name takes the lowest number that is free. 0xC000 is among the candidates for when there is no atom
+// yet.
+constexpr char kAddUse[] =
+    "INSERT INTO atoms(id, folded, name, uses) VALUES("
+    "(SELECT MIN(free) FROM (SELECT 0xC000 AS free UNION ALL SELECT id + 1 FROM atoms) "
+    "WHERE free NOT IN (SELECT id FROM atoms)), ?, ?, 1) "
+    "ON CONFLICT(folded) DO UPDATE SET uses = uses + 1 RETURNING id";
 
 /// What a caller's name means: the number of an integer atom (0: none that there can be), or a name to look
 /// up.
@@ -80,43 +82,15 @@ std::string Folded(std::u16string text)
     return Utf8(text);
 }
 
-/// The number of a stored name; 0 without one.
-int64_t Find(const std::string& folded)
-{
-    Statement find("SELECT id FROM atoms WHERE folded = ?");
-    return find.Text(folded).Step() ? find.NumberAt(0) : 0;
-}
-
-int64_t LowestFree()
-{
-    Statement find(kLowestFree);
-    return find.Step() ? find.NumberAt(0) : kLastAtom + 1;
-}
-
-/// Counts one more use of a name. Returns its number, or 0 with `error` set.
-int64_t Add(const std::u16string& text, DWORD& error)
+/// Counts one more use of a name. Returns its number, or 0.
+int64_t Add(const std::u16string& text)
 {
     const std::string folded = Folded(text);
     const std::string name = Utf8(text);
     std::lock_guard lock(DatabaseLock());
-    Transaction transaction(Transaction::kWrite);
-    int64_t id = transaction ? Find(folded) : 0;
-    bool done = bool(transaction);
-    if (done && id != 0)
-        done = Statement("UPDATE atoms SET uses = uses + 1 WHERE id = ?").Number(id).Run();
-    else if (done) {
-        id = LowestFree();
-        error = ERROR_NOT_ENOUGH_MEMORY;
-        done = id <= kLastAtom && Statement("INSERT INTO atoms(id, folded, name, uses) VALUES(?, ?, ?, 1)")
-                                      .Number(id)
-                                      .Text(folded)
-                                      .Text(name)
-                                      .Run();
-    }
-    if (done && transaction.Commit())
-        return id;
-    error = error != ERROR_SUCCESS ? error : DatabaseError();
-    return 0;
+    Statement add(kAddUse);
+    const int64_t id = add.Text(folded).Text(name).Step() ? add.NumberAt(0) : 0;
+    return add.Run() ? id : 0;
 }
 
 /// Takes one use back. Returns 0 or the error code.
@@ -168,13 +142,13 @@ using namespace host;
 ATOM WINAPI GlobalAddAtomW(LPCWSTR name)
 {
     HOST_CALL(GlobalAddAtomW, 0, ERROR_NOT_ENOUGH_MEMORY);
-    AtomName atom = Parse(name);
+    const AtomName atom = Parse(name);
     if (atom.error != ERROR_SUCCESS)
         return FailAtom(atom.error);
     if (atom.number)
         return static_cast<ATOM>(*atom.number);
-    const int64_t id = Add(atom.text, atom.error);
-    return id != 0 ? static_cast<ATOM>(id) : FailAtom(atom.error);
+    const int64_t id = Add(atom.text);
+    return id != 0 ? static_cast<ATOM>(id) : FailAtom(ERROR_NOT_ENOUGH_MEMORY);
 }
 
 ATOM WINAPI GlobalFindAtomW(LPCWSTR name)
@@ -187,7 +161,8 @@ ATOM WINAPI GlobalFindAtomW(LPCWSTR name)
         return static_cast<ATOM>(*atom.number);
     const std::string folded = Folded(atom.text);
     std::lock_guard lock(DatabaseLock());
-    const int64_t id = Find(folded);
+    Statement find("SELECT id FROM atoms WHERE folded = ?");
+    const int64_t id = find.Text(folded).Step() ? find.NumberAt(0) : 0;
     return id != 0 ? static_cast<ATOM>(id) : FailAtom(ERROR_FILE_NOT_FOUND);
 }
 

@@ -269,7 +269,8 @@ bool IsBareName(std::u16string_view name)
     return BaseName(name).size() == name.size() && name.find(u':') == std::u16string_view::npos;
 }
 
-/// A loaded module by base name or by path, or null.
+/// A loaded module by base name or by path, or null. A module of the system that every program has is entered
+/// into the list when it is first asked for.
 Module* FindByName(const std::u16string& name, bool dataOnly)
 {
     FullName full;

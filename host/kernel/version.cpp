@@ -45,7 +45,8 @@ std::u16string_view ReadKey(BlockBytes bytes)
 {
     const auto* const units = reinterpret_cast<const char16_t*>(bytes.data());
     const std::u16string_view all(units, bytes.size() / sizeof(char16_t));
-    return all.substr(0, all.find(u'\0') != std::u16string_view::npos ? all.find(u'\0') : 0);
+    const size_t end = all.find(u'\0');
+    return end != std::u16string_view::npos ? all.substr(0, end) : std::u16string_view();
 }
 
 /// Reads the block at the front of `bytes`. False when it is not sound.

@@ -12,11 +12,14 @@ namespace {
 constexpr std::u16string_view kLineEnds = u"\r\n";
 constexpr DWORD kListEnd = 2; // units that close a list: of its last text, and its own
 
-/// The text of a file, empty when the file cannot be read; then the last-error code tells why.
-ProfileText Load(LPCWSTR fileName)
+/// The text of a file, empty when the file cannot be read; then the last-error code tells why. The functions
+/// that read have no failure of their own, so a failure that is injected takes the file away.
+ProfileText Load(LPCWSTR fileName, bool injectedFailure)
 {
     std::string bytes;
-    if (const DWORD error = ReadBytes(FullFileName(fileName), bytes)) {
+    const DWORD error =
+        injectedFailure ? static_cast<DWORD>(ERROR_FILE_NOT_FOUND) : ReadBytes(FullFileName(fileName), bytes);
+    if (error != ERROR_SUCCESS) {
         SetLastError(error);
         bytes.clear();
     }
@@ -95,7 +98,6 @@ DWORD CopyValue(const ProfileText& text, LPCWSTR section, LPCWSTR key, LPCWSTR d
     const std::optional<std::u16string> value = text.Value(section, key);
     if (value)
         return CopyText(Unquoted(*value), buffer, size);
-    SetLastError(ERROR_FILE_NOT_FOUND);
     return CopyText(WithoutTrailingSpaces(defaultText), buffer, size);
 }
 
@@ -218,48 +220,48 @@ BOOL Report(DWORD error)
 using namespace host;
 using namespace host::profile;
 
-// The reading functions have no failure of their own: when the injector wants one, the file is not there.
-
 DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultText, LPWSTR buffer,
                                       DWORD size, LPCWSTR fileName)
 {
     HOST_CALL_VOID(GetPrivateProfileStringW);
-    ReadScope read(hostCall_, &size, nullptr, nullptr);
-    const bool absent = hostCall_.InjectedFailure() || read.Fails();
+    const ReadScope read(hostCall_, &size, nullptr, nullptr);
+    const bool fails = hostCall_.InjectedFailure() || read.Fails();
     if (buffer == nullptr || size == 0)
         return 0;
-    const ProfileText text = absent ? ProfileText({}) : Load(fileName);
-    return read.Answer(
-        CopyAnswer(text, section, key, defaultText != nullptr ? defaultText : u"", buffer, size));
+    const ProfileText text = Load(fileName, fails);
+    return CopyAnswer(text, section, key, defaultText != nullptr ? defaultText : u"", buffer, size);
 }
 
 UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumber, LPCWSTR fileName)
 {
     HOST_CALL_VOID(GetPrivateProfileIntW);
-    const bool absent = hostCall_.InjectedFailure();
-    if (section == nullptr || key == nullptr || absent)
+    const ReadScope read(hostCall_, nullptr, nullptr, nullptr);
+    const bool fails = hostCall_.InjectedFailure() || read.Fails();
+    if (section == nullptr || key == nullptr)
         return static_cast<UINT>(defaultNumber);
-    const std::optional<std::u16string> value = Load(fileName).Value(section, key);
+    const std::optional<std::u16string> value = Load(fileName, fails).Value(section, key);
     const std::u16string_view number = value ? Unquoted(*value) : std::u16string_view();
     return number.empty() ? static_cast<UINT>(defaultNumber) : ParseNumber(number);
 }
 
 DWORD WINAPI GetPrivateProfileSectionW(LPCWSTR section, LPWSTR buffer, DWORD size, LPCWSTR fileName)
 {
-    HOST_CALL(GetPrivateProfileSectionW, 0, ERROR_FILE_NOT_FOUND);
-    HOST_READ(0, ERROR_FILE_NOT_FOUND, &size, nullptr, nullptr);
+    HOST_CALL_VOID(GetPrivateProfileSectionW);
+    const ReadScope read(hostCall_, &size, nullptr, nullptr);
+    const bool fails = hostCall_.InjectedFailure() || read.Fails();
     if (section == nullptr || (buffer == nullptr && size != 0))
         return static_cast<DWORD>(FailWith(ERROR_INVALID_PARAMETER));
-    return size == 0 ? 0 : hostRead_.Answer(CopyList(EntryList(Load(fileName), section, true), buffer, size));
+    return size == 0 ? 0 : CopyList(EntryList(Load(fileName, fails), section, true), buffer, size);
 }
 
 DWORD WINAPI GetPrivateProfileSectionNamesW(LPWSTR buffer, DWORD size, LPCWSTR fileName)
 {
-    HOST_CALL(GetPrivateProfileSectionNamesW, 0, ERROR_FILE_NOT_FOUND);
-    HOST_READ(0, ERROR_FILE_NOT_FOUND, &size, nullptr, nullptr);
+    HOST_CALL_VOID(GetPrivateProfileSectionNamesW);
+    const ReadScope read(hostCall_, &size, nullptr, nullptr);
+    const bool fails = hostCall_.InjectedFailure() || read.Fails();
     if (buffer == nullptr || size == 0)
         return 0;
-    return hostRead_.Answer(CopyList(SectionList(Load(fileName)), buffer, size));
+    return CopyList(SectionList(Load(fileName, fails)), buffer, size);
 }
 
 BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR text, LPCWSTR fileName)

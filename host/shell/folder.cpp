@@ -94,10 +94,12 @@ using namespace host;
 
 HRESULT WINAPI SHGetFolderPathW(HWND, int folder, HANDLE, DWORD flags, LPWSTR path)
 {
+    HOST_CALL_VOID(SHGetFolderPathW);
     if (path == nullptr)
         return E_INVALIDARG;
     *path = 0;
-    HOST_CALL_CODE(SHGetFolderPathW, E_FAIL);
+    if (hostCall_.InjectedFailure())
+        return E_FAIL;
     std::u16string found;
     const HRESULT result = FindFolder(folder, flags, E_FAIL, found);
     std::copy_n(found.c_str(), found.size() + 1, path);
@@ -106,10 +108,12 @@ HRESULT WINAPI SHGetFolderPathW(HWND, int folder, HANDLE, DWORD flags, LPWSTR pa
 
 HRESULT WINAPI SHGetFolderPathA(HWND, int folder, HANDLE, DWORD flags, LPSTR path)
 {
+    HOST_CALL_VOID(SHGetFolderPathA);
     if (path == nullptr)
         return E_INVALIDARG;
     *path = 0;
-    HOST_CALL_CODE(SHGetFolderPathA, E_FAIL);
+    if (hostCall_.InjectedFailure())
+        return E_FAIL;
     std::u16string found;
     const HRESULT result = FindFolder(folder, flags, S_FALSE, found);
     if (WideCharToMultiByte(CP_ACP, 0, found.c_str(), -1, path, MAX_PATH, nullptr, nullptr) != 0)

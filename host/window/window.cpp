@@ -51,6 +51,8 @@ std::u16string ClassOf(HWND handle)
 /// A null text matches every window.
 bool Matches(const Window& window, LPCWSTR className, LPCWSTR title)
 {
+    if (window.className.empty())
+        return false;
     // A class given by number is one that a program has registered, and other programs' have none here.
     if (className != nullptr && (IS_INTRESOURCE(className) || !EqualNoCase(window.className, className)))
         return false;
@@ -100,6 +102,8 @@ HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR title)
 {
     HOST_CALL(FindWindowW, nullptr, ERROR_NOT_ENOUGH_MEMORY);
     std::lock_guard lock(windowLock);
+    if (Matches(activeWindow, className, title))
+        return &activeWindow.handle;
     for (const std::unique_ptr<Window>& window : windows) {
         if (Matches(*window, className, title))
             return &window->handle;
