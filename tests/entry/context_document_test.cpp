@@ -6,6 +6,7 @@
 #include "psui/entry/exports.h"
 #include "psui/settings/copy.h"
 #include "psui/settings/paper_groups.h"
+#include "tests/entry/fail_each.h"
 #include "tests/entry/printer.h"
 #include "tests/settings/guarded.h"
 #include "tests/settings/merge_checks.h"
@@ -266,22 +267,18 @@ TEST_F(DocumentSettings, ComeBackUnchangedOnceTheyAreConsistent)
 
 TEST_F(DocumentSettings, LeaveNothingBehindWhateverFails)
 {
-    Settled();
-    for (const bool failCalls : {false, true}) {
-        for (uint64_t skip = 0, seen = 1; seen > skip && !HasFailure(); ++skip) {
-            SCOPED_TRACE(skip);
-            alignas(8) DriverDevMode output = {};
-            const DriverDevMode untouched = output;
-            const host::Ledger before = host::OpenObjects();
-            failCalls ? host::FailCalls(skip, false) : host::FailAllocations(skip, false);
-            const LONG result = Run(&output.dmPublic, nullptr, DM_COPY);
-            seen = failCalls ? host::CallsSeen() : host::AllocationsSeen();
-            host::StopFailing();
-            ASSERT_TRUE(result == 1 || result == -1);
-            EXPECT_TRUE(result == -1 || test::FieldOutOfRange(output).empty());
-            EXPECT_TRUE(result == 1 || test::Differences(output, untouched).empty());
-            EXPECT_EQ(host::OpenObjects(), before);
-        }
+    alignas(8) DriverDevMode input = Settled(), output;
+    const DriverDevMode untouched = {};
+    LONG result = 0;
+    for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls,
+                                           test::kCallsOnwards, test::kReads<host::Misread::Huge>}) {
+        test::FailEach(
+            requests, [&] { output = untouched; },
+            [&] { result = Run(&output.dmPublic, &input.dmPublic, DM_COPY); },
+            [&](bool failed) {
+                EXPECT_TRUE(result == 1 || (failed && result == -1)) << result;
+                EXPECT_EQ(result == 1 ? BrokenRule(output) : test::Differences(output, untouched), "");
+            });
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "psui/entry/help_file.h"
 #include "psui/settings/record.h"
+#include "tests/entry/fail_each.h"
 #include "tests/entry/printer.h"
 #include "tests/settings/merge_checks.h"
 #include "tests/settings/support.h"
@@ -158,30 +159,19 @@ void ExpectNoTables(const PrinterUiContext& context)
     EXPECT_EQ(context.pMediaTypeValues, nullptr);
 }
 
-/// Calls `attempt(skip)` with each request of it failing in turn; it returns what was seen of the requests.
-template <typename Attempt>
-void FailEach(Attempt attempt)
-{
-    for (uint64_t skip = 0, seen = 1; seen > skip && !testing::Test::HasFailure(); ++skip) {
-        SCOPED_TRACE(skip);
-        seen = attempt(skip);
-        ASSERT_TRUE(skip > 0 || seen > 0) << "nothing was asked of the platform";
-    }
-}
-
 TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
 {
-    FailEach([&](uint64_t skip) {
+    bool failed = true;
+    for (uint64_t skip = 0; failed && !HasFailure(); ++skip) {
         const ContextPtr context = Create();
         host::FailAllocations(skip, false);
         const bool loaded = psui::LoadContextTables(context.get());
-        const uint64_t seen = host::AllocationsSeen();
+        failed = host::AllocationsSeen() > skip;
         host::StopFailing();
-        EXPECT_EQ(loaded, seen <= skip);
+        EXPECT_EQ(loaded, !failed) << "allocation " << skip;
         if (!loaded)
             ExpectNoTables(*context);
-        return seen;
-    });
+    }
     const ContextPtr context = Create();
     host::FailCalls(0, true); // the forms cannot be enumerated
     EXPECT_FALSE(psui::LoadContextTables(context.get()));
@@ -189,40 +179,24 @@ TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
     ExpectNoTables(*context);
 }
 
-TEST_F(ContextTest, LeavesNothingBehindWhateverAllocationFails)
+TEST_F(ContextTest, LeavesNothingBehindWhateverFails)
 {
-    Create(); // so that the model is cached
-    for (const bool onwards : {false, true})
-        FailEach([&](uint64_t skip) {
-            const host::Ledger before = host::OpenObjects();
-            host::FailAllocations(skip, onwards);
-            ContextPtr context = Create();
-            const uint64_t seen = host::AllocationsSeen();
-            host::StopFailing();
-            EXPECT_TRUE(seen > skip || context) << "without a failure there is a context";
-            EXPECT_TRUE(!context || test::FieldOutOfRange(context->dmWork).empty());
-            context.reset();
-            EXPECT_EQ(host::OpenObjects(), before);
-            return seen;
-        });
-}
-
-TEST_F(ContextTest, LeavesNothingBehindWhateverCallFails)
-{
-    Create();
-    for (const bool onwards : {false, true})
-        FailEach([&](uint64_t skip) {
-            const host::Ledger before = host::OpenObjects();
-            host::FailCalls(skip, onwards);
-            ContextPtr context = Create();
-            const uint64_t seen = host::CallsSeen();
-            host::StopFailing();
-            EXPECT_TRUE(seen > skip || context) << "without a failure there is a context";
-            EXPECT_TRUE(!context || test::FieldOutOfRange(context->dmWork).empty());
-            context.reset();
-            EXPECT_EQ(host::OpenObjects(), before);
-            return seen;
-        });
+    alignas(8) DriverDevMode input = Default();
+    ContextPtr context;
+    for (const test::Requests& requests :
+         {test::kAllocations, test::kAllocationsOnwards, test::kCalls, test::kCallsOnwards,
+          test::kReads<host::Misread::Grow>, test::kReads<host::Misread::TooSmall>}) {
+        test::FailEach(
+            requests, [] {}, [&] { context = Create(&input.dmPublic); },
+            [&](bool failed) {
+                EXPECT_TRUE(failed || context) << "there is none though nothing failed";
+                if (context) {
+                    EXPECT_TRUE(psui::IsValidContext(context.get()));
+                    EXPECT_EQ(test::FieldOutOfRange(context->dmWork), "");
+                }
+                context.reset();
+            });
+    }
 }
 
 TEST_F(ContextTest, NamesTheDriversHelpFile)

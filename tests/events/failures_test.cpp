@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "psui/events/document_event.h"
+#include "tests/entry/fail_each.h"
 #include "tests/events/monitor_world.h"
+#include "tests/settings/merge_checks.h"
 
 namespace {
 
@@ -32,50 +34,38 @@ void Prepare(MonitorWorld& world)
     RegDeleteKeyW(HKEY_CURRENT_USER, test::kMonitorKey);
     world.Shared().Replace("[LODESTAT]\r\nPrinter=Other\r\n[P1]\r\n10=4\r\n3=4097\r\n10C=1\r\n");
     MonitorWorld::OfModel().Replace("[ENG]\r\nSet=10,3\r\nBits=0x104\r\n");
-    test::Set(world.record, "dwPagesPerSheet", 2);
+    test::SetAll(world.record, {{"dwPagesPerSheet", 2}, {"dmNup", 2}});
 }
 
-/// Runs an operation with each of its requests failing in turn, until none of them is reached.
-template <typename Inject, typename Seen>
-void FailEach(const Operation& operation, Inject inject, Seen seen)
+/// Runs every operation with each of its requests failing in turn.
+void FailEachOperation(const test::Requests& requests)
 {
-    MonitorWorld world(u"");
-    MonitorWorld::InstallProgram("3_10");
-    for (uint64_t skip = 0, reached = 1; reached > skip; ++skip) {
-        SCOPED_TRACE(testing::Message() << operation.name << ", request " << skip);
-        Prepare(world);
-        const host::Ledger before = host::OpenObjects();
-        inject(skip);
-        operation.run(world);
-        reached = seen();
-        host::StopFailing();
-        ASSERT_EQ(host::OpenObjects(), before);
-        ASSERT_EQ(world.record.dmPublic.dmSize, psui::kPublicSize);
-        ASSERT_TRUE(skip > 0 || reached > 0);
+    for (const Operation& operation : kOperations) {
+        SCOPED_TRACE(operation.name);
+        MonitorWorld world(u"");
+        MonitorWorld::InstallProgram("3_10");
+        test::FailEach(
+            requests, [&] { Prepare(world); }, [&] { operation.run(world); },
+            [&](bool) { EXPECT_EQ(test::FieldOutOfRange(world.record), ""); });
     }
 }
 
 TEST(StatusMonitor, LeavesNothingOpenWhateverCallFails)
 {
-    for (const Operation& operation : kOperations)
-        FailEach(
-            operation, [](uint64_t skip) { host::FailCalls(skip, false); }, host::CallsSeen);
+    FailEachOperation(test::kCalls);
 }
 
 TEST(StatusMonitor, LeavesNothingOpenWhateverAllocationFails)
 {
-    for (const Operation& operation : kOperations)
-        FailEach(
-            operation, [](uint64_t skip) { host::FailAllocations(skip, true); }, host::AllocationsSeen);
+    FailEachOperation(test::kAllocations);
 }
 
 TEST(StatusMonitor, SurvivesWrongAnswers)
 {
-    for (const host::Misread how :
-         {host::Misread::Grow, host::Misread::TooSmall, host::Misread::Huge, host::Misread::WrongType})
-        for (const Operation& operation : kOperations)
-            FailEach(
-                operation, [=](uint64_t skip) { host::MisreadCalls(skip, false, how); }, host::ReadsSeen);
+    FailEachOperation(test::kReads<host::Misread::Grow>);
+    FailEachOperation(test::kReads<host::Misread::TooSmall>);
+    FailEachOperation(test::kReads<host::Misread::Huge>);
+    FailEachOperation(test::kReads<host::Misread::WrongType>);
 }
 
 } // namespace
