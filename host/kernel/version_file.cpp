@@ -2,6 +2,7 @@
 #include "host/kernel/version_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <elf.h>
 #include <fcntl.h>

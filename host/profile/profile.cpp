@@ -1,6 +1,5 @@
 // The private-profile functions: what they return and how they fill a caller's buffer.
 #include <algorithm>
-#include <cstring>
 
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"

@@ -1,7 +1,6 @@
 #include "host/profile/profile_file.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <optional>
 #include <sys/file.h>

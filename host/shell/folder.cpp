@@ -1,7 +1,6 @@
 // The known folders of the user and of the machine.
 #include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <filesystem>
 
 #include <windows.h>

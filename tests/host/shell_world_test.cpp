@@ -1,5 +1,6 @@
 // What a host sets and reads back: profile files of several processes, launches, folders, windows, the
 // spooler's side, and reads that answer wrongly.
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <sys/wait.h>
@@ -51,10 +52,10 @@ protected:
 constexpr char16_t kFile[] = u"C:\\shared.ini";
 constexpr int kEntries = 60;
 
-pid_t StartWriter(const std::string& section)
+pid_t StartWriter(const std::string& section, int entries)
 {
     const std::string root = host::RootFolder();
-    const std::string count = std::to_string(kEntries);
+    const std::string count = std::to_string(entries);
     const pid_t child = fork();
     if (child == 0) {
         execl(PSUI_PROFILE_WRITER, PSUI_PROFILE_WRITER, root.c_str(), "C:\\shared.ini", section.c_str(),
@@ -86,7 +87,7 @@ void ExpectEntries(const std::u16string& section)
 TEST_F(Shell, WritersOfOneProfileFileLoseNothingOfEachOther)
 {
     Place(u"C:\\windows\\writer.exe");
-    const pid_t children[] = {StartWriter("one"), StartWriter("two")};
+    const pid_t children[] = {StartWriter("one", kEntries), StartWriter("two", kEntries)};
     std::thread first(WriteEntries, u"three");
     std::thread second(WriteEntries, u"four");
     first.join();
@@ -106,15 +107,24 @@ TEST_F(Shell, WritersOfOneProfileFileLoseNothingOfEachOther)
     EXPECT_EQ(events[1].text, u"writer.exe");
 }
 
-TEST_F(Shell, KilledWriterLeavesTheOldFile)
+TEST_F(Shell, KilledWriterLeavesAWholeFile)
 {
-    WritePrivateProfileStringW(u"S", u"k", u"old", kFile);
-    Place(u"C:\\shared.ini.new~", "[S]\r\nk=ha"); // what it had written when it was killed
-    WCHAR value[8];
-    GetPrivateProfileStringW(u"S", u"k", u"", value, 8, kFile);
-    EXPECT_EQ(std::u16string(value), u"old");
-    EXPECT_TRUE(WritePrivateProfileStringW(u"S", u"k", u"new", kFile));
-    EXPECT_EQ(Content(kFile), "[S]\r\nk=new\r\n");
+    const pid_t child = StartWriter("one", 1000000);
+    while (GetPrivateProfileIntW(u"one", u"20", -1, kFile) != 20)
+        Sleep(1);
+    kill(child, SIGKILL);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    std::string whole = "[one]\r\n";
+    const std::string content = Content(kFile);
+    for (int i = 0; whole.size() < content.size(); ++i)
+        whole += std::to_string(i) + "=" + std::to_string(i) + "\r\n";
+    EXPECT_EQ(content, whole);
+
+    Place(u"C:\\shared.ini.new~", "[one]\r\n0=ha"); // as if killed a little earlier
+    EXPECT_TRUE(WritePrivateProfileStringW(u"one", nullptr, nullptr, kFile));
+    EXPECT_EQ(Content(kFile), "");
     EXPECT_EQ(GetFileAttributesW(u"C:\\shared.ini.new~"), INVALID_FILE_ATTRIBUTES);
 }
 
