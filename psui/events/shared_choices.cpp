@@ -94,11 +94,19 @@ uint32_t OfferedItems(HANDLE printer, const ProfileSection& section)
     return OfferedBits(ProfileSection(model, language));
 }
 
-uint32_t StoreItems(const ProfileSection& section, const ItemList& items)
+void StoreItems(const ProfileSection& section, const ItemList& items, uint32_t mask)
 {
-    const uint32_t mask = MaskOfItems(items);
     section.Write(kOffered, items);
     section.Write(kOfferedBits, HexText(mask).text);
+}
+
+/// The mask of the printer's items, which become those `found` at its model when there are any.
+uint32_t AdoptItems(const ProfileSection& section, const ItemList& found)
+{
+    if (!found[0])
+        return OfferedBits(section);
+    const uint32_t mask = MaskOfItems(found);
+    StoreItems(section, found, mask);
     return mask;
 }
 
@@ -106,18 +114,16 @@ uint32_t StoreItems(const ProfileSection& section, const ItemList& items)
 /// False when there is no telling what that file is called.
 bool SettleItems(HANDLE printer, const ProfileSection& section, uint32_t& mask)
 {
-    ItemList items;
-    section.Read(kOffered, items);
-    const bool fresh = items[0] == 0;
-    if (fresh) {
+    ItemList found = {};
+    if (!section.Has(kOffered)) {
         PathText model;
         WCHAR language[kLanguageCodeUnits];
         if (!ModelSettingsFile(printer, model))
             return false;
         LanguageCode(language);
-        ProfileSection(model, language).Read(kOffered, items);
+        ProfileSection(model, language).Read(kOffered, found);
     }
-    mask = fresh && items[0] ? StoreItems(section, items) : OfferedBits(section);
+    mask = AdoptItems(section, found);
     return true;
 }
 
@@ -199,12 +205,10 @@ uint32_t ReadStatusMonitorItems(HANDLE printer, const DriverDevMode*)
     if (!LocatePrinter(printer, place))
         return kExchangedItems;
     const ProfileSection section = place.PrinterSection();
-    ItemList items;
-    section.Read(kOffered, items);
-    const bool fresh = items[0] == 0;
-    if (fresh)
-        ReadModelItems(section, items);
-    return (fresh && items[0] ? StoreItems(section, items) : OfferedBits(section)) & kExchangedItems;
+    ItemList found = {};
+    if (!section.Has(kOffered))
+        ReadModelItems(section, found);
+    return AdoptItems(section, found) & kExchangedItems;
 }
 
 void WriteStatusMonitorItems(HANDLE printer, const DriverDevMode* record, uint32_t mask)
@@ -220,8 +224,7 @@ void WriteStatusMonitorItems(HANDLE printer, const DriverDevMode* record, uint32
         ReadModelItems(section, present);
     if (std::basic_string_view<WCHAR>(wanted) == present)
         return;
-    section.Write(kOffered, wanted);
-    section.Write(kOfferedBits, HexText(mask).text);
+    StoreItems(section, wanted, mask);
     section.Write(kChanged, kOn);
     LaunchStatusMonitor(&record->dmPrivate);
 }

@@ -199,14 +199,32 @@ TEST_F(ContextTest, LeavesNothingBehindWhateverFails)
     }
 }
 
-TEST_F(ContextTest, NamesTheDriversHelpFile)
+/// A path in the process heap as a text, "" for null.
+std::u16string TakePath(WCHAR* path)
+{
+    const std::u16string text = path ? path : TEXT("");
+    HeapFree(GetProcessHeap(), 0, path);
+    return text;
+}
+
+TEST_F(ContextTest, NamesTheDriversHelpFileElseThePlatforms)
 {
     const HANDLE heap = GetProcessHeap();
-    WCHAR* path = psui::GetHelpFilePath(printer.handle(), heap);
-    EXPECT_EQ(std::u16string(path), u"C:\\windows\\system32\\spool\\drivers\\x64\\pscript.hlp");
-    HeapFree(heap, 0, path);
+    const std::u16string folder = u"C:\\windows\\system32\\spool\\drivers\\x64\\";
+    EXPECT_EQ(TakePath(psui::GetHelpFilePath(printer.handle(), heap)), folder + u"pscript.hlp");
+
+    alignas(8) BYTE info[4096];
+    DWORD needed = 0;
+    ASSERT_TRUE(GetPrinterDriverW(printer.handle(), nullptr, 3, info, sizeof(info), &needed));
+    auto* driver = reinterpret_cast<DRIVER_INFO_3W*>(info);
+    std::u16string help = u"C:\\palette.hlp";
+    test::WriteNative(host::NativePath(help), "help");
+    driver->pHelpFile = help.data();
+    ASSERT_TRUE(AddPrinterDriverExW(nullptr, 3, info, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY));
+    EXPECT_EQ(TakePath(psui::GetHelpFilePath(printer.handle(), heap)), folder + u"3\\palette.hlp");
+
     host::FailCalls(0, true);
-    EXPECT_EQ(psui::GetHelpFilePath(printer.handle(), heap), nullptr);
+    EXPECT_EQ(TakePath(psui::GetHelpFilePath(printer.handle(), heap)), u"");
     host::StopFailing();
 }
 
