@@ -50,7 +50,7 @@ UINT LaunchStatusMonitor(const PrivateDevMode* settings)
     const bool running = FindWindowW(kMonitorWindowClass, nullptr) != nullptr;
     const bool wanted = settings->bStatusMonitor != 0;
     CommandLine command;
-    if ((!running && !wanted) || !MakeCommand(!running || wanted, command))
+    if ((!running && !wanted) || !MakeCommand(wanted, command))
         return 0;
     // A program started for a client must not run with the rights of the system.
     const ProcessIdentity identity;
