@@ -508,7 +508,7 @@ TEST(Limits, LetAFeatureHaveMoreOptionsThan16BitsCount)
     const ModelPtr model = CompileModel(text);
     const ModelFeature* feature = BuiltinFeature(model.get(), kFeatureCm);
     EXPECT_EQ(OptionCount(feature), 70000u);
-    EXPECT_EQ(feature->defaultOption, 69999u);
+    EXPECT_EQ(uint64_t{feature->defaultOption}, 69999u);
     EXPECT_EQ(FindByNameIndexed(FirstOption(feature), "o65534").index, 65534);
     EXPECT_EQ(FindByNameIndexed(FirstOption(feature), "o65536").index, kNotFound);
     EXPECT_EQ(model->constraints->begin()[0].feature1, kUnresolved);
