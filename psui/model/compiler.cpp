@@ -3,7 +3,6 @@
 #include <bitset>
 #include <utility>
 
-#include "psui/base/file.h"
 #include "psui/model/crc.h"
 #include "psui/model/image.h"
 #include "psui/model/keywords.h"
@@ -148,19 +147,6 @@ void CompileRootDeleter::operator()(CompileRoot* root) const
     compiler::ParsePool::Release(root->pool);
 }
 
-DescriptionText ReadDescription(const WCHAR* path)
-{
-    const FileHandle file = OpenForReading(path);
-    uint64_t size = 0;
-    if (!file || !FileSize(file, size) || size >= UINT32_MAX)
-        return {};
-    HeapPtr<char> bytes(static_cast<char*>(HeapAlloc(GetProcessHeap(), 0, static_cast<size_t>(size) + 1)));
-    if (!bytes || !ReadExactly(file, bytes.get(), static_cast<size_t>(size)))
-        return {};
-    bytes.get()[size] = 0;
-    return {std::move(bytes), static_cast<size_t>(size)};
-}
-
 CompileRootPtr CompileDescriptionText(std::string_view text, const WCHAR* path, DiagnosticSink* sink)
 {
     if (text.size() >= UINT32_MAX)
@@ -172,11 +158,8 @@ CompileRootPtr CompileDescriptionText(std::string_view text, const WCHAR* path, 
     return compiler::Compile(compilation, text) ? std::move(root) : nullptr;
 }
 
-CompileRootPtr CompileModelDescription(const WCHAR* path)
+CompileRootPtr CompileModelDescription(DescriptionText text, const WCHAR* path)
 {
-    DescriptionText text = ReadDescription(path);
-    if (!text.bytes)
-        return nullptr;
     CompileRootPtr root = CompileDescriptionText({text.bytes.get(), text.size}, path, nullptr);
     if (root)
         root->description = text.bytes.release();

@@ -25,18 +25,16 @@ struct CompileRootDeleter
 };
 using CompileRootPtr = std::unique_ptr<CompileRoot, CompileRootDeleter>;
 
-/// A description text read into memory.
+/// The content of a description file.
 struct DescriptionText
 {
-    HeapPtr<char> bytes; ///< null when the file cannot be read
-    size_t size;         ///< a zero byte follows
+    HeapPtr<char> bytes; ///< null when the file could not be read
+    size_t size;
 };
 
-/// Reads the file `path` whole. Files of 4 GiB and more are refused.
-DescriptionText ReadDescription(const WCHAR* path);
-
-/// Compiles the text file `path`. Null without file, without memory or when the compilation stopped.
-CompileRootPtr CompileModelDescription(const WCHAR* path);
+/// Compiles the content of the text file `path`, which the root keeps. Null without memory or when the
+/// compilation stopped.
+CompileRootPtr CompileModelDescription(DescriptionText text, const WCHAR* path);
 
 /// Compiles a text that stands in memory and outlives the root. `path` is recorded as its source; `sink` (may
 /// be null) is told of everything that was skipped.

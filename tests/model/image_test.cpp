@@ -4,6 +4,7 @@
 
 #include "host/host.h"
 #include "model_fixture.h"
+#include "tests/model/walk.h"
 
 namespace psui::test {
 
@@ -27,40 +28,6 @@ void Put(Bytes& bytes, size_t offset, T value)
 void PutText(Bytes& bytes, size_t offset, std::string_view text)
 {
     std::memcpy(bytes.data() + offset, text.data(), text.size());
-}
-
-// Asks everything of a model, so that a reference that leads outside its block does not go unnoticed.
-uint64_t WalkEverything(const ModelDescription& model)
-{
-    uint64_t sum =
-        DefaultResolutionDpi(&model) + SleepModeListItem(&model, 2) + MemorySizeListItem(&model, 2);
-    for (const WCHAR* c = model.sourcePath.get(); *c; ++c)
-        sum += *c;
-    for (const TextRef text : {model.nickName, model.password, model.exitServer, model.customPageSizeCode,
-                               model.jclBegin, model.jclEnd, model.jclToPsInterpreter})
-        sum += TextOf(text).size();
-    for (const ModelFeature* f = model.features.get(); f; f = f->next.get()) {
-        sum += TextOf(f->keyword).size() + TextOf(f->translation).size();
-        for (const ModelOption* o = f->options.get(); o; o = o->next.get()) {
-            sum += TextOf(o->name).size() + TextOf(o->translation).size() + TextOf(o->invocation).size();
-            if (f->featureIndex == kFeaturePageSize)
-                sum += TextOf(reinterpret_cast<const PageSizeOption*>(o)->pageRegionInvocation).size() +
-                       reinterpret_cast<const PageSizeOption*>(o)->imageableAreaL.further[1];
-            if (f->featureIndex == kFeatureResolution)
-                sum += TextOf(reinterpret_cast<const ResolutionOption*>(o)->jclInvocation).size();
-        }
-    }
-    for (const ResidentFont* f = model.residentFonts.get(); f; f = f->next.get())
-        sum += TextOf(f->name).size() + TextOf(f->value).size() + f->fontNumber;
-    for (uint16_t index = 0; index < kBuiltinFeatureCount; ++index)
-        sum += FeatureDefaultValue(&model, static_cast<FeatureIndex>(index));
-    uint8_t selections[kMaxSelections] = {};
-    uint8_t installed[kMaxSelections] = {};
-    sum += DocumentFeatureDefaults(&model, selections) + ResolveInstallableConflicts(&model, installed);
-    for (uint16_t feature = 0; feature < 4; ++feature)
-        sum += FindConflict(&model, installed, selections, feature, 0) +
-               FindConflict(&model, installed, nullptr, feature, 0);
-    return sum;
 }
 
 // Resolves a copy of exactly that size; when it is sound, asks everything of it.
