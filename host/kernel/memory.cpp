@@ -4,6 +4,8 @@
 #include <cstring>
 #include <mutex>
 
+#include <malloc.h>
+
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"
 #include "host/kernel/world.h"
@@ -52,6 +54,11 @@ namespace {
 
 Heap processHeap;
 Heap globalHeap;
+
+// The platform's heaps keep what is freed for the next request. Left alone, the C library maps and unmaps
+// every large block, and each use of one pays for its pages anew.
+[[maybe_unused]] const bool keepsFreedMemory =
+    mallopt(M_MMAP_THRESHOLD, 32 << 20) != 0 && mallopt(M_TRIM_THRESHOLD, 256 << 20) != 0;
 
 void CountBlock(int64_t blocks, int64_t bytes)
 {
