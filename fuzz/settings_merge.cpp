@@ -1,6 +1,6 @@
-// The merge of a hostile record into a default one.
+// The merge of a hostile record into a default one, and of a second into the result.
 //
-// Input: flags (below), source record.
+// Input: flags (below), first source, second source.
 #include <array>
 
 #include "fuzz/settings_input.h"
@@ -53,6 +53,13 @@ fuzz::Block TakeOwnRecord(fuzz::Input& input, const psui::ModelDescription* mode
     return record;
 }
 
+void MergeChecked(psui::DriverDevMode& target, fuzz::Block& source, const psui::ModelDescription* model)
+{
+    const std::string wrong = test::CheckMerge(target, source.Record(), model);
+    fuzz::Require(wrong.empty(), wrong);
+    psui::MergeDevMode(&target, source.Record(), model);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
@@ -69,16 +76,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t length)
     fuzz::Input input(data, length);
     const uint8_t flags = input.Take<uint8_t>();
     const psui::ModelDescription* model = models[flags & kModelBits];
-    fuzz::Block source = (flags & kOwn) != 0 ? TakeOwnRecord(input, model) : fuzz::TakeRecord(input);
-
+    const auto takeSource = [&] {
+        return (flags & kOwn) != 0 ? TakeOwnRecord(input, model) : fuzz::TakeRecord(input);
+    };
     alignas(8) psui::DriverDevMode target;
     psui::BuildDefaultDevMode(&target, (flags & kWinPrint) != 0 ? kWinPrintPrinter : nullptr, model,
                               (flags & kMetric) != 0);
-    const std::string wrong = test::CheckMerge(target, source.Record(), model);
-    fuzz::Require(wrong.empty(), wrong);
+    fuzz::Block first = takeSource();
+    MergeChecked(target, first, model);
+    fuzz::Block source = takeSource();
+    MergeChecked(target, source, model);
 
     // Handing the result back in the shape of the source keeps inside the source's bytes.
-    psui::MergeDevMode(&target, source.Record(), model);
     const std::string before(reinterpret_cast<char*>(source.bytes.get()), source.size);
     if (!psui::CopyDevModeOut(&target, source.Record(), source.Record()))
         fuzz::Require(std::memcmp(before.data(), source.bytes.get(), source.size) == 0,

@@ -140,7 +140,8 @@ int main(int argc, char** argv)
     for (const MergeSeed& seed : kMergeSeeds) {
         DriverDevMode record = OrdinaryRecord();
         test::SetAll(record, seed.fields);
-        WriteSeed(folder / "settings_merge" / seed.name, BytesOfValue(seed.flags) + BytesOfValue(record));
+        const std::string bytes = BytesOfValue(record);
+        WriteSeed(folder / "settings_merge" / seed.name, BytesOfValue(seed.flags) + bytes + bytes);
     }
     for (const ConvertSeed& seed : kConvertSeeds) {
         DriverDevMode record = OrdinaryRecord();

@@ -95,16 +95,27 @@ void MergeUserSize(const Merge& merge)
     merge.to.dmFields |= kSizeFields;
 }
 
+bool NeedsBorders(DWORD media)
+{
+    return media == kMedia264 || media == kMedia265;
+}
+
+/// The media after the merge decides together with the source's own, so that no record comes out that the
+/// next merge would change.
 void MergePaper(const Merge& merge)
 {
-    if (!merge.Has(DM_PAPERSIZE))
-        return;
-    const short paper = merge.from.dmPaperSize;
-    if (IsBorderlessPaper(paper) || merge.fromPrivate.bBorderless == 1)
+    bool bordered = NeedsBorders(merge.Has(DM_MEDIATYPE) ? merge.from.dmMediaType : merge.to.dmMediaType);
+    bool dateless = false;
+    if (merge.Has(DM_PAPERSIZE)) {
+        merge.to.dmFields |= DM_PAPERSIZE;
+        merge.to.dmPaperSize = merge.from.dmPaperSize;
+        bordered = bordered || NeedsBorders(merge.from.dmMediaType);
+        dateless = IsBorderlessPaper(merge.from.dmPaperSize) || merge.fromPrivate.bBorderless == 1;
+    }
+    if (bordered)
+        merge.to.dmPaperSize = BorderedPaper(merge.to.dmPaperSize);
+    if (dateless || IsBorderlessPaper(merge.to.dmPaperSize))
         merge.fromPrivate.dwDatePrint &= ~kDatePrintOn;
-    const bool needsBorders = merge.from.dmMediaType == kMedia264 || merge.from.dmMediaType == kMedia265;
-    merge.to.dmPaperSize = needsBorders ? BorderedPaper(paper) : paper;
-    merge.to.dmFields |= DM_PAPERSIZE;
 }
 
 void MergeFormName(const Merge& merge)

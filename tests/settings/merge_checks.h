@@ -69,9 +69,9 @@ inline std::string FieldsThatMaySettleLater(const psui::DriverDevMode& target, c
     };
 
     std::string names = " ";
-    // A user size without its paper leaves the size bits, which the next merge clears.
-    if (spread.dmPublic.dmPaperSize == DMPAPER_USER && (spread.dmPublic.dmFields & DM_PAPERSIZE) == 0)
-        names += "dmFields ";
+    // The size bits follow the source's paper even when that is not taken over.
+    if ((spread.dmPublic.dmPaperSize == DMPAPER_USER) != (merged.dmPublic.dmPaperSize == DMPAPER_USER))
+        names += "dmFields dmPaperLength dmPaperWidth dmOrientation wCustomLength wCustomWidth ";
     // The client process follows the date print of the refresh before.
     if (((spread.dmPrivate.dwTailDatePrint ^ merged.dmPrivate.dwDatePrint) & kDatePrintOn) != 0)
         names += "wszClientProcess ";

@@ -226,6 +226,18 @@ TEST_F(Merge, ClassifiesMedia)
     }
 }
 
+TEST_F(Merge, KeepsBorderlessPaperAndItsMediaApartWhicheverComesFirst)
+{
+    SetAll(target_, {{"dmPaperSize", 274}});
+    alignas(8) DriverDevMode source = Default();
+    SetAll(source, {{"dmFields", DM_MEDIATYPE}, {"dmMediaType", 264}});
+    ExpectFields(Merged(source), {{"dmPaperSize", 9}, {"bBorderless", 0}});
+
+    SetAll(target_, {{"dmPaperSize", 9}, {"dmMediaType", 264}});
+    SetAll(source, {{"dmFields", DM_PAPERSIZE}, {"dmMediaType", 266}, {"dmPaperSize", 274}});
+    ExpectFields(Merged(source), {{"dmPaperSize", 9}, {"dmMediaType", 264}});
+}
+
 TEST_F(Merge, LeavesTheTargetForANullSource)
 {
     target_.dmPublic.dmCopies = 55;
