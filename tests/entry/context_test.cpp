@@ -91,6 +91,51 @@ TEST_F(ContextTest, KeepsTheWatermarkThatIsSwitchedOn)
     EXPECT_EQ(Create(&input.dmPublic)->wCurrentWatermark, 0);
 }
 
+/// A second handle of the printer, with the right to change it.
+class AdministeringHandle
+{
+public:
+    explicit AdministeringHandle(Printer& printer)
+    {
+        PRINTER_DEFAULTSW all = {};
+        all.DesiredAccess = PRINTER_ALL_ACCESS;
+        EXPECT_TRUE(OpenPrinterW(printer.name(), &handle_, &all));
+    }
+    ~AdministeringHandle() { ClosePrinter(handle_); }
+    AdministeringHandle(const AdministeringHandle&) = delete;
+    AdministeringHandle& operator=(const AdministeringHandle&) = delete;
+
+    operator HANDLE() const { return handle_; }
+
+private:
+    HANDLE handle_ = nullptr;
+};
+
+TEST_F(ContextTest, TakesTheStoredPrinterWideDataAndKeepsItsOwnVersion)
+{
+    const AdministeringHandle handle(printer);
+    psui::PrinterWideData stored = Create()->PrinterData;
+    stored.wVersion = 7;
+    stored.wSize = 9;
+    stored.dwStringSet = 3;
+    ASSERT_TRUE(
+        psui::WritePrinterDataBlock(handle, &stored, sizeof(stored), psui::PrinterDataPair::PrinterWide));
+    const ContextPtr context = Create();
+    EXPECT_EQ(context->PrinterData.dwStringSet, 3u);
+    EXPECT_EQ(context->PrinterData.wVersion, 1301);
+    EXPECT_EQ(context->PrinterData.wSize, 108);
+}
+
+TEST_F(ContextTest, RegistersTheModelsPapersOnce)
+{
+    const AdministeringHandle handle(printer);
+    std::u16string form = u"A4_BL";
+    for (const bool added : {true, false}) {
+        ContextPtr(psui::CreatePrinterUiContext(handle, nullptr));
+        EXPECT_EQ(DeleteFormW(handle, form.data()), added);
+    }
+}
+
 TEST_F(ContextTest, IsNotMadeForAHandleThatIsNoPrinter)
 {
     const host::Ledger before = host::OpenObjects();
