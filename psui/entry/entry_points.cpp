@@ -2,6 +2,7 @@
 #include "psui/entry/exports.h"
 #include "psui/entry/float_environment.h"
 #include "psui/queries/capabilities.h"
+#include "psui/queries/job_check.h"
 
 BOOL WINAPI DrvConvertDevMode(LPWSTR printerName, PDEVMODEW input, PDEVMODEW output, PLONG size, DWORD mode)
 {
@@ -14,4 +15,10 @@ DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, LPWSTR deviceName, WORD capab
 {
     const psui::FloatEnvironment floats;
     return psui::AnswerCapability(printer, deviceName, capability, output, record);
+}
+
+BOOL WINAPI DevQueryPrintEx(psui::DevQueryPrintInfo* query)
+{
+    const psui::FloatEnvironment floats;
+    return psui::CheckJob(query);
 }

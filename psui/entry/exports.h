@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "psui/entry/ddi.h"
+#include "psui/queries/ddi.h"
 
 namespace psui {
 
@@ -44,6 +45,12 @@ BOOL WINAPI DrvConvertDevMode(LPWSTR printerName, PDEVMODEW input, PDEVMODEW out
 DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, LPWSTR deviceName, WORD capability, PVOID output,
                                    PDEVMODEW record);
 
+/// Whether the job of `query` can be printed as the printer is set up now. `query` is whole, whatever its
+/// cbSize and Level; its record as above. The form name of a job whose paper is known is settled in its
+/// record. Returns TRUE, also without a job; or FALSE, with the reason in pszErrorStr, cut to cchErrorStr
+/// units with the terminator, and its whole size in cchNeeded. The last error has no meaning.
+BOOL WINAPI DevQueryPrintEx(psui::DevQueryPrintInfo* query);
+
 /// The sheet function that shows and changes a document's settings.
 ///
 /// Without `info`, `param` is a DocumentPropertyHeader (ddi.h), of which cbSize bytes are used, and nothing
@@ -73,6 +80,7 @@ namespace psui {
 
 using DrvConvertDevModeFn = decltype(&DrvConvertDevMode);
 using DrvDeviceCapabilitiesFn = decltype(&DrvDeviceCapabilities);
+using DevQueryPrintExFn = decltype(&DevQueryPrintEx);
 using DrvDocumentPropertySheetsFn = decltype(&DrvDocumentPropertySheets);
 using DrvDocumentPropertiesFn = decltype(&DrvDocumentProperties);
 using DrvAdvancedDocumentPropertiesFn = decltype(&DrvAdvancedDocumentProperties);
