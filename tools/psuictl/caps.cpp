@@ -134,7 +134,8 @@ public:
     Asker(const Session& session, const Arguments& arguments)
         : name_(Wide(arguments.Text("NAME"))), printer_(OpenPrinter(name_)),
           record_(arguments.Has("record") ? LoadRecordForCall(arguments.Text("record")) : Bytes()),
-          library_(session.language)
+          library_(session.language),
+          capabilities_(library_.Entry<psui::DrvDeviceCapabilitiesFn>("DrvDeviceCapabilities"))
     {
     }
 
@@ -150,8 +151,7 @@ private:
     int32_t Call(WORD index, void* buffer)
     {
         PDEVMODEW record = record_.empty() ? nullptr : reinterpret_cast<PDEVMODEW>(record_.data());
-        return static_cast<int32_t>(
-            library_.deviceCapabilities(printer_.get(), name_.data(), index, buffer, record));
+        return static_cast<int32_t>(capabilities_(printer_.get(), name_.data(), index, buffer, record));
     }
 
     void ReadList(Answer& answer)
@@ -181,6 +181,7 @@ private:
     PrinterHandle printer_;
     Bytes record_;
     DriverLibrary library_;
+    psui::DrvDeviceCapabilitiesFn capabilities_;
 };
 
 std::vector<WORD> IndicesAsked(const Arguments& arguments)

@@ -9,11 +9,16 @@ extern const CommandFamily kCapsFamily;
 extern const CommandFamily kConvertFamily;
 extern const CommandFamily kRecordFamily;
 extern const CommandFamily kModelFamily;
+extern const CommandFamily kCheckFamily;
+extern const CommandFamily kEventFamily;
+extern const CommandFamily kMonitorFamily;
+extern const CommandFamily kHostFamily;
 
 std::span<const CommandFamily* const> CommandFamilies()
 {
     static constexpr const CommandFamily* kFamilies[] = {
-        &kPrinterFamily, &kCapsFamily, &kConvertFamily, &kRecordFamily, &kModelFamily,
+        &kPrinterFamily, &kCapsFamily,  &kConvertFamily, &kRecordFamily, &kModelFamily,
+        &kCheckFamily,   &kEventFamily, &kMonitorFamily, &kHostFamily,
     };
     return kFamilies;
 }

@@ -74,15 +74,15 @@ class Converter
 {
 public:
     Converter(const DriverLibrary& library, WideString printer, DWORD mode, Bytes input)
-        : library_(library), printer_(std::move(printer)), mode_(mode), input_(std::move(input))
+        : convert_(library.Entry<psui::DrvConvertDevModeFn>("DrvConvertDevMode")),
+          printer_(std::move(printer)), mode_(mode), input_(std::move(input))
     {
     }
 
     Conversion Call(LONG size, Bytes output)
     {
         SetLastError(ERROR_SUCCESS);
-        const BOOL result =
-            library_.convertDevMode(printer_.data(), Record(input_), Record(output), &size, mode_);
+        const BOOL result = convert_(printer_.data(), Record(input_), Record(output), &size, mode_);
         return {result != FALSE, size, GetLastError(), std::move(output)};
     }
 
@@ -92,7 +92,7 @@ private:
         return bytes.empty() ? nullptr : reinterpret_cast<PDEVMODEW>(bytes.data());
     }
 
-    const DriverLibrary& library_;
+    psui::DrvConvertDevModeFn convert_;
     WideString printer_;
     DWORD mode_;
     Bytes input_;

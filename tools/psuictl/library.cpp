@@ -17,9 +17,14 @@ WideString ProgramFolder()
 
 } // namespace
 
+WideString ProductFolder(const std::string& language)
+{
+    return ProgramFolder() + Wide(language) + TEXT("\\");
+}
+
 WideString ProductFile(const std::string& language, const WCHAR* name)
 {
-    const WideString path = ProgramFolder() + Wide(language) + TEXT("\\") + name;
+    const WideString path = ProductFolder(language) + name;
     if (!FileExists(path))
         throw Failure("'" + Utf8(path) + "' is missing; keep psuictl in the folder it was installed in");
     return path;
@@ -32,8 +37,6 @@ DriverLibrary::DriverLibrary(const std::string& language)
     if (!module_)
         throw Failure("the library '" + Utf8(path) + "' cannot be loaded: " + ErrorWords(GetLastError()) +
                       "; install psuictl again");
-    Find(deviceCapabilities, "DrvDeviceCapabilities");
-    Find(convertDevMode, "DrvConvertDevMode");
 }
 
 DriverLibrary::~DriverLibrary()
@@ -41,14 +44,13 @@ DriverLibrary::~DriverLibrary()
     FreeLibrary(module_);
 }
 
-template <typename Function>
-void DriverLibrary::Find(Function& function, const char* name)
+void* DriverLibrary::Address(const char* name) const
 {
-    function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
-    if (function)
-        return;
-    FreeLibrary(module_);
-    throw Failure(std::string("the library has no entry point ") + name + "; install psuictl again");
+    void* const address = reinterpret_cast<void*>(GetProcAddress(module_, name));
+    if (!address)
+        throw Failure(std::string("this library does not export ") + name +
+                      "; use the library that belongs to this psuictl");
+    return address;
 }
 
 } // namespace psuictl

@@ -7,6 +7,9 @@
 
 namespace psuictl {
 
+/// Windows path, with a backslash at its end, of the folder that holds the product in that language.
+WideString ProductFolder(const std::string& language);
+
 /// Windows path of a file of the product in that language: psui.dll or VMLANG.DLL. Throws Failure when it is
 /// not there.
 WideString ProductFile(const std::string& language, const WCHAR* name);
@@ -20,12 +23,15 @@ public:
     DriverLibrary(const DriverLibrary&) = delete;
     DriverLibrary& operator=(const DriverLibrary&) = delete;
 
-    psui::DrvDeviceCapabilitiesFn deviceCapabilities = nullptr;
-    psui::DrvConvertDevModeFn convertDevMode = nullptr;
+    /// The entry point of that name. Throws Failure when the library exports none.
+    template <typename Function>
+    Function Entry(const char* name) const
+    {
+        return reinterpret_cast<Function>(Address(name));
+    }
 
 private:
-    template <typename Function>
-    void Find(Function& function, const char* name);
+    void* Address(const char* name) const;
 
     HMODULE module_;
 };

@@ -20,4 +20,18 @@ void CloseHost();
 /// The full Windows path of an ordinary path of this machine. The file need not exist.
 WideString FullPath(const std::string& path);
 
+/// What programs started and opened (launches, pages, help requests, beeps), in UTF-8.
+struct RecordedEvent
+{
+    std::string kind;
+    std::string text;
+    std::string detail;
+};
+
+/// Whether this host records such events; Windows does not.
+bool IsRecording();
+
+/// Everything recorded since the host was made, oldest first. Throws Failure where nothing is recorded.
+std::vector<RecordedEvent> Recorded();
+
 } // namespace psuictl::platform

@@ -49,4 +49,17 @@ WideString FullPath(const std::string& path)
     return host::WindowsPath(absolute.lexically_normal().string());
 }
 
+bool IsRecording()
+{
+    return true;
+}
+
+std::vector<RecordedEvent> Recorded()
+{
+    std::vector<RecordedEvent> events;
+    for (const host::Event& event : host::Recorded())
+        events.push_back({event.kind, Utf8(event.text), Utf8(event.detail)});
+    return events;
+}
+
 } // namespace psuictl::platform

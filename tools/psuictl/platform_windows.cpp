@@ -45,4 +45,15 @@ WideString FullPath(const std::string& path)
     return full;
 }
 
+bool IsRecording()
+{
+    return false;
+}
+
+std::vector<RecordedEvent> Recorded()
+{
+    throw Failure("Windows records no launches, pages, help requests or beeps; run this in a host of psuictl",
+                  kWrongUsage);
+}
+
 } // namespace psuictl::platform

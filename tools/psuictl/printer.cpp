@@ -1,8 +1,8 @@
-#include "tools/psuictl/command.h"
 #include "tools/psuictl/files.h"
 #include "tools/psuictl/library.h"
 #include "tools/psuictl/model_file.h"
 #include "tools/psuictl/output.h"
+#include "tools/psuictl/printer_commands.h"
 #include "tools/psuictl/spooler.h"
 
 namespace psuictl {
@@ -17,6 +17,21 @@ constexpr Parameter kAddParameters[] = {
 };
 constexpr Parameter kRemoveParameters[] = {
     {"NAME", nullptr, "the printer to remove", ParameterKind::Text, true},
+};
+constexpr const char* kDataTypes[] = {"number", "bytes", "text"};
+constexpr Parameter kDataParameters[] = {
+    {"NAME", nullptr, "the printer", ParameterKind::Text, true},
+    {"VALUE", nullptr, "the value to show or set (default: list all)"},
+    {"DATA", nullptr, "what to store: a number (decimal or 0x hex), pairs of hex digits, or a text"},
+    {"--type", "TYPE", "how DATA is read: number, bytes or text (default: the first that fits)",
+     ParameterKind::Text, false, false, kDataTypes},
+};
+constexpr Parameter kDefaultParameters[] = {
+    {"NAME", nullptr, "the printer", ParameterKind::Text, true},
+    {"RECORD", nullptr, "the settings record to store (- is standard input)", ParameterKind::Text, true},
+};
+constexpr Parameter kFormsParameters[] = {
+    {"NAME", nullptr, "the printer", ParameterKind::Text, true},
 };
 
 /// What `printer add` is about to install.
@@ -241,6 +256,18 @@ constexpr Command kCommands[] = {
     {"list", "list the printers", {}, "  psuictl printer list\n  psuictl printer list --json\n", RunList},
     {"remove", "remove a printer, and its driver when no other printer uses it", kRemoveParameters,
      "  psuictl printer remove Office\n", RunRemove},
+    {"data", "list, show or set a printer's stored values", kDataParameters,
+     "  psuictl printer data Office\n"
+     "  psuictl printer data Office Forms?\n"
+     "  psuictl printer data Office FreeMem 4096\n"
+     "  psuictl printer data Office Note 1234 --type text\n",
+     RunPrinterData},
+    {"default", "store a settings record as the printer's default", kDefaultParameters,
+     "  psuictl printer default Office office.dm\n", RunPrinterDefault},
+    {"forms", "list the forms that a printer knows", kFormsParameters,
+     "  psuictl printer forms Office\n"
+     "  psuictl printer forms Office --json\n",
+     RunPrinterForms},
 };
 
 } // namespace

@@ -1,8 +1,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tools/psuictl/command.h"
+#include "tools/psuictl/record_commands.h"
 #include "tools/psuictl/record_value.h"
+#include "tools/psuictl/record_words.h"
 
 namespace psuictl {
 namespace {
@@ -22,6 +23,15 @@ constexpr Parameter kSetParameters[] = {
      ParameterKind::Text, true, true},
     {"-o,--output", "OUT", "where the changed record goes (- is standard output)", ParameterKind::Text, true},
 };
+constexpr Parameter kDefaultParameters[] = {
+    {"NAME", nullptr, "the printer", ParameterKind::Text, true},
+    {"-o,--output", "OUT", "where the record goes (- is standard output)", ParameterKind::Text, true},
+};
+constexpr Parameter kMergeParameters[] = {
+    {"NAME", nullptr, "the printer", ParameterKind::Text, true},
+    {"IN", nullptr, "the application's record (- is standard input; none: the printer's own settings)"},
+    {"-o,--output", "OUT", "where the merged record goes (- is standard output)", ParameterKind::Text, true},
+};
 
 const char kPlaceHelp[] = "'psuictl record show --json' lists the fields of a record";
 
@@ -38,8 +48,10 @@ std::optional<size_t> ReadablePlace(const RecordLayout& layout, const RecordFiel
     return isPrivate && !layout.ownPrivate() ? std::nullopt : layout.Place(field);
 }
 
-void ShowAsText(std::ostream& out, const Bytes& record, const RecordLayout& layout)
+void ShowAsText(const Session& session, const Bytes& record, const RecordLayout& layout)
 {
+    std::ostream& out = session.out;
+    const RecordNames names(session.language);
     out << Counted(record.size(), "byte")
         << (layout.notes().empty() ? ", a whole record of this driver\n" : "\n");
     for (const std::string& note : layout.notes())
@@ -48,7 +60,7 @@ void ShowAsText(std::ostream& out, const Bytes& record, const RecordLayout& layo
     for (const RecordField& field : RecordFields()) {
         const std::optional<size_t> place = ReadablePlace(layout, field);
         if (place && !IsReservedZero(field, record.data() + *place))
-            table.Add({std::to_string(*place), field.name, ShowValue(field, record.data() + *place)});
+            table.Add({std::to_string(*place), field.name, names.Show(field, record.data() + *place)});
     }
     if (!table.empty())
         table.Print(out);
@@ -73,7 +85,7 @@ ExitCode RunShow(const Session& session, const Arguments& arguments)
     if (session.json)
         ShowAsJson(session, record, layout);
     else
-        ShowAsText(session.out, record, layout);
+        ShowAsText(session, record, layout);
     return kDone;
 }
 
@@ -99,7 +111,7 @@ struct Difference
 };
 
 /// The field as it differs: by value, or by bytes when the values look alike (what follows a text's end).
-Difference Describe(const RecordField& field, const uint8_t* const (&bytes)[2])
+Difference Describe(const RecordNames& names, const RecordField& field, const uint8_t* const (&bytes)[2])
 {
     const bool alike = bytes[0] && bytes[1] && JsonValue(field, bytes[0]) == JsonValue(field, bytes[1]);
     Difference difference{.name = field.name, .json = {}, .text = {"(none)", "(none)"}};
@@ -108,7 +120,7 @@ Difference Describe(const RecordField& field, const uint8_t* const (&bytes)[2])
             continue;
         const std::string hex = HexBytes({reinterpret_cast<const char*>(bytes[i]), field.width});
         difference.json[i] = alike ? Json(hex) : JsonValue(field, bytes[i]);
-        difference.text[i] = alike ? hex : ShowValue(field, bytes[i]);
+        difference.text[i] = alike ? hex : names.Show(field, bytes[i]);
     }
     return difference;
 }
@@ -132,7 +144,7 @@ Difference DescribeRest(const Side& a, const Side& b)
     return difference;
 }
 
-std::vector<Difference> Compare(const Side& a, const Side& b)
+std::vector<Difference> Compare(const RecordNames& names, const Side& a, const Side& b)
 {
     std::vector<Difference> differences;
     for (const RecordField& field : RecordFields()) {
@@ -140,7 +152,7 @@ std::vector<Difference> Compare(const Side& a, const Side& b)
         const bool same =
             bytes[0] && bytes[1] ? std::memcmp(bytes[0], bytes[1], field.width) == 0 : bytes[0] == bytes[1];
         if (!same)
-            differences.push_back(Describe(field, bytes));
+            differences.push_back(Describe(names, field, bytes));
     }
     if (differences.empty() && a.record != b.record)
         differences.push_back(DescribeRest(a, b));
@@ -160,7 +172,8 @@ Side LoadSide(const std::string& file)
 ExitCode RunDiff(const Session& session, const Arguments& arguments)
 {
     const std::string a = arguments.Text("A"), b = arguments.Text("B");
-    const std::vector<Difference> differences = Compare(LoadSide(a), LoadSide(b));
+    const std::vector<Difference> differences =
+        Compare(RecordNames(session.language), LoadSide(a), LoadSide(b));
     Json json = Json::object();
     Table table({"FIELD", a, b});
     for (const Difference& difference : differences) {
@@ -245,10 +258,18 @@ constexpr Command kCommands[] = {
      "  psuictl record set a.dm dmPaperSize=9 dmOrientation=landscape -o b.dm\n"
      "  psuictl record set a.dm lfDateFont.lfFaceName=Arial @482/2=0x10 -o b.dm\n",
      RunSet},
+    {"default", "make the driver's default record for a printer", kDefaultParameters,
+     "  psuictl record default Office -o office.dm\n"
+     "  psuictl --country 49 record default Office -o - | psuictl record show -\n",
+     RunRecordDefault},
+    {"merge", "merge a record as an application gets it back", kMergeParameters,
+     "  psuictl record merge Office -o current.dm\n"
+     "  psuictl record merge Office wanted.dm -o valid.dm\n",
+     RunRecordMerge},
 };
 
 } // namespace
 
-extern const CommandFamily kRecordFamily = {"record", "settings records in files", kCommands};
+extern const CommandFamily kRecordFamily = {"record", "settings records", kCommands};
 
 } // namespace psuictl

@@ -52,12 +52,28 @@ struct DriverRow
     WideString dataFile;
 };
 
+/// Lengths in microns.
+struct FormRow
+{
+    WideString name;
+    DWORD flags; ///< FORM_ numbers
+    LONG width;
+    LONG length;
+};
+
 /// All printers, and all drivers, of this host. Throws Failure.
 std::vector<PrinterRow> ListPrinters();
 std::vector<DriverRow> ListDrivers();
 
 /// Opens a printer by name. Throws Failure.
 PrinterHandle OpenPrinter(const WideString& name, ACCESS_MASK access = PRINTER_ACCESS_USE);
+
+/// The forms that the printer knows. Throws Failure.
+std::vector<FormRow> ListForms(const PrinterHandle& printer);
+
+/// Makes the record, which is as long as it states, the printer's default. The printer is open for all
+/// access. Throws Failure.
+void StoreDefaultRecord(const PrinterHandle& printer, PDEVMODEW record);
 
 /// Spooler names are compared without regard to case.
 bool SameName(const WideString& first, const WideString& second);
