@@ -10,9 +10,10 @@ namespace psui::compiler {
 namespace {
 
 constexpr size_t kFirstCapacity = 128;
+constexpr size_t kSlotsPerName = 2; // at least
 constexpr uint64_t kMultiplier = 0x9E3779B97F4A7C15;
-constexpr uint32_t kNeighbours = 15;       ///< names that differ in these bits of their end share a line
-constexpr uint32_t kUsedSlot = 0x80000000; ///< keeps the hash of a used slot from being 0
+constexpr uint32_t kNeighbours = 15;       // names that differ in these bits of their end share a line
+constexpr uint32_t kUsedSlot = 0x80000000; // keeps the hash of a used slot from being 0
 
 uint64_t Mix(uint64_t hash, uint64_t word)
 {
@@ -20,24 +21,40 @@ uint64_t Mix(uint64_t hash, uint64_t word)
     return hash ^ (hash >> 32);
 }
 
+template <typename Word>
+uint64_t Load(const char* at)
+{
+    Word word;
+    std::memcpy(&word, at, sizeof(word));
+    return word;
+}
+
+// The last eight bytes of a name, or all that it has, with the last one on top. Bytes may occur twice.
+uint64_t LoadEnd(std::string_view name)
+{
+    const char* end = name.data() + name.size();
+    if (name.size() >= sizeof(uint64_t))
+        return Load<uint64_t>(end - sizeof(uint64_t));
+    if (name.size() >= sizeof(uint32_t))
+        return Load<uint32_t>(end - sizeof(uint32_t)) << 32 | Load<uint32_t>(name.data());
+    if (name.empty())
+        return 0;
+    return Load<uint8_t>(end - 1) << 56 | Load<uint8_t>(name.data() + name.size() / 2) << 8 |
+           Load<uint8_t>(name.data());
+}
+
 uint32_t HashOf(uint16_t owner, std::string_view name)
 {
+    constexpr unsigned kLastByte = 56;
     uint64_t hash = Mix(owner, name.size());
-    const char* at = name.data();
-    size_t left = name.size();
-    for (; left > sizeof(uint64_t); at += sizeof(uint64_t), left -= sizeof(uint64_t)) {
-        uint64_t word;
-        std::memcpy(&word, at, sizeof(word));
-        hash = Mix(hash, word);
-    }
-    uint64_t word = 0;
-    uint32_t end = 0;
-    if (left > 0) {
-        std::memcpy(&word, at, left);
-        end = static_cast<uint8_t>(at[left - 1]) & kNeighbours;
-        word ^= static_cast<uint64_t>(end) << (8 * (left - 1));
-    }
-    return (static_cast<uint32_t>(Mix(hash, word)) & ~kNeighbours) | end | kUsedSlot;
+    for (size_t at = 0; at + sizeof(uint64_t) < name.size(); at += sizeof(uint64_t))
+        hash = Mix(hash, Load<uint64_t>(name.data() + at));
+    const uint64_t end = LoadEnd(name);
+    const uint64_t neighbour = end & (uint64_t{kNeighbours} << kLastByte);
+    // Only the upper bits of a product depend on all of its factors' bits.
+    hash = Mix(hash, end ^ neighbour) * kMultiplier >> 32;
+    return (static_cast<uint32_t>(hash) & ~kNeighbours) | static_cast<uint32_t>(neighbour >> kLastByte) |
+           kUsedSlot;
 }
 
 } // namespace
@@ -57,7 +74,7 @@ NamedRecord* NameIndex::Find(uint16_t owner, std::string_view name) const
 
 bool NameIndex::Add(NamedRecord* record)
 {
-    if (used_ >= capacity_ / 4 * 3 && !Grow())
+    if (used_ >= capacity_ / kSlotsPerName && !Grow())
         return false;
     Insert(HashOf(record->owner, record->Name()), record);
     ++used_;
