@@ -1,6 +1,7 @@
 #include "psui/model/statement.h"
 
 #include "model_fixture.h"
+#include "psui/model/crc.h"
 #include "psui/model/values.h"
 
 namespace psui::compiler {
@@ -144,6 +145,20 @@ TEST(Number, IsReadAsFarAsItGoes)
         uint32_t value = 0;
         EXPECT_EQ(ReadInteger(c.text, value) ? int64_t{value} : -1, c.integer) << c.text;
         EXPECT_EQ(ReadReal(c.text, value) ? int64_t{value} : -1, c.real) << c.text;
+    }
+}
+
+TEST(Crc, IsTheBitwiseOneForEveryLength)
+{
+    EXPECT_EQ(CrcOf("123456789"), 0x31C3);
+    std::string text;
+    unsigned expected = 0;
+    for (unsigned i = 0; i < 100; ++i) {
+        ASSERT_EQ(CrcOf(text), expected) << i;
+        text += static_cast<char>(i * 89 + 7);
+        expected ^= static_cast<uint8_t>(text.back()) << 8;
+        for (int bit = 0; bit < 8; ++bit)
+            expected = (expected << 1 ^ (expected & 0x8000 ? 0x1021 : 0)) & 0xFFFF;
     }
 }
 
