@@ -1,5 +1,3 @@
-#include <cstddef>
-
 #include "tools/psuictl/command.h"
 #include "tools/psuictl/library.h"
 #include "tools/psuictl/output.h"
@@ -14,21 +12,6 @@ constexpr Parameter kParameters[] = {
     {"RECORD", nullptr, "the job's settings record (- is standard input)", ParameterKind::Text, true},
 };
 
-/// What the library is asked about a job, by its published layout and names.
-struct DevQueryPrintInfo
-{
-    WORD cbSize;
-    WORD Level; ///< kQueryLevel
-    HANDLE hPrinter;
-    PDEVMODEW pDevMode;
-    LPWSTR pszErrorStr;
-    DWORD cchErrorStr; ///< characters at pszErrorStr
-    DWORD cchNeeded;   ///< receives the characters that the message needs with its zero
-};
-static_assert(sizeof(DevQueryPrintInfo) == 40 && offsetof(DevQueryPrintInfo, cchNeeded) == 36);
-
-using DevQueryPrintExFn = BOOL(WINAPI*)(DevQueryPrintInfo* info);
-
 constexpr WORD kQueryLevel = 1;
 constexpr DWORD kUsualMessage = 256; ///< characters
 constexpr DWORD kLongestMessage = 32768;
@@ -40,11 +23,11 @@ struct Verdict
 };
 
 /// Asks again with more room when the message is longer than messages usually are.
-Verdict Ask(DevQueryPrintExFn query, const PrinterHandle& printer, Bytes record)
+Verdict Ask(psui::DevQueryPrintExFn query, const PrinterHandle& printer, Bytes record)
 {
     WideString message(kUsualMessage, 0);
     for (;;) {
-        DevQueryPrintInfo info = {
+        psui::DevQueryPrintInfo info = {
             .cbSize = sizeof info,
             .Level = kQueryLevel,
             .hPrinter = printer.get(),
@@ -65,7 +48,7 @@ ExitCode RunCheck(const Session& session, const Arguments& arguments)
 {
     const PrinterHandle printer = OpenPrinter(Wide(arguments.Text("NAME")));
     const DriverLibrary library(session.language);
-    const Verdict verdict = Ask(library.Entry<DevQueryPrintExFn>("DevQueryPrintEx"), printer,
+    const Verdict verdict = Ask(library.Entry<psui::DevQueryPrintExFn>("DevQueryPrintEx"), printer,
                                 LoadRecordForCall(arguments.Text("RECORD")));
     if (session.json)
         PrintJson(session.out, {{"canPrint", verdict.canPrint}, {"message", verdict.message}});

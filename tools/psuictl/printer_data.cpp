@@ -124,9 +124,11 @@ DataValue ReadValue(HANDLE printer, const WideString& name)
         value.bytes.resize(size);
         error = GetPrinterDataW(printer, SpoolerText(name), &value.type, value.bytes.data(), size, &size);
     }
+    const char advice[] = "'psuictl printer data' with the printer's name alone lists the values";
+    if (error == ERROR_FILE_NOT_FOUND)
+        throw Failure("the printer has no value '" + Utf8(name) + "'; " + advice);
     if (error != ERROR_SUCCESS)
-        ThrowDataError("value '" + Utf8(name) + "' cannot be read", error,
-                       "'psuictl printer data' with the printer's name only lists the values");
+        ThrowDataError("value '" + Utf8(name) + "' cannot be read", error, advice);
     value.bytes.resize(std::min<size_t>(size, value.bytes.size()));
     return value;
 }
