@@ -9,7 +9,8 @@ shift || true
 build=${PSUI_FUZZ_BUILD:-build/fuzz}
 
 cmake --preset fuzz -B "$build" >/dev/null
-cmake --build "$build" --target fuzzers -j "$(nproc)"
+cmake --build "$build" --target fuzzers -j "$(nproc)" >"$build/build.log" 2>&1 || { tail -n 60 "$build/build.log"; exit 1; }
+[ $# -gt 0 ] || scripts/fuzz-coverage.sh "$build"
 
 export LLVM_PROFILE_FILE=/dev/null
 if [ $# -eq 0 ]; then
@@ -28,5 +29,7 @@ for target in "$@"; do
         [ -f "fuzz/dictionaries/$words.dict" ] && options+=(-dict="fuzz/dictionaries/$words.dict") && break
     done
     echo "== $target"
-    "$build/fuzz/$target" "${options[@]}" "$work" "${seeds[@]}"
+    "$build/fuzz/$target" "${options[@]}" "$work" "${seeds[@]}" >"$build/fuzz/$target.log" 2>&1 ||
+        { tail -n 60 "$build/fuzz/$target.log"; exit 1; }
+    grep -E '^Done|stat::number_of_executed_units|stat::average_exec_per_sec' "$build/fuzz/$target.log"
 done
