@@ -19,21 +19,31 @@ LONG AnswerSheet(PropSheetUiInfo*)
     return kSheetFailure;
 }
 
+// A caller's header may be short and may lie anywhere, so its bytes are copied and never read in place.
+
+WORD StatedSize(const BYTE* header)
+{
+    WORD size;
+    std::memcpy(&size, header + offsetof(DocumentPropertyHeader, cbSize), sizeof(size));
+    return size;
+}
+
 /// The fields of the header that its caller has whole; a mode of 0 for one that ends before it.
-DocumentPropertyHeader ReadHeader(const DocumentPropertyHeader* header)
+DocumentPropertyHeader ReadHeader(const BYTE* header)
 {
     DocumentPropertyHeader read = {};
-    const size_t size = std::min<size_t>(header->cbSize, sizeof(read));
+    const size_t size = std::min<size_t>(StatedSize(header), sizeof(read));
     std::memcpy(static_cast<void*>(&read), header, size);
     if (size < sizeof(read))
         read.fMode = 0;
     return read;
 }
 
-void StoreRecordSize(DocumentPropertyHeader* header)
+void StoreRecordSize(BYTE* header)
 {
-    if (header->cbSize >= offsetof(DocumentPropertyHeader, cbOut) + sizeof(header->cbOut))
-        header->cbOut = kRecordSize;
+    constexpr DWORD kSize = kRecordSize;
+    if (StatedSize(header) >= offsetof(DocumentPropertyHeader, cbOut) + sizeof(kSize))
+        std::memcpy(header + offsetof(DocumentPropertyHeader, cbOut), &kSize, sizeof(kSize));
 }
 
 } // namespace
@@ -54,7 +64,7 @@ LONG RunDocumentPropertySheets(PropSheetUiInfo* info, LPARAM param)
 {
     if (info)
         return AnswerSheet(info);
-    auto* header = reinterpret_cast<DocumentPropertyHeader*>(param);
+    auto* header = reinterpret_cast<BYTE*>(param);
     if (!header)
         return kSheetFailure;
     StoreRecordSize(header);
