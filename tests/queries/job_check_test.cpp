@@ -173,7 +173,7 @@ TEST_F(JobCheckTest, RefusesAResolutionThatTheModelLacks)
 
 TEST_F(JobCheckTest, LooksForThePaperInTheTray)
 {
-    const std::u16string twoTrays(u"Cassette\0A4\0x\0\0Manual\0Letter\0\0\0\0", 34);
+    const std::u16string twoTrays(u"Cassette\0A4\0x\0\0Manual\0Letter\0\0\0\0", 32);
     const struct
     {
         const char* name;
