@@ -96,6 +96,29 @@ TEST_F(RecordCommands, ShowWordsBesideCodes)
     EXPECT_NE(text.find("0x00000003 (mirror+reverse)\n"), std::string::npos) << text;
 }
 
+TEST_F(RecordCommands, NamePapersAndMediaInTheChosenLanguage)
+{
+    Output({"record", "set", "own.dm", "dmPaperSize=274", "dmMediaType=261", "-o", "new.dm"});
+    const struct
+    {
+        const char* language;
+        const char* names[3];
+    } rows[] = {
+        {"eng", {"9 (A4)\n", "274 (A4 (Borderless))", "261 (Inkjet Paper)"}},
+        {"jpn", {"9 (A4)\n", "274 (A4 (フチなし))", "261 (インクジェット紙)"}},
+    };
+    for (const auto& row : rows) {
+        const std::string show = Output({"--language", row.language, "record", "show", "new.dm"});
+        const std::string diff = Run({"--language", row.language, "record", "diff", "own.dm", "new.dm"}).out;
+        EXPECT_NE(show.find(row.names[0]), std::string::npos) << show;
+        for (const char* name : {row.names[1], row.names[2]}) {
+            EXPECT_NE(show.find(name), std::string::npos) << name << show;
+            EXPECT_NE(diff.find(name), std::string::npos) << name << diff;
+        }
+    }
+    EXPECT_EQ(JsonOutput({"record", "show", "new.dm"})["dmPaperSize"], 274);
+}
+
 TEST_F(RecordCommands, ShowShortAndForeignRecordsAsFarAsTheyGo)
 {
     const std::string own = ReadText(Path("own.dm"));

@@ -25,6 +25,12 @@ TEST_F(CommandLine, EndsWithTwoAndPrintsNoResultWhenItIsWrong)
         {"record", "set", "a.dm", "dmCopies=2"},
         {"model", "compile"},
         {"model", "lint"},
+        {"record", "default", "P"},
+        {"record", "merge", "P"},
+        {"printer", "data"},
+        {"printer", "data", "P", "V", "1", "--type", "real"},
+        {"check", "P"},
+        {"host"},
     };
     for (const auto& line : lines) {
         const Outcome outcome = Run(line);
@@ -37,9 +43,26 @@ TEST_F(CommandLine, EndsWithTwoAndPrintsNoResultWhenItIsWrong)
 TEST_F(CommandLine, ExplainsEveryCommandWithExamples)
 {
     const std::vector<std::string> commands[] = {
-        {"printer", "add"},   {"printer", "list"}, {"printer", "remove"}, {"caps"},
-        {"convert"},          {"record", "show"},  {"record", "diff"},    {"record", "set"},
-        {"model", "compile"}, {"model", "show"},   {"model", "lint"},
+        {"printer", "add"},
+        {"printer", "list"},
+        {"printer", "remove"},
+        {"caps"},
+        {"convert"},
+        {"record", "show"},
+        {"record", "diff"},
+        {"record", "set"},
+        {"model", "compile"},
+        {"model", "show"},
+        {"model", "lint"},
+        {"record", "default"},
+        {"record", "merge"},
+        {"printer", "data"},
+        {"printer", "default"},
+        {"printer", "forms"},
+        {"check"},
+        {"event", "document"},
+        {"monitor"},
+        {"host", "show"},
     };
     for (std::vector<std::string> command : commands) {
         std::string example = "psuictl";

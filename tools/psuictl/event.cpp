@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdio>
 
 #include "tools/psuictl/command.h"
 #include "tools/psuictl/library.h"
@@ -52,12 +51,11 @@ std::string EventName(int number)
     return std::to_string(number) + (row == std::end(kEvents) ? "" : std::string(" ") + row->name);
 }
 
-/// Name of the variable that marks the printer's device context.
+/// Name of the variable that marks the printer's device context: the handle as the platform's "0x%p" writes
+/// it.
 std::string VariableName(const PrinterHandle& printer)
 {
-    char name[32];
-    std::snprintf(name, sizeof name, "0x%p", printer.get());
-    return name;
+    return Hex(reinterpret_cast<ULONG_PTR>(printer.get()), 2 * sizeof(HANDLE));
 }
 
 std::optional<std::string> Variable(const std::string& name)
