@@ -91,7 +91,9 @@ const MergeCase kCases[] = {
     {"or from the public one",
      {{"bUsePublicScale", 1}, {"dmScale", 50}, {"wScale", 70}},
      {{"dmScale", 50}, {"dmFields", 0x02011B13}}},
-    {"scaling ends the multi-page mode", {{"wScale", 1000}, {"wMultiPageMode", 3}}, {{"wMultiPageMode", 0}}},
+    {"scaling ends the multi-page mode",
+     {{"wScale", 1000}, {"wMultiPageMode", 3}},
+     {{"dmScale", 1000}, {"wMultiPageMode", 0}}},
     {"no scaling keeps it", {{"wMultiPageMode", 3}}, {{"wMultiPageMode", 3}}},
     {"scale above 1000",
      {{"wScale", 1001}, {"wMultiPageMode", 3}},
@@ -165,6 +167,9 @@ const MergeCase kCases[] = {
      {{"wThickness", 3}}},
     {"other paper is not", {{"wThickness", 2}}, {{"wThickness", 0}}},
     {"the paper printed on decides", {{"bFitToPaper", 1}, {"wOutputPaper", 27}}, {{"wThickness", 2}}},
+    {"the tail is refreshed",
+     {{"bFitToPaper", 1}, {"wDocumentPaper", 8}, {"wOutputPaper", 9}, {"dwDatePrint", 0x86}},
+     {{"shTailDocPaper", 8}, {"shTailOutPaper", 9}, {"dwTailDatePrint", 0x86}}},
     {"unless it is not fitted to", {{"bFitToPaper", 2}, {"wOutputPaper", 27}}, {{"wThickness", 0}}},
 
     {"the second tray takes A4", {{"dmDefaultSource", 2}}, {{"dmDefaultSource", 2}}},
@@ -207,6 +212,12 @@ TEST_F(Merge, AllowsEachMediaItsQualityLevels)
                                           {"shQuality", allowed ? -1 : rule.quality},
                                           {"dmPrintQuality", allowed ? -1 : rule.quality}});
         }
+}
+
+TEST_F(Merge, EndsTheUserSizeOfTheTarget)
+{
+    SetAll(target_, {{"dmPaperSize", 256}, {"dmFields", Get(target_, "dmFields") | 0x0C}});
+    ExpectFields(Merged(Default()), {{"dmPaperSize", 9}, {"dmFields", 0x02011B03}});
 }
 
 TEST_F(Merge, ClassifiesMedia)
