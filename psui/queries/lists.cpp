@@ -16,6 +16,12 @@ struct KeywordString
 {
     std::string_view keyword;
     UINT stringId;
+    uint32_t hash; ///< as in ModelOption::nameHash
+
+    constexpr KeywordString(std::string_view word, UINT id)
+        : keyword(word), stringId(id), hash(NameHash(word))
+    {
+    }
 };
 
 constexpr KeywordString kPaperNames[] = {
@@ -81,23 +87,30 @@ constexpr KeywordString kMediaNames[] = {
 constexpr uint32_t kMediaOutsideJapan = 6;
 constexpr int kMediaNameMost = 32; // units, although an entry has room for more
 
+constexpr UINT kNoString = 0;
 constexpr WORD kPaperIdWithoutValue = DMPAPER_LETTER;
 constexpr WORD kBinIdWithoutValue = DMBIN_LOWER;
 constexpr int kMicronsPerTenth = 100;
 
-UINT StringIdFor(std::span<const KeywordString> table, std::string_view keyword, UINT otherwise)
+UINT StringIdFor(std::span<const KeywordString> table, std::string_view keyword, uint32_t hash,
+                 UINT otherwise)
 {
     for (const KeywordString& row : table)
-        if (row.keyword == keyword)
+        if (row.hash == hash && row.keyword == keyword)
             return row.stringId;
     return otherwise;
+}
+
+UINT StringIdOf(const ModelOption* option, std::span<const KeywordString> table, UINT otherwise)
+{
+    return StringIdFor(table, option->name.get(), option->nameHash, otherwise);
 }
 
 template <size_t N>
 void LoadName(UINT stringId, int most, WCHAR (&name)[N])
 {
     std::fill_n(name, N, WCHAR{0});
-    if (stringId != 0)
+    if (stringId != kNoString)
         LoadLanguageString(stringId, name, most);
 }
 
@@ -127,7 +140,7 @@ uint32_t MediaTypeCount(const ModelFeature* feature)
 
 UINT PaperNameStringId(std::string_view keyword)
 {
-    return StringIdFor(kPaperNames, keyword, 0);
+    return StringIdFor(kPaperNames, keyword, NameHash(keyword), kNoString);
 }
 
 uint32_t ListPapers(const ModelDescription* model, const FORM_INFO_1W*, DWORD, PaperName* names, WORD* ids,
@@ -139,7 +152,7 @@ uint32_t ListPapers(const ModelDescription* model, const FORM_INFO_1W*, DWORD, P
          paper = paper->next.get(), ++count) {
         const WORD id = static_cast<WORD>(ValueOf(paper, kPaperIdWithoutValue));
         if (names)
-            LoadName(PaperNameStringId(paper->name.get()), kPaperNameUnits, names[count]);
+            LoadName(StringIdOf(paper, kPaperNames, kNoString), kPaperNameUnits, names[count]);
         if (ids)
             ids[count] = id;
         if (sizes && id == DMPAPER_USER)
@@ -158,7 +171,7 @@ uint32_t ListBins(BinName* names, const ModelDescription* model)
     for (const ModelOption* bin = FirstOption(BuiltinFeature(model, kFeatureTray)); bin;
          bin = bin->next.get(), ++count)
         if (names)
-            LoadName(StringIdFor(kBinNames, bin->name.get(), IDS_BIN_AUTO), kBinNameUnits, names[count]);
+            LoadName(StringIdOf(bin, kBinNames, IDS_BIN_AUTO), kBinNameUnits, names[count]);
     return count;
 }
 
@@ -201,7 +214,7 @@ uint32_t ListMediaTypeNames(MediaName* names, const ModelDescription* model)
         IsJapaneseLanguage() ? std::span(kMediaNames) : std::span(kMediaNames).first(kMediaOutsideJapan);
     const ModelOption* media = FirstOption(feature);
     for (uint32_t i = 0; i < count; ++i, media = media->next.get())
-        LoadName(StringIdFor(table, media->name.get(), IDS_MEDIA_PLAIN_PAPER), kMediaNameMost, names[i]);
+        LoadName(StringIdOf(media, table, IDS_MEDIA_PLAIN_PAPER), kMediaNameMost, names[i]);
     return count;
 }
 

@@ -40,7 +40,7 @@ uint16_t RegionOfLanguage()
     return EqualNoCase(region, TEXT("JPN")) ? 1 : 2;
 }
 
-uint32_t StringSetMask()
+uint32_t FindStringSets()
 {
     uint32_t mask = 0;
     for (uint32_t set = 0; set < kMostStringSets; ++set) {
@@ -48,6 +48,12 @@ uint32_t StringSetMask()
         if (LoadStringW(hOwnModule, IDS_STRING_SET + set * kStringSetStep, text, std::size(text)) > 0)
             mask |= 1u << set;
     }
+    return mask;
+}
+
+uint32_t StringSetMask()
+{
+    static const uint32_t mask = FindStringSets(); // the library's own strings do not change
     return mask;
 }
 
