@@ -45,7 +45,7 @@ protected:
 TEST_F(ConvertDevMode, BuildsTheDriverDefault)
 {
     ExpectFields(default_,
-                 {{"dmFields", 0x02011A03}, {"dmPaperSize", 1}, {"wCaptValue", 13}, {"wTailOffset", 820}});
+                 {{"dmFields", 0x02011A03}, {"dmPaperSize", 1}, {"wCaptValue", 13}, {"dwStringMask", 1}});
     EXPECT_EQ(Text(default_.dmPublic.dmDeviceName, 32), u"Alpha");
     SetCountry(u"49");
     LONG size = 5000;
