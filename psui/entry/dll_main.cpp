@@ -1,11 +1,10 @@
-#include <algorithm>
 #include <iterator>
 
 #include <windows.h>
 
 #include "psui/base/module.h"
+#include "psui/base/paths.h"
 #include "psui/model/cache.h"
-#include "psui/settings/text.h"
 
 namespace psui {
 
@@ -20,14 +19,13 @@ constexpr uintptr_t kFirstModuleHandle = 32;
 /// window classes point into it, so it must outlive every FreeLibrary of its host.
 void PinAndLoadLanguage()
 {
-    WCHAR path[MAX_PATH + std::size(kLanguageModule)];
-    const DWORD length = GetModuleFileNameW(hOwnModule, path, MAX_PATH);
-    if (length == 0 || length >= MAX_PATH)
+    PathText path;
+    const DWORD length = GetModuleFileNameW(hOwnModule, path, std::size(path));
+    if (length == 0 || length >= std::size(path))
         return;
     LoadLibraryW(path);
-    WCHAR* name = path + (FileNamePart(path) - path);
-    std::copy(std::begin(kLanguageModule), std::end(kLanguageModule), name);
-    hLangModule = LoadLibraryW(path);
+    if (PathBesideLibrary(kLanguageModule, path))
+        hLangModule = LoadLibraryW(path);
 }
 
 void Attach(HMODULE module)

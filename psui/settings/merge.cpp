@@ -340,13 +340,31 @@ void SettleDeviceOptions(const Merge& merge)
     merge.toPrivate.dwDeviceOptions = refused ? 0 : merge.fromPrivate.dwDeviceOptions;
 }
 
+// clang-format off
 /// The order matters: later steps read what earlier ones settled.
 constexpr void (*kMergeSteps[])(const Merge&) = {
-    MergeSource,           MergeOrientation, MergeUserSize,         MergePaper,      MergeFormName,
-    SetPagesPerSheetOwner, MergeScale,       MergeCopies,           MergeQuality,    MergeColor,
-    MergeDuplex,           MergeCollate,     MergePrivate,          MergeMedia,      SettleQuality,
-    SettleDeviceOptions,   SettleDirection,  SettleLargeBorderless, SettleThickness, SettleTray,
+    MergeSource,
+    MergeOrientation,
+    MergeUserSize,
+    MergePaper,
+    MergeFormName,
+    SetPagesPerSheetOwner,
+    MergeScale,
+    MergeCopies,
+    MergeQuality,
+    MergeColor,
+    MergeDuplex,
+    MergeCollate,
+    MergePrivate,
+    MergeMedia,
+    SettleQuality,
+    SettleDeviceOptions,
+    SettleDirection,
+    SettleLargeBorderless,
+    SettleThickness,
+    SettleTray,
 };
+// clang-format on
 
 } // namespace
 
