@@ -85,6 +85,9 @@ const MergeCase kCases[] = {
     {"a bordered paper does", {{"bBorderless", 0}, {"dwDatePrint", 0x86}}, {{"dwDatePrint", 0x86}}},
     {"media 264 needs borders", {{"dmMediaType", 264}, {"dmPaperSize", 274}}, {{"dmPaperSize", 9}}},
     {"media 265 needs borders", {{"dmMediaType", 265}, {"dmPaperSize", 294}}, {{"dmPaperSize", 293}}},
+    {"even when that is not taken over",
+     {{"dmFields", DM_PAPERSIZE}, {"dmMediaType", 264}, {"dmPaperSize", 274}},
+     {{"dmPaperSize", 9}, {"dmMediaType", 266}}},
     {"media 263 does not", {{"dmMediaType", 263}, {"dmPaperSize", 274}}, {{"dmPaperSize", 274}}},
 
     {"scale comes from the private part", {{"dmScale", 50}, {"wScale", 70}}, {{"dmScale", 70}}},
