@@ -4,8 +4,8 @@
  *
  * Every language has every id, except those on lines that end in "optional": the library knows a language
  * that lacks one of them and acts on its absence. A line that ends in "places" names what the text is filled
- * with, in order. tests/lang and tools/langcheck compare each language with this list, so an id stands on a line
- * of its own, as a plain number.
+ * with, in order. tests/lang and tools/langcheck compare each language with this list, so an id stands on a
+ * line of its own, as a plain number.
  */
 
 /* Language: region of the settings record, code ("ENG", "JPN", ...), face of the date font */
@@ -271,8 +271,8 @@
 #define IDS_BORDER_SOLID  8008
 #define IDS_BORDER_DASHED 8009
 
-/* Labels of the settings summary and of the lines beside the page picture; no colon, no line break; at most 63
-   units */
+/* Labels of the settings summary and of the lines beside the page picture; no colon, no line break; at most
+   63 units */
 #define IDS_LABEL_MEDIA           8129
 #define IDS_LABEL_QUALITY         8130
 #define IDS_LABEL_PAPER           8131
@@ -386,12 +386,12 @@
 #define IDS_TIME_12_SECONDS    8050
 #define IDS_TIME_NONE          8051
 
-/* Formats of the printed date and time that a language brings itself, instead of those above. The first line is
-   the example that is shown; a second one may follow for the printing side. Seven dates and thirty-one times at
-   most, without gaps */
-#define IDS_OWN_DATE1 3990 /* optional */
-#define IDS_OWN_DATE2 3991 /* optional */
-#define IDS_OWN_DATE3 3992 /* optional */
+/* Formats of the printed date and time that a language brings itself, instead of those above. The first line
+   is the example that is shown; a second one may follow for the printing side. Seven dates and thirty-one
+   times at most, without gaps */
+#define IDS_OWN_DATE1 3990  /* optional */
+#define IDS_OWN_DATE2 3991  /* optional */
+#define IDS_OWN_DATE3 3992  /* optional */
 #define IDS_OWN_TIME1 13951 /* optional */
 #define IDS_OWN_TIME2 13952 /* optional */
 #define IDS_OWN_TIME3 13953 /* optional */
@@ -465,8 +465,8 @@
 #define IDS_SCALED_TO                22214
 #define IDS_OFFSET_OUT_OF_RANGE      8277
 
-/* Favorites: the entry without one, and the names of the twelve presets; at most 49 bytes in the language's code
-   page */
+/* Favorites: the entry without one, and the names of the twelve presets; at most 49 bytes in the language's
+   code page */
 #define IDS_FAVOURITE_NONE                  8288
 #define IDS_FAVOURITE_STANDARD              8289
 #define IDS_FAVOURITE_INKJET                8290
@@ -537,6 +537,7 @@
 #define IDS_UPDATE_LINK3  8127
 #define IDS_WHATS_THIS    20013
 
-/* Not shown to users: language of the web sites, language of the spooler as a decimal number of at most 15 units */
+/* Not shown to users: language of the web sites, language of the spooler as a decimal number of at most 15
+ * units */
 #define IDS_SITE_LANGUAGE    8118
 #define IDS_SPOOLER_LANGUAGE 8119

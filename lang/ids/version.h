@@ -1,0 +1,8 @@
+#pragma once
+/* Controls of IDD_VERSION. */
+
+#define IDC_VERSION_PICTURE   17
+#define IDC_VERSION_DRIVER    111
+#define IDC_VERSION_SYSTEM    112
+#define IDC_VERSION_COPYRIGHT 113
+#define IDC_VERSION_RIGHTS    114
