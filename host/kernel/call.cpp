@@ -92,8 +92,8 @@ void CallScope::Enter(const CallSite& site)
     Recording* recording = threadCalls.recording.get();
     if (!outermost_ || recording == nullptr)
         return;
-    ++recording->counts[&site];
     start_ = Now();
+    ++recording->counts[&site];
 }
 
 void CallScope::Leave()

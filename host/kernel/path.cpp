@@ -254,6 +254,12 @@ DWORD MatchCase(NativeName& native)
     std::string_view rest(native.text + native.fixedSize, native.size - native.fixedSize);
     if (rest == "/") // drive Z: itself
         return ERROR_SUCCESS;
+    // Most names that are missing, or spelled otherwise, are so in their last component only.
+    const size_t last = rest.rfind('/');
+    if (last != 0 && last != rest.npos && Exists(path + std::string(rest.substr(0, last)))) {
+        path += rest.substr(0, last);
+        rest.remove_prefix(last);
+    }
     DWORD result = ERROR_SUCCESS;
     while (!rest.empty() && result == ERROR_SUCCESS) {
         rest.remove_prefix(1);

@@ -74,17 +74,18 @@ ModelDescription* LoadImage(const WCHAR* path, const WCHAR* imagePath, uint32_t 
 
 // Writes the image so that a file which was not written to its end is never taken for one: its size word is
 // zero until everything else is in place. Failures are ignored; the next load compiles again.
-void WriteImage(const WCHAR* imagePath, const ModelDescription& image)
+void WriteImage(const WCHAR* imagePath, ModelDescription& image)
 {
     const FileHandle file(
         CreateFileW(imagePath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    constexpr uint32_t kUnfinished = 0;
-    const auto* bytes = reinterpret_cast<const uint8_t*>(&image);
-    if (!file || !WriteExactly(file, &kUnfinished, sizeof(kUnfinished)) ||
-        !WriteExactly(file, bytes + sizeof(kUnfinished), image.imageSize - sizeof(kUnfinished)))
+    if (!file)
         return;
-    if (SetFilePointer(file.get(), 0, nullptr, FILE_BEGIN) == 0)
-        WriteExactly(file, bytes, sizeof(image.imageSize));
+    constexpr uint32_t kUnfinished = 0;
+    const uint32_t size = std::exchange(image.imageSize, kUnfinished);
+    const bool written = WriteExactly(file, &image, size);
+    image.imageSize = size;
+    if (written && SetFilePointer(file.get(), 0, nullptr, FILE_BEGIN) == 0)
+        WriteExactly(file, &image, sizeof(size));
 }
 
 DescriptionText ReadDescription(const WCHAR* path)
