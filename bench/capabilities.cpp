@@ -1,4 +1,4 @@
-// The library's own work in a capability query with a cached model; the platform's share is counted apart.
+// The library's own work in calls with a cached model; the platform's share is counted apart.
 #include <cstdio>
 #include <map>
 
@@ -13,6 +13,7 @@ namespace bench {
 namespace {
 
 constexpr WORD kLastIndex = 36;
+constexpr size_t kRecordSpace = 4096; // more than a settings record takes
 
 std::u16string ProductFile(const char* name)
 {
@@ -64,50 +65,95 @@ double ProfileCost()
            kCalls;
 }
 
-void Measure(HANDLE printer, psui::DrvDeviceCapabilitiesFn capabilities)
+struct CallFigure
 {
-    std::vector<BYTE> output(1 << 20);
-    std::u16string device = TEXT("Bench");
-    double worst = 0;
-    WORD worstIndex = 0;
-    std::map<std::string, uint64_t> calls;
+    double own = 0;                        ///< median, microseconds
+    std::map<std::string, uint64_t> calls; ///< platform calls of one round, by name
+};
+
+template <typename Call>
+CallFigure Measure(double profileCost, const Call& call)
+{
     constexpr int kRounds = 200;
-    const double profileCost = ProfileCost();
-    for (WORD index = 1; index <= kLastIndex; ++index) {
-        std::vector<double> own;
-        for (int round = 0; round < kRounds; ++round) {
-            host::StartProfile();
-            const auto start = std::chrono::steady_clock::now();
-            capabilities(printer, device.data(), index, output.data(), nullptr);
-            const auto end = std::chrono::steady_clock::now();
-            const host::Profile profile = host::StopProfile();
-            own.push_back(std::chrono::duration<double, std::micro>(end - start).count() -
-                          static_cast<double>(profile.nanoseconds) / 1000 -
-                          static_cast<double>(CallsOf(profile)) * profileCost);
-            if (round == 0)
-                for (const host::CallCount& call : profile.calls)
-                    calls[call.name] = std::max(calls[call.name], call.count);
-        }
-        std::nth_element(own.begin(), own.begin() + kRounds / 2, own.end());
-        if (own[kRounds / 2] > worst) {
-            worst = own[kRounds / 2];
-            worstIndex = index;
-        }
+    CallFigure figure;
+    std::vector<double> own;
+    for (int round = 0; round < kRounds; ++round) {
+        host::StartProfile();
+        const auto start = std::chrono::steady_clock::now();
+        call();
+        const auto end = std::chrono::steady_clock::now();
+        const host::Profile profile = host::StopProfile();
+        own.push_back(std::chrono::duration<double, std::micro>(end - start).count() -
+                      static_cast<double>(profile.nanoseconds) / 1000 -
+                      static_cast<double>(CallsOf(profile)) * profileCost);
+        if (round == 0)
+            for (const host::CallCount& counted : profile.calls)
+                figure.calls[counted.name] = counted.count;
     }
-    PrintFigure("own work of the slowest index (" + std::to_string(worstIndex) + ")", worst, "us", 5, false);
-    std::printf("  (%.0f ns for each platform call are the profile's own and left out)\n",
-                profileCost * 1000);
-    std::printf("  platform calls, most that any index makes:");
+    std::nth_element(own.begin(), own.begin() + kRounds / 2, own.end());
+    figure.own = own[kRounds / 2];
+    return figure;
+}
+
+void PrintCalls(const std::map<std::string, uint64_t>& calls)
+{
     for (const auto& [name, count] : calls)
         std::printf(" %s %llu", name.c_str(), static_cast<unsigned long long>(count));
     std::printf("\n");
+}
+
+void MeasureCapabilities(HMODULE library, HANDLE printer, double profileCost)
+{
+    const auto capabilities = reinterpret_cast<psui::DrvDeviceCapabilitiesFn>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DrvDeviceCapabilities")));
+    std::u16string device = TEXT("Bench");
+    std::vector<BYTE> output(1 << 20);
+    CallFigure worst;
+    WORD worstIndex = 0;
+    std::map<std::string, uint64_t> most;
+    for (WORD index = 1; index <= kLastIndex; ++index) {
+        CallFigure figure = Measure(
+            profileCost, [&] { capabilities(printer, device.data(), index, output.data(), nullptr); });
+        for (const auto& [name, count] : figure.calls)
+            most[name] = std::max(most[name], count);
+        if (figure.own > worst.own) {
+            worst = std::move(figure);
+            worstIndex = index;
+        }
+    }
+    PrintFigure("own work of the slowest index (" + std::to_string(worstIndex) + ")", worst.own, "us", 5,
+                false);
+    std::printf("  platform calls, most that any index makes:");
+    PrintCalls(most);
+}
+
+// What an application gets back for the record that it hands in.
+void MeasureMerge(HMODULE library, HANDLE printer, double profileCost)
+{
+    const auto documentProperties = reinterpret_cast<psui::DrvDocumentPropertiesFn>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DrvDocumentProperties")));
+    std::u16string device = TEXT("Bench");
+    std::vector<BYTE> in(kRecordSpace), out(kRecordSpace);
+    const auto merge = [&](std::vector<BYTE>& to, std::vector<BYTE>* from) {
+        return documentProperties(nullptr, printer, device.data(), reinterpret_cast<DEVMODEW*>(to.data()),
+                                  from ? reinterpret_cast<DEVMODEW*>(from->data()) : nullptr,
+                                  from ? DM_OUT_BUFFER | DM_IN_BUFFER : DM_OUT_BUFFER);
+    };
+    if (merge(in, nullptr) < 0) {
+        std::printf("  no record to merge\n");
+        return;
+    }
+    const CallFigure figure = Measure(profileCost, [&] { merge(out, &in); });
+    PrintFigure("own work of merging a record", figure.own, "us", 10, false);
+    std::printf("  platform calls:");
+    PrintCalls(figure.calls);
 }
 
 } // namespace
 
 void BenchCapabilities(const Settings& settings)
 {
-    std::printf("Capabilities: one call with a cached model, through the loaded library\n");
+    std::printf("Calls: one each with a cached model, through the loaded library\n");
     std::string model;
     for (const auto& entry :
          std::filesystem::directory_iterator(std::filesystem::path(PSUI_SOURCE_DIR) / "models"))
@@ -118,15 +164,17 @@ void BenchCapabilities(const Settings& settings)
     std::filesystem::copy_file(model, copy, std::filesystem::copy_options::overwrite_existing);
 
     const HMODULE library = LoadLibraryW(ProductFile("psui.dll").c_str());
-    const auto capabilities = reinterpret_cast<psui::DrvDeviceCapabilitiesFn>(
-        reinterpret_cast<void*>(GetProcAddress(library, "DrvDeviceCapabilities")));
     HANDLE printer = nullptr;
     std::u16string name = TEXT("Bench");
-    if (!capabilities || !AddPrinter(copy) || !OpenPrinterW(name.data(), &printer, nullptr)) {
+    if (library == nullptr || !AddPrinter(copy) || !OpenPrinterW(name.data(), &printer, nullptr)) {
         std::printf("  the printer cannot be set up (error %u)\n", GetLastError());
         return;
     }
-    Measure(printer, capabilities);
+    const double profileCost = ProfileCost();
+    std::printf("  (%.0f ns for each platform call are the profile's own and left out)\n",
+                profileCost * 1000);
+    MeasureCapabilities(library, printer, profileCost);
+    MeasureMerge(library, printer, profileCost);
     ClosePrinter(printer);
     FreeLibrary(library);
 }
