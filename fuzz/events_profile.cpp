@@ -23,15 +23,6 @@ const psui::ModelDescription* model;
 std::string sharedFiles[2]; ///< of the new and of the old layout
 std::string modelFile;
 
-std::string_view TakeText(const uint8_t*& data, size_t& left, size_t count)
-{
-    const size_t taken = std::min(count, left);
-    const std::string_view text(reinterpret_cast<const char*>(data), taken);
-    data += taken;
-    left -= taken;
-    return text;
-}
-
 /// Lines of the file, 8-bit or UTF-16, that begin a section.
 size_t CountSections(const std::string& path)
 {
@@ -80,19 +71,13 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t length)
 {
-    uint8_t flags = 0;
-    uint16_t modelBytes = 0;
-    if (length < sizeof(flags) + sizeof(modelBytes))
-        return 0;
-    fuzz::Input head(data, length);
-    flags = head.Take<uint8_t>();
-    modelBytes = head.Take<uint16_t>();
-    data += sizeof(flags) + sizeof(modelBytes);
-    length -= sizeof(flags) + sizeof(modelBytes);
+    fuzz::Input input(data, length);
+    const uint8_t flags = input.Take<uint8_t>();
+    const uint16_t modelBytes = input.Take<uint16_t>();
     const bool old = (flags & kOldLayout) != 0;
     ChooseLayout(old);
-    test::WriteNative(modelFile, TakeText(data, length, modelBytes));
-    test::WriteNative(sharedFiles[old], TakeText(data, length, length));
+    test::WriteNative(modelFile, input.TakeBytes(modelBytes));
+    test::WriteNative(sharedFiles[old], input.TakeRest());
     const size_t sections = CountSections(sharedFiles[old]);
 
     std::u16string name = u"P1", processor = (flags & kHubProcessor) ? u"VMHUB PRINT" : u"raw";

@@ -4,16 +4,17 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 
+#include "fuzz/seeds.h"
 #include "psui/model/image.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using fuzz::WriteSeed;
 
 std::string ImageOf(const fs::path& text)
 {
@@ -47,11 +48,6 @@ constexpr Damage kDamages[] = {
     {"far_away", offsetof(psui::ModelDescription, features), ~uint64_t{0}},
 };
 
-void WriteSeed(const fs::path& path, const std::string& bytes)
-{
-    std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
 bool WriteImageOf(const fs::path& text, const fs::path& folder)
 {
     const std::string image = ImageOf(text);
@@ -76,7 +72,6 @@ int main(int argc, char** argv)
     }
     const fs::path source = PSUI_SOURCE_DIR;
     const fs::path folder = fs::path(argv[1]) / "model_image";
-    fs::create_directories(folder);
     size_t written = 0;
     for (const fs::path& texts : {source / "fuzz/corpus/model_compile", source / "models"})
         for (const fs::directory_entry& entry : fs::directory_iterator(texts))

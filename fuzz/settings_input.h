@@ -56,6 +56,17 @@ public:
         left_ -= taken;
     }
 
+    /// At most `count` bytes; they lie in the fuzzer's block.
+    std::string_view TakeBytes(size_t count)
+    {
+        const std::string_view bytes(reinterpret_cast<const char*>(data_), std::min(count, left_));
+        data_ += bytes.size();
+        left_ -= bytes.size();
+        return bytes;
+    }
+
+    std::string_view TakeRest() { return TakeBytes(left_); }
+
 private:
     const uint8_t* data_;
     size_t left_;

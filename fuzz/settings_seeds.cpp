@@ -1,15 +1,16 @@
 // settings_seeds DIR: writes the seeds of settings_convert and settings_merge below DIR. Each row is one rule
 // of the merge or one shape of a conversion.
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
+#include "fuzz/seeds.h"
 #include "psui/settings/copy.h"
 #include "tests/settings/record_fields.h"
 
 namespace {
 
+using fuzz::BytesOf;
+using fuzz::WriteSeed;
 using psui::DriverDevMode;
 using psui::RecordShape;
 
@@ -116,18 +117,6 @@ DriverDevMode OrdinaryRecord()
     return record;
 }
 
-void WriteSeed(const std::filesystem::path& path, const std::string& bytes)
-{
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-template <typename Value>
-std::string BytesOfValue(const Value& value)
-{
-    return std::string(reinterpret_cast<const char*>(&value), sizeof(value));
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -140,15 +129,15 @@ int main(int argc, char** argv)
     for (const MergeSeed& seed : kMergeSeeds) {
         DriverDevMode record = OrdinaryRecord();
         test::SetAll(record, seed.fields);
-        const std::string bytes = BytesOfValue(record);
-        WriteSeed(folder / "settings_merge" / seed.name, BytesOfValue(seed.flags) + bytes + bytes);
+        const std::string bytes = BytesOf(record);
+        WriteSeed(folder / "settings_merge" / seed.name, BytesOf(seed.flags) + bytes + bytes);
     }
     for (const ConvertSeed& seed : kConvertSeeds) {
         DriverDevMode record = OrdinaryRecord();
         psui::SetShape(&record, seed.input);
-        WriteSeed(folder / "settings_convert" / seed.name,
-                  BytesOfValue(seed.mode) + BytesOfValue(seed.flags) + BytesOfValue(seed.size) +
-                      BytesOfValue(seed.output) + BytesOfValue(record));
+        WriteSeed(folder / "settings_convert" / seed.name, BytesOf(seed.mode) + BytesOf(seed.flags) +
+                                                               BytesOf(seed.size) + BytesOf(seed.output) +
+                                                               BytesOf(record));
     }
     return 0;
 }

@@ -14,7 +14,7 @@ cmake --build "$build" --target fuzzers -j "$(nproc)" >"$build/build.log" 2>&1 |
 
 export LLVM_PROFILE_FILE=/dev/null
 if [ $# -eq 0 ]; then
-    mapfile -t targets < <(sed -n 's/^psui_fuzzer(\([a-z_]*\).*/\1/p' fuzz/CMakeLists.txt)
+    mapfile -t targets <"$build/fuzz/targets.txt"
     set -- "${targets[@]}"
 fi
 for target in "$@"; do
