@@ -134,11 +134,12 @@ static_assert(sizeof(LOGFONTW) == 92);
 #define DMPAPER_JENV_YOU4             91
 #define DMPAPER_USER                  256
 
-#define DMBIN_UPPER  1
-#define DMBIN_LOWER  2
-#define DMBIN_MANUAL 4
-#define DMBIN_AUTO   7
-#define DMBIN_USER   256
+#define DMBIN_UPPER     1
+#define DMBIN_LOWER     2
+#define DMBIN_MANUAL    4
+#define DMBIN_ENVMANUAL 6
+#define DMBIN_AUTO      7
+#define DMBIN_USER      256
 
 #define DMRES_DRAFT  (-1)
 #define DMRES_LOW    (-2)

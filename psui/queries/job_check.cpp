@@ -23,8 +23,6 @@ namespace {
 constexpr int kMostTrayUnits = 64;       // with the terminator
 constexpr int kMostTrayFormatUnits = 64; // of the message's format, with the terminator
 
-constexpr short kEnvelopeManualFeed = 6; // of dmDefaultSource
-
 using TrayName = WCHAR[kMostTrayUnits];
 
 /// What a check looks at; `record` is the job merged into the defaults.
@@ -86,7 +84,7 @@ bool IsAssigned(const TrayFormTable& table, const WCHAR* form, const WCHAR* tray
 bool IsFedByHand(const DEVMODEW& record)
 {
     return (record.dmFields & DM_DEFAULTSOURCE) != 0 &&
-           (record.dmDefaultSource == DMBIN_MANUAL || record.dmDefaultSource == kEnvelopeManualFeed);
+           (record.dmDefaultSource == DMBIN_MANUAL || record.dmDefaultSource == DMBIN_ENVMANUAL);
 }
 
 bool CheckTray(const Job& job, const PaperForm& form)

@@ -15,6 +15,9 @@ constexpr UINT kWesternCodePage = 1252;
 constexpr uint64_t kBytesPerFreeMemUnit = 1024;
 constexpr uint64_t kLeastFreeMem = 102400; // bytes
 
+// No table or record comes near it. A size is only somebody's number until the data are seen.
+constexpr DWORD kMostBlockBytes = 1 << 20;
+
 struct PairNames
 {
     const WCHAR* size;
@@ -41,15 +44,6 @@ bool WriteValue(HANDLE printer, const WCHAR* name, DWORD type, const void* bytes
 {
     auto* data = static_cast<BYTE*>(const_cast<void*>(bytes));
     return SetPrinterDataW(printer, const_cast<WCHAR*>(name), type, data, size) == ERROR_SUCCESS;
-}
-
-/// Whether the value is there in that size, so that a stated size costs no memory before it is true.
-bool HasSize(HANDLE printer, const WCHAR* name, DWORD size)
-{
-    DWORD needed = 0;
-    return GetPrinterDataW(printer, const_cast<WCHAR*>(name), nullptr, nullptr, 0, &needed) ==
-               ERROR_MORE_DATA &&
-           needed == size;
 }
 
 /// Makes the selections of the installable features for that model.
@@ -113,8 +107,7 @@ HeapPtr<BYTE> ReadPrinterDataBlock(HANDLE printer, DWORD* size, PrinterDataPair 
         *size = 0;
     const PairNames names = NamesOf(pair);
     DWORD stated = 0;
-    if (!ReadPrinterNumber(printer, names.size, stated) || stated == 0 ||
-        !HasSize(printer, names.data, stated))
+    if (!ReadPrinterNumber(printer, names.size, stated) || stated == 0 || stated > kMostBlockBytes)
         return nullptr;
     HeapPtr<BYTE> bytes = AllocateZeroed<BYTE>(stated);
     if (!bytes || !ReadValue(printer, names.data, REG_BINARY, bytes.get(), stated))

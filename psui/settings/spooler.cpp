@@ -1,5 +1,7 @@
 #include "psui/settings/spooler.h"
 
+#include <algorithm>
+
 #include "psui/settings/copy.h"
 
 namespace psui {
@@ -8,6 +10,10 @@ namespace {
 
 // What is asked for may grow between the question for its size and its fetching.
 constexpr int kFetchAttempts = 4;
+
+// Far above any true answer: a settings record has at most 128 KiB, and thousands of forms fit. A spooler
+// that asks for more is wrong, and must not make its client allocate gigabytes.
+constexpr DWORD kMostInfoBytes = 16 << 20;
 
 /// Runs the spooler's size-then-data protocol: `fetch(buffer, size, &needed)` first without a buffer, which
 /// must fail for want of room, then with one of the size it asked for.
@@ -19,7 +25,7 @@ SpoolerBlock<Info> FetchBlock(Fetch fetch)
     if (fetch(nullptr, 0, &needed))
         return {};
     for (int attempt = 0; attempt < kFetchAttempts; ++attempt) {
-        if (GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed < sizeof(Info))
+        if (GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed < sizeof(Info) || needed > kMostInfoBytes)
             return {};
         block.size = needed;
         block.bytes = AllocateZeroed<BYTE>(needed);
@@ -57,9 +63,11 @@ template SpoolerBlock<DRIVER_INFO_3W> GetDriverInfo(HANDLE, DWORD);
 SpoolerBlock<FORM_INFO_1W> EnumPrinterForms(HANDLE printer, DWORD& count)
 {
     count = 0;
-    return FetchBlock<FORM_INFO_1W>([&](BYTE* buffer, DWORD size, DWORD* needed) {
+    auto forms = FetchBlock<FORM_INFO_1W>([&](BYTE* buffer, DWORD size, DWORD* needed) {
         return EnumFormsW(printer, 1, buffer, size, needed, &count);
     });
+    count = std::min(count, forms.size / static_cast<DWORD>(sizeof(FORM_INFO_1W)));
+    return forms;
 }
 
 const DEVMODEW* StoredDevMode(const SpoolerBlock<PRINTER_INFO_2W>& info)

@@ -205,6 +205,21 @@ TEST_F(PrinterDataTest, IsSoundOrNoneWhateverFails)
             });
 }
 
+TEST_F(PrinterDataTest, AllocatesNoSizeThatNoPrinterHas)
+{
+    Store(handle, u"PrinterDataSize", 0x40000000);
+    DWORD forms = 1;
+    host::MisreadCalls(0, true, host::Misread::Huge);
+    host::StartProfile();
+    EXPECT_FALSE(psui::GetPrinterInfo(handle));
+    EXPECT_FALSE(psui::GetDriverInfo(handle));
+    EXPECT_FALSE(psui::EnumPrinterForms(handle, forms));
+    EXPECT_EQ(forms, 0u);
+    host::StopFailing();
+    EXPECT_TRUE(Read());
+    EXPECT_LT(host::StopProfile().peakBytes, 4096u);
+}
+
 // Two entries in the older format.
 const std::u16string kOld(u"Upper\0A4\0A4 sheet\0Lower\0Letter\0\0\0", 33);
 
