@@ -1,0 +1,89 @@
+#include "host/window/controls/control.h"
+
+namespace host {
+namespace {
+
+HGDIOBJ FontOrSystem(HFONT font)
+{
+    return font != nullptr ? static_cast<HGDIOBJ>(font) : GetStockObject(SYSTEM_FONT);
+}
+
+} // namespace
+
+void NotifyParent(HWND control, WORD code)
+{
+    SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+                 reinterpret_cast<LPARAM>(control));
+}
+
+HBRUSH AskParentForColours(HWND control, HDC dc, UINT message)
+{
+    const HWND parent = GetParent(control);
+    const auto wParam = reinterpret_cast<WPARAM>(dc);
+    const auto lParam = reinterpret_cast<LPARAM>(control);
+    LRESULT brush = SendMessageW(parent, message, wParam, lParam);
+    if (brush == 0)
+        brush = DefWindowProcW(parent, message, wParam, lParam);
+    return brush != 0 ? reinterpret_cast<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE);
+}
+
+DWORD StyleOf(HWND window)
+{
+    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+}
+
+RECT ClientRectOf(HWND window)
+{
+    RECT rect = {};
+    GetClientRect(window, &rect);
+    return rect;
+}
+
+POINT PointOf(LPARAM lParam)
+{
+    return {static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
+}
+
+std::basic_string<WCHAR> TextOf(HWND window)
+{
+    std::basic_string<WCHAR> text(static_cast<size_t>(GetWindowTextLengthW(window)), 0);
+    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1)));
+    return text;
+}
+
+theme::Look LookOf(HWND window)
+{
+    return {IsWindowEnabled(window) != FALSE, false, GetFocus() == window, false};
+}
+
+void Repaint(HWND window)
+{
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+ControlPaint::ControlPaint(HWND window, WPARAM dcOfMessage, HFONT font)
+    : window_(window), began_(dcOfMessage == 0),
+      dc_(began_ ? BeginPaint(window, &paint_) : reinterpret_cast<HDC>(dcOfMessage)),
+      oldFont_(SelectObject(dc_, FontOrSystem(font)))
+{
+}
+
+ControlPaint::~ControlPaint()
+{
+    SelectObject(dc_, oldFont_);
+    if (began_)
+        EndPaint(window_, &paint_);
+}
+
+ControlDc::ControlDc(HWND window, HFONT font)
+    : window_(window), dc_(GetDC(window)), oldFont_(SelectObject(dc_, FontOrSystem(font)))
+{
+}
+
+ControlDc::~ControlDc()
+{
+    SelectObject(dc_, oldFont_);
+    ReleaseDC(window_, dc_);
+}
+
+} // namespace host
