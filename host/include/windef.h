@@ -88,6 +88,15 @@ DECLARE_HANDLE(HKEY);
 typedef HKEY* PHKEY;
 DECLARE_HANDLE(HDC);
 DECLARE_HANDLE(HRSRC);
+DECLARE_HANDLE(HBITMAP);
+DECLARE_HANDLE(HBRUSH);
+DECLARE_HANDLE(HFONT);
+DECLARE_HANDLE(HICON);
+DECLARE_HANDLE(HPALETTE);
+DECLARE_HANDLE(HPEN);
+DECLARE_HANDLE(HRGN);
+typedef HICON HCURSOR;
+typedef void* HGDIOBJ;
 typedef HANDLE HGLOBAL;
 typedef HANDLE HLOCAL;
 
@@ -133,7 +142,7 @@ typedef struct tagPOINT
 {
     LONG x;
     LONG y;
-} POINT, *LPPOINT;
+} POINT, *PPOINT, *LPPOINT;
 
 typedef struct _POINTL
 {
@@ -145,7 +154,7 @@ typedef struct tagSIZE
 {
     LONG cx;
     LONG cy;
-} SIZE, SIZEL, *LPSIZE;
+} SIZE, SIZEL, *PSIZE, *LPSIZE;
 
 typedef struct tagRECT
 {
@@ -153,7 +162,8 @@ typedef struct tagRECT
     LONG top;
     LONG right;
     LONG bottom;
-} RECT, *LPRECT;
+} RECT, *PRECT, *LPRECT;
+typedef const RECT* LPCRECT;
 
 typedef struct _RECTL
 {
