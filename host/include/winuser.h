@@ -16,27 +16,27 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 
 // Styles
 
-#define WS_OVERLAPPED       0x00000000L
-#define WS_POPUP            0x80000000L
-#define WS_CHILD            0x40000000L
-#define WS_MINIMIZE         0x20000000L
-#define WS_VISIBLE          0x10000000L
-#define WS_DISABLED         0x08000000L
-#define WS_CLIPSIBLINGS     0x04000000L
-#define WS_CLIPCHILDREN     0x02000000L
-#define WS_MAXIMIZE         0x01000000L
-#define WS_CAPTION          0x00C00000L
-#define WS_BORDER           0x00800000L
-#define WS_DLGFRAME         0x00400000L
-#define WS_VSCROLL          0x00200000L
-#define WS_HSCROLL          0x00100000L
-#define WS_SYSMENU          0x00080000L
-#define WS_THICKFRAME       0x00040000L
-#define WS_GROUP            0x00020000L
-#define WS_TABSTOP          0x00010000L
-#define WS_MINIMIZEBOX      0x00020000L
-#define WS_MAXIMIZEBOX      0x00010000L
-#define WS_SIZEBOX          WS_THICKFRAME
+#define WS_OVERLAPPED   0x00000000L
+#define WS_POPUP        0x80000000L
+#define WS_CHILD        0x40000000L
+#define WS_MINIMIZE     0x20000000L
+#define WS_VISIBLE      0x10000000L
+#define WS_DISABLED     0x08000000L
+#define WS_CLIPSIBLINGS 0x04000000L
+#define WS_CLIPCHILDREN 0x02000000L
+#define WS_MAXIMIZE     0x01000000L
+#define WS_CAPTION      0x00C00000L
+#define WS_BORDER       0x00800000L
+#define WS_DLGFRAME     0x00400000L
+#define WS_VSCROLL      0x00200000L
+#define WS_HSCROLL      0x00100000L
+#define WS_SYSMENU      0x00080000L
+#define WS_THICKFRAME   0x00040000L
+#define WS_GROUP        0x00020000L
+#define WS_TABSTOP      0x00010000L
+#define WS_MINIMIZEBOX  0x00020000L
+#define WS_MAXIMIZEBOX  0x00010000L
+#define WS_SIZEBOX      WS_THICKFRAME
 #define WS_OVERLAPPEDWINDOW                                                                                  \
     (WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX)
 #define WS_POPUPWINDOW (WS_POPUP | WS_BORDER | WS_SYSMENU)
@@ -55,16 +55,16 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 #define WS_EX_APPWINDOW      0x00040000L
 #define WS_EX_NOACTIVATE     0x08000000L
 
-#define CS_VREDRAW    0x0001
-#define CS_HREDRAW    0x0002
-#define CS_DBLCLKS    0x0008
-#define CS_OWNDC      0x0020
-#define CS_CLASSDC    0x0040
-#define CS_PARENTDC   0x0080
-#define CS_NOCLOSE    0x0200
-#define CS_SAVEBITS   0x0800
+#define CS_VREDRAW     0x0001
+#define CS_HREDRAW     0x0002
+#define CS_DBLCLKS     0x0008
+#define CS_OWNDC       0x0020
+#define CS_CLASSDC     0x0040
+#define CS_PARENTDC    0x0080
+#define CS_NOCLOSE     0x0200
+#define CS_SAVEBITS    0x0800
 #define CS_GLOBALCLASS 0x4000
-#define CS_DROPSHADOW 0x00020000
+#define CS_DROPSHADOW  0x00020000
 
 #define DS_ABSALIGN      0x01L
 #define DS_SYSMODAL      0x02L
@@ -299,12 +299,12 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 #define SW_PARENTCLOSING 1
 #define SW_PARENTOPENING 3
 
-#define UIS_SET         1
-#define UIS_CLEAR       2
-#define UIS_INITIALIZE  3
-#define UISF_HIDEFOCUS  0x1
-#define UISF_HIDEACCEL  0x2
-#define UISF_ACTIVE     0x4
+#define UIS_SET        1
+#define UIS_CLEAR      2
+#define UIS_INITIALIZE 3
+#define UISF_HIDEFOCUS 0x1
+#define UISF_HIDEACCEL 0x2
+#define UISF_ACTIVE    0x4
 
 #define PRF_CHECKVISIBLE 0x0001L
 #define PRF_NONCLIENT    0x0002L
@@ -537,19 +537,19 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 #define MB_SETFOREGROUND     0x00010000L
 #define MB_TOPMOST           0x00040000L
 
-#define MF_BYCOMMAND  0x00000000L
-#define MF_BYPOSITION 0x00000400L
-#define MF_ENABLED    0x00000000L
-#define MF_GRAYED     0x00000001L
-#define MF_DISABLED   0x00000002L
-#define MF_UNCHECKED  0x00000000L
-#define MF_CHECKED    0x00000008L
-#define MF_STRING     0x00000000L
-#define MF_POPUP      0x00000010L
-#define MF_SEPARATOR  0x00000800L
-#define MF_HILITE     0x00000080L
-#define MF_DEFAULT    0x00001000L
-#define MF_END        0x00000080L
+#define MF_BYCOMMAND   0x00000000L
+#define MF_BYPOSITION  0x00000400L
+#define MF_ENABLED     0x00000000L
+#define MF_GRAYED      0x00000001L
+#define MF_DISABLED    0x00000002L
+#define MF_UNCHECKED   0x00000000L
+#define MF_CHECKED     0x00000008L
+#define MF_STRING      0x00000000L
+#define MF_POPUP       0x00000010L
+#define MF_SEPARATOR   0x00000800L
+#define MF_HILITE      0x00000080L
+#define MF_DEFAULT     0x00001000L
+#define MF_END         0x00000080L
 #define MF_MOUSESELECT 0x00008000L
 
 #define TPM_LEFTBUTTON   0x0000L
@@ -568,55 +568,55 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 
 // System facts
 
-#define SM_CXSCREEN       0
-#define SM_CYSCREEN       1
-#define SM_CXVSCROLL      2
-#define SM_CYHSCROLL      3
-#define SM_CYCAPTION      4
-#define SM_CXBORDER       5
-#define SM_CYBORDER       6
-#define SM_CXFIXEDFRAME   7
-#define SM_CYFIXEDFRAME   8
-#define SM_CXDLGFRAME     SM_CXFIXEDFRAME
-#define SM_CYDLGFRAME     SM_CYFIXEDFRAME
-#define SM_CYVTHUMB       9
-#define SM_CXHTHUMB       10
-#define SM_CXICON         11
-#define SM_CYICON         12
-#define SM_CXCURSOR       13
-#define SM_CYCURSOR       14
-#define SM_CYMENU         15
-#define SM_CXFULLSCREEN   16
-#define SM_CYFULLSCREEN   17
-#define SM_MOUSEPRESENT   19
-#define SM_CYVSCROLL      20
-#define SM_CXHSCROLL      21
-#define SM_SWAPBUTTON     23
-#define SM_CXMIN          28
-#define SM_CYMIN          29
-#define SM_CXSIZE         30
-#define SM_CYSIZE         31
-#define SM_CXFRAME        32
-#define SM_CYFRAME        33
-#define SM_CXSIZEFRAME    SM_CXFRAME
-#define SM_CYSIZEFRAME    SM_CYFRAME
-#define SM_CXDOUBLECLK    36
-#define SM_CYDOUBLECLK    37
-#define SM_CMOUSEBUTTONS  43
-#define SM_CXEDGE         45
-#define SM_CYEDGE         46
-#define SM_CXSMICON       49
-#define SM_CYSMICON       50
-#define SM_CYSMCAPTION    51
-#define SM_CXMENUCHECK    71
-#define SM_CYMENUCHECK    72
-#define SM_CXDRAG         68
-#define SM_CYDRAG         69
-#define SM_XVIRTUALSCREEN 76
-#define SM_YVIRTUALSCREEN 77
+#define SM_CXSCREEN        0
+#define SM_CYSCREEN        1
+#define SM_CXVSCROLL       2
+#define SM_CYHSCROLL       3
+#define SM_CYCAPTION       4
+#define SM_CXBORDER        5
+#define SM_CYBORDER        6
+#define SM_CXFIXEDFRAME    7
+#define SM_CYFIXEDFRAME    8
+#define SM_CXDLGFRAME      SM_CXFIXEDFRAME
+#define SM_CYDLGFRAME      SM_CYFIXEDFRAME
+#define SM_CYVTHUMB        9
+#define SM_CXHTHUMB        10
+#define SM_CXICON          11
+#define SM_CYICON          12
+#define SM_CXCURSOR        13
+#define SM_CYCURSOR        14
+#define SM_CYMENU          15
+#define SM_CXFULLSCREEN    16
+#define SM_CYFULLSCREEN    17
+#define SM_MOUSEPRESENT    19
+#define SM_CYVSCROLL       20
+#define SM_CXHSCROLL       21
+#define SM_SWAPBUTTON      23
+#define SM_CXMIN           28
+#define SM_CYMIN           29
+#define SM_CXSIZE          30
+#define SM_CYSIZE          31
+#define SM_CXFRAME         32
+#define SM_CYFRAME         33
+#define SM_CXSIZEFRAME     SM_CXFRAME
+#define SM_CYSIZEFRAME     SM_CYFRAME
+#define SM_CXDOUBLECLK     36
+#define SM_CYDOUBLECLK     37
+#define SM_CMOUSEBUTTONS   43
+#define SM_CXEDGE          45
+#define SM_CYEDGE          46
+#define SM_CXSMICON        49
+#define SM_CYSMICON        50
+#define SM_CYSMCAPTION     51
+#define SM_CXMENUCHECK     71
+#define SM_CYMENUCHECK     72
+#define SM_CXDRAG          68
+#define SM_CYDRAG          69
+#define SM_XVIRTUALSCREEN  76
+#define SM_YVIRTUALSCREEN  77
 #define SM_CXVIRTUALSCREEN 78
 #define SM_CYVIRTUALSCREEN 79
-#define SM_REMOTESESSION  0x1000
+#define SM_REMOTESESSION   0x1000
 
 #define SPI_GETBEEP              0x0001
 #define SPI_GETKEYBOARDDELAY     0x0016
@@ -820,8 +820,8 @@ HOSTAPI DWORD WINAPI GetClassLongW(HWND window, int index);
 HOSTAPI DWORD WINAPI SetClassLongW(HWND window, int index, LONG value);
 
 // Windows
-HOSTAPI HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x, int y,
-                                    int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
+HOSTAPI HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x,
+                                    int y, int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
                                     LPVOID parameter);
 HOSTAPI BOOL WINAPI DestroyWindow(HWND window);
 HOSTAPI BOOL WINAPI IsWindow(HWND window);
@@ -888,8 +888,8 @@ HOSTAPI BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARA
 HOSTAPI BOOL WINAPI PostThreadMessageW(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam);
 HOSTAPI void WINAPI PostQuitMessage(int exitCode);
 HOSTAPI LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-HOSTAPI LRESULT WINAPI SendMessageTimeoutW(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT flags,
-                                           UINT timeout, DWORD_PTR* result);
+HOSTAPI LRESULT WINAPI SendMessageTimeoutW(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT flags, UINT timeout, DWORD_PTR* result);
 HOSTAPI BOOL WINAPI SendNotifyMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 HOSTAPI BOOL WINAPI InSendMessage(void);
 HOSTAPI BOOL WINAPI ReplyMessage(LRESULT result);
@@ -963,8 +963,8 @@ HOSTAPI int WINAPI GetUpdateRgn(HWND window, HRGN region, BOOL erase);
 HOSTAPI int WINAPI ExcludeUpdateRgn(HDC dc, HWND window);
 HOSTAPI BOOL WINAPI LockWindowUpdate(HWND window);
 HOSTAPI BOOL WINAPI ScrollWindow(HWND window, int x, int y, const RECT* scroll, const RECT* clip);
-HOSTAPI int WINAPI ScrollWindowEx(HWND window, int x, int y, const RECT* scroll, const RECT* clip, HRGN update,
-                                  LPRECT updateRect, UINT flags);
+HOSTAPI int WINAPI ScrollWindowEx(HWND window, int x, int y, const RECT* scroll, const RECT* clip,
+                                  HRGN update, LPRECT updateRect, UINT flags);
 
 // Scroll bars that are parts of windows, and scroll bar controls by SB_CTL
 HOSTAPI int WINAPI SetScrollInfo(HWND window, int bar, LPCSCROLLINFO info, BOOL redraw);
@@ -1025,13 +1025,14 @@ HOSTAPI BOOL WINAPI EnableMenuItem(HMENU menu, UINT item, UINT enable);
 HOSTAPI HMENU WINAPI GetSystemMenu(HWND window, BOOL revert);
 HOSTAPI BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner,
                                    const RECT* rect);
-HOSTAPI BOOL WINAPI TrackPopupMenuEx(HMENU menu, UINT flags, int x, int y, HWND owner, LPTPMPARAMS parameters);
+HOSTAPI BOOL WINAPI TrackPopupMenuEx(HMENU menu, UINT flags, int x, int y, HWND owner,
+                                     LPTPMPARAMS parameters);
 
 // Strings of a module
 HOSTAPI int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 }
 
-#define CreateWindowW(className, title, style, x, y, width, height, parent, menu, instance, parameter)        \
+#define CreateWindowW(className, title, style, x, y, width, height, parent, menu, instance, parameter)       \
     CreateWindowExW(0L, className, title, style, x, y, width, height, parent, menu, instance, parameter)
 #define DialogBoxW(instance, name, owner, procedure) DialogBoxParamW(instance, name, owner, procedure, 0L)
 #define CreateDialogW(instance, name, owner, procedure)                                                      \
