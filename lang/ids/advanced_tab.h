@@ -1,6 +1,7 @@
 #pragma once
 /* Controls of IDD_ADVANCED. */
 
+#define IDC_COLOR_GROUP        3043
 #define IDC_COLOR              4014
 #define IDC_MONOCHROME         4015
 #define IDC_COLOR_SETTINGS     3049 /* opens IDD_COLOR_SETTINGS */

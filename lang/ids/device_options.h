@@ -27,7 +27,7 @@
 #define IDC_DATE_POSITION_LABEL 4190
 
 /* Every page */
-#define IDC_PAGE_TITLE 4191
+#define IDC_PAGE_LINE  4191
 #define IDC_PAGE_FRAME 4192
 
 /* Quick print setup */
@@ -49,7 +49,7 @@
 #define IDC_JPEG_SPEED   4196
 
 /* Advanced color settings */
-#define IDC_HALFTONE_GROUP     4197
+#define IDC_HALFTONE_TITLE     4197
 #define IDC_HALFTONE_DIFFUSION 4198
 #define IDC_HALFTONE_DITHER    4199
 #define IDC_MATCH_MONITOR      4200
