@@ -12,9 +12,6 @@ namespace {
 
 constexpr WCHAR kLanguageModule[] = TEXT("VMLANG.DLL");
 
-/// Handles below this are error codes of old loaders.
-constexpr uintptr_t kFirstModuleHandle = 32;
-
 /// Loads the language module that lies beside the library, and the library itself once more: dialogs and
 /// window classes point into it, so it must outlive every FreeLibrary of its host.
 void PinAndLoadLanguage()
@@ -37,7 +34,7 @@ void Attach(HMODULE module)
 
 void Detach()
 {
-    if (reinterpret_cast<uintptr_t>(hLangModule) >= kFirstModuleHandle)
+    if (IsModule(hLangModule))
         FreeLibrary(hLangModule);
     hLangModule = nullptr;
     FlushModelCache();
