@@ -110,6 +110,14 @@ struct Ledger
     int64_t keys = 0;
     int64_t printers = 0;
     int64_t tokens = 0; ///< of RevertToPrinterSelf, not yet handed to ImpersonatePrinterClient
+    int64_t deviceContexts = 0;
+    int64_t bitmaps = 0;
+    int64_t brushes = 0;
+    int64_t fonts = 0;
+    int64_t icons = 0; ///< and cursors
+    int64_t palettes = 0;
+    int64_t pens = 0;
+    int64_t regions = 0;
 
     bool operator==(const Ledger&) const = default;
 };

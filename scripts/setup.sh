@@ -7,6 +7,8 @@ packages=(
     clang clang-format llvm libclang-rt-14-dev  # fuzz targets, coverage, format check
     googletest libgtest-dev                     # tests; the sources are for the Windows build of them
     libsqlite3-dev                              # what the platform layer remembers
+    libfreetype-dev libpng-dev                  # its text and its screenshots
+    fonts-liberation fonts-ipaexfont-gothic     # the typefaces that it draws with
     nlohmann-json3-dev libcli11-dev             # psuictl: JSON and command lines
     libcups2-dev                                # the PPD library that the benchmark compares with
     g++-mingw-w64-x86-64                        # Windows build, resource compiler

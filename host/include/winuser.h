@@ -377,6 +377,8 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 #define SWP_NOREPOSITION   SWP_NOOWNERZORDER
 #define SWP_NOSENDCHANGING 0x0400
 
+#include <winuser_drawing.h>
+
 #define GA_PARENT    1
 #define GA_ROOT      2
 #define GA_ROOTOWNER 3

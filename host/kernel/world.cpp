@@ -5,6 +5,7 @@
 #include <sqlite3.h>
 #include <stdlib.h>
 
+#include "host/gdi/object.h"
 #include "host/kernel/call.h"
 #include "host/kernel/codepage.h"
 #include "host/kernel/handle.h"
@@ -147,6 +148,7 @@ void Close()
     CloseAllViews();
     CloseAllHandles();
     CloseWindowRoom();
+    CloseGdiRoom();
     ResetCodePage();
     CloseShellRoom();
     CloseSpoolerRoom();
