@@ -27,15 +27,16 @@ set(PSUI_PRODUCT_DIR ${PROJECT_BINARY_DIR}/product)
 
 find_program(PSUI_WINDRES x86_64-w64-mingw32-windres REQUIRED)
 
-# psui_add_resources(TARGET SCRIPT [DEPENDS FILE...])
+# psui_add_resources(TARGET SCRIPT [DEPENDS FILE...] [INCLUDES FOLDER...])
 # Compiles a resource script (UTF-8) and puts the result into TARGET: linked as usual on Windows, embedded whole
 # as a .res file elsewhere, where the layer finds it by the two symbols below. The bytes are the same.
 function(psui_add_resources target script)
-    cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "DEPENDS;INCLUDES" ${ARGN})
     set(res ${CMAKE_CURRENT_BINARY_DIR}/${target}.res)
+    list(TRANSFORM arg_INCLUDES PREPEND "-I")
     add_custom_command(
         OUTPUT ${res}
-        COMMAND ${PSUI_WINDRES} --codepage=65001 -I ${PROJECT_SOURCE_DIR} -I ${CMAKE_CURRENT_SOURCE_DIR}
+        COMMAND ${PSUI_WINDRES} --codepage=65001 -I ${PROJECT_SOURCE_DIR} -I ${CMAKE_CURRENT_SOURCE_DIR} ${arg_INCLUDES}
                 -O res -i ${CMAKE_CURRENT_SOURCE_DIR}/${script} -o ${res}
         DEPENDS ${script} ${arg_DEPENDS}
         COMMENT "Compiling resources of ${target}"
