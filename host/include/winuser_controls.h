@@ -266,10 +266,6 @@ typedef struct tagCOMPAREITEMSTRUCT
 #define SBS_LEFTALIGN               0x0002L
 #define SBS_BOTTOMALIGN             0x0004L
 #define SBS_RIGHTALIGN              0x0004L
-#define SBS_SIZEBOXTOPLEFTALIGN     0x0002L
-#define SBS_SIZEBOXBOTTOMRIGHTALIGN 0x0004L
-#define SBS_SIZEBOX                 0x0008L
-#define SBS_SIZEGRIP                0x0010L
 
 #define SBM_SETPOS         0x00E0
 #define SBM_GETPOS         0x00E1

@@ -6,6 +6,7 @@ namespace host {
 namespace {
 
 constexpr int kSmallestThumb = 8;
+constexpr int kFarthestDrag = 150; // pixels beside the bar
 
 int64_t RangeSize(const ScrollRange& range)
 {
@@ -16,6 +17,13 @@ bool Differ(const ScrollRange& one, const ScrollRange& other)
 {
     return one.minimum != other.minimum || one.maximum != other.maximum || one.page != other.page ||
            one.position != other.position;
+}
+
+/// kNoScrollCode for the thumb, which has no step.
+int CodeOf(ScrollPart part)
+{
+    constexpr int kCodes[] = {kNoScrollCode, SB_LINEUP, SB_PAGEUP, kNoScrollCode, SB_PAGEDOWN, SB_LINEDOWN};
+    return kCodes[static_cast<size_t>(part)];
 }
 
 } // namespace
@@ -85,23 +93,31 @@ int ScrollPositionOfThumb(const ScrollRange& range, const ScrollLayout& layout, 
     return static_cast<int>(range.minimum + (positions * moved + travel / 2) / travel);
 }
 
-WORD ScrollCodeOf(ScrollPart part)
+int PressScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place)
 {
-    switch (part) {
-    case ScrollPart::lineUp:
-        return SB_LINEUP;
-    case ScrollPart::pageUp:
-        return SB_PAGEUP;
-    case ScrollPart::pageDown:
-        return SB_PAGEDOWN;
-    case ScrollPart::lineDown:
-        return SB_LINEDOWN;
-    case ScrollPart::thumb:
-        return SB_THUMBTRACK;
-    case ScrollPart::none:
-        break;
+    press = {ScrollPartAt(layout, place), true, place - layout.thumb, range.position};
+    return press.part == ScrollPart::thumb ? SB_THUMBTRACK : CodeOf(press.part);
+}
+
+int MoveOnScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place,
+                    int beside)
+{
+    if (press.part != ScrollPart::thumb) {
+        press.inside = beside == 0 && ScrollPartAt(layout, place) == press.part;
+        return kNoScrollCode;
     }
-    return SB_ENDSCROLL;
+    const int position =
+        beside > kFarthestDrag ? range.position : ScrollPositionOfThumb(range, layout, place - press.grab);
+    if (position == press.trackPosition)
+        return kNoScrollCode;
+    press.trackPosition = position;
+    return SB_THUMBTRACK;
+}
+
+int RepeatOnScrollBar(const ScrollPress& press, const ScrollLayout& layout, int place)
+{
+    const bool repeats = press.inside && ScrollPartAt(layout, place) == press.part;
+    return repeats ? CodeOf(press.part) : kNoScrollCode;
 }
 
 } // namespace host

@@ -52,7 +52,24 @@ ScrollPart ScrollPartAt(const ScrollLayout& layout, int place);
 /// The position that a thumb moved to start at `thumb` stands for.
 int ScrollPositionOfThumb(const ScrollRange& range, const ScrollLayout& layout, int thumb);
 
-/// The code (SB_LINEUP ...) that a press on a part sends; for the thumb SB_THUMBTRACK.
-WORD ScrollCodeOf(ScrollPart part);
+/// The pointer's hold on a bar, from press to release.
+struct ScrollPress
+{
+    ScrollPart part = ScrollPart::none;
+    bool inside = false;   // the pointer is on the pressed part, or drags the thumb
+    int grab = 0;          // of the thumb: from its start to the pointer
+    int trackPosition = 0; // of the thumb: the position that it stands for now
+};
+
+/// These three follow the pointer, which is at `place` along the bar. They return the code to tell the
+/// program (SB_LINEUP ...; with SB_THUMBTRACK goes `trackPosition`), or kNoScrollCode.
+inline constexpr int kNoScrollCode = -1;
+int PressScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place);
+/// `beside` is how many pixels the pointer is off the bar's side: a thumb that is dragged too far off returns
+/// to where it was.
+int MoveOnScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place,
+                    int beside);
+/// For the repeat timer of the parts that are no thumb. Paging ends when the thumb has come to the pointer.
+int RepeatOnScrollBar(const ScrollPress& press, const ScrollLayout& layout, int place);
 
 } // namespace host

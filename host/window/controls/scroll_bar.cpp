@@ -1,0 +1,335 @@
+#include "host/window/controls/scroll_bar.h"
+
+#include "host/window/controls/control.h"
+
+namespace host {
+namespace {
+
+constexpr UINT_PTR kRepeatTimer = 1;
+constexpr UINT kFirstRepeatMs = 400;
+constexpr UINT kRepeatMs = 50;
+
+struct ScrollBar
+{
+    ScrollRange range = {0, 0, 0, 0};
+    ScrollPress press;
+    UINT blockedArrows = ESB_ENABLE_BOTH;
+    int pointer = 0; // along the bar, while pressed
+};
+
+bool IsVertical(HWND window)
+{
+    return (StyleOf(window) & SBS_VERT) != 0;
+}
+
+int Along(HWND window, POINT point)
+{
+    return IsVertical(window) ? point.y : point.x;
+}
+
+ScrollLayout LayoutOf(HWND window, const ScrollBar& bar)
+{
+    const RECT client = ClientRectOf(window);
+    ScrollRange shown = bar.range;
+    if (bar.press.part == ScrollPart::thumb)
+        shown.position = bar.press.trackPosition;
+    return LayOutScrollBar(shown, IsVertical(window) ? client.bottom : client.right, theme::kArrowLength);
+}
+
+/// Tells the parent; `code` below 0 is nothing to tell. The bar may be gone afterwards.
+void Tell(HWND window, int code, int position = 0)
+{
+    if (code < 0)
+        return;
+    const bool carriesPosition = code == SB_THUMBPOSITION || code == SB_THUMBTRACK;
+    SendMessageW(GetParent(window), IsVertical(window) ? WM_VSCROLL : WM_HSCROLL,
+                 MAKEWPARAM(code, carriesPosition ? position : 0), reinterpret_cast<LPARAM>(window));
+}
+
+bool IsBlocked(const ScrollBar& bar, ScrollPart part)
+{
+    return (part == ScrollPart::lineUp && (bar.blockedArrows & ESB_DISABLE_LTUP)) ||
+           (part == ScrollPart::lineDown && (bar.blockedArrows & ESB_DISABLE_RTDN));
+}
+
+LRESULT OnMouseDown(HWND window, ScrollBar& bar, WPARAM, LPARAM lParam)
+{
+    if (StyleOf(window) & WS_TABSTOP)
+        SetFocus(window);
+    const ScrollLayout layout = LayoutOf(window, bar);
+    bar.pointer = Along(window, PointOf(lParam));
+    if (IsBlocked(bar, ScrollPartAt(layout, bar.pointer)))
+        return 0;
+    SetCapture(window);
+    const int code = PressScrollBar(bar.press, bar.range, layout, bar.pointer);
+    if (bar.press.part != ScrollPart::thumb && bar.press.part != ScrollPart::none)
+        SetTimer(window, kRepeatTimer, kFirstRepeatMs, nullptr);
+    Repaint(window);
+    Tell(window, code, bar.press.trackPosition);
+    return 0;
+}
+
+LRESULT OnMouseMove(HWND window, ScrollBar& bar, WPARAM, LPARAM lParam)
+{
+    if (bar.press.part == ScrollPart::none)
+        return 0;
+    const POINT point = PointOf(lParam);
+    const RECT client = ClientRectOf(window);
+    const int across = IsVertical(window) ? point.x : point.y;
+    const int thickness = IsVertical(window) ? client.right : client.bottom;
+    bar.pointer = Along(window, point);
+    const int code = MoveOnScrollBar(bar.press, bar.range, LayoutOf(window, bar), bar.pointer,
+                                     across < 0            ? -across
+                                     : across >= thickness ? across - thickness + 1
+                                                           : 0);
+    Repaint(window);
+    Tell(window, code, bar.press.trackPosition);
+    return 0;
+}
+
+LRESULT OnTimer(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+{
+    if (wParam != kRepeatTimer)
+        return 0;
+    SetTimer(window, kRepeatTimer, kRepeatMs, nullptr);
+    Tell(window, RepeatOnScrollBar(bar.press, LayoutOf(window, bar), bar.pointer));
+    return 0;
+}
+
+/// Ends the press: a thumb stays where it was let go, as far as the program then moves the bar there.
+void EndPress(HWND window, ScrollBar& bar)
+{
+    const ScrollPress press = bar.press;
+    if (press.part == ScrollPart::none)
+        return;
+    KillTimer(window, kRepeatTimer);
+    bar.press = {};
+    if (GetCapture() == window)
+        ReleaseCapture();
+    Repaint(window);
+    if (press.part == ScrollPart::thumb)
+        Tell(window, SB_THUMBPOSITION, press.trackPosition);
+    Tell(window, SB_ENDSCROLL);
+}
+
+LRESULT OnMouseUp(HWND window, ScrollBar& bar, WPARAM, LPARAM)
+{
+    EndPress(window, bar);
+    return 0;
+}
+
+LRESULT OnKeyDown(HWND window, ScrollBar&, WPARAM wParam, LPARAM)
+{
+    constexpr struct
+    {
+        WPARAM key;
+        WORD code;
+    } kCodes[] = {
+        {VK_UP, SB_LINEUP},    {VK_LEFT, SB_LINEUP},   {VK_DOWN, SB_LINEDOWN}, {VK_RIGHT, SB_LINEDOWN},
+        {VK_PRIOR, SB_PAGEUP}, {VK_NEXT, SB_PAGEDOWN}, {VK_HOME, SB_TOP},      {VK_END, SB_BOTTOM},
+    };
+    for (const auto& each : kCodes) {
+        if (each.key == wParam)
+            Tell(window, each.code);
+    }
+    return 0;
+}
+
+LRESULT OnGetDlgCode(HWND, ScrollBar&, WPARAM, LPARAM)
+{
+    return DLGC_WANTARROWS;
+}
+
+LRESULT OnRepaint(HWND window, ScrollBar&, WPARAM, LPARAM)
+{
+    Repaint(window);
+    return 0;
+}
+
+LRESULT OnEnable(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+{
+    bar.blockedArrows = wParam ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH;
+    Repaint(window);
+    return 0;
+}
+
+LRESULT OnPaint(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+{
+    const ControlPaint paint(window, wParam, nullptr);
+    AskParentForColours(window, paint.Dc(), WM_CTLCOLORSCROLLBAR);
+    PaintScrollBar(paint.Dc(), ClientRectOf(window), IsVertical(window), LayoutOf(window, bar),
+                   bar.press.inside ? bar.press.part : ScrollPart::none, bar.blockedArrows, LookOf(window));
+    return 0;
+}
+
+LRESULT OnEraseBackground(HWND, ScrollBar&, WPARAM, LPARAM)
+{
+    return TRUE;
+}
+
+LRESULT OnSetInfo(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+{
+    const SCROLLINFO& info = *reinterpret_cast<const SCROLLINFO*>(lParam);
+    const bool changed = ChangeScrollRange(bar.range, info);
+    if (info.fMask & (SIF_RANGE | SIF_PAGE))
+        bar.blockedArrows =
+            bar.range.CanScroll() || !(info.fMask & SIF_DISABLENOSCROLL) ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH;
+    if (changed && wParam)
+        Repaint(window);
+    return bar.range.position;
+}
+
+LRESULT OnGetInfo(HWND, ScrollBar& bar, WPARAM, LPARAM lParam)
+{
+    SCROLLINFO& info = *reinterpret_cast<SCROLLINFO*>(lParam);
+    if (info.fMask & SIF_RANGE) {
+        info.nMin = bar.range.minimum;
+        info.nMax = bar.range.maximum;
+    }
+    if (info.fMask & SIF_PAGE)
+        info.nPage = bar.range.page;
+    if (info.fMask & SIF_POS)
+        info.nPos = bar.range.position;
+    if (info.fMask & SIF_TRACKPOS)
+        info.nTrackPos = bar.press.part == ScrollPart::thumb ? bar.press.trackPosition : bar.range.position;
+    return (info.fMask & SIF_ALL) != 0;
+}
+
+LRESULT OnSetPos(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+{
+    const int before = bar.range.position;
+    const SCROLLINFO info = {sizeof(info), SIF_POS, 0, 0, 0, static_cast<int>(wParam), 0};
+    OnSetInfo(window, bar, static_cast<WPARAM>(lParam), reinterpret_cast<LPARAM>(&info));
+    return before;
+}
+
+LRESULT OnGetPos(HWND, ScrollBar& bar, WPARAM, LPARAM)
+{
+    return bar.range.position;
+}
+
+LRESULT SetRange(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam, bool redraw)
+{
+    const int before = bar.range.position;
+    const SCROLLINFO info = {
+        sizeof(info), SIF_RANGE, static_cast<int>(wParam), static_cast<int>(lParam), 0, 0, 0};
+    OnSetInfo(window, bar, redraw, reinterpret_cast<LPARAM>(&info));
+    return bar.range.position != before ? before : 0;
+}
+
+LRESULT OnSetRange(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+{
+    return SetRange(window, bar, wParam, lParam, false);
+}
+
+LRESULT OnSetRangeRedraw(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+{
+    return SetRange(window, bar, wParam, lParam, true);
+}
+
+LRESULT OnGetRange(HWND, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+{
+    if (wParam != 0)
+        *reinterpret_cast<int*>(wParam) = bar.range.minimum;
+    if (lParam != 0)
+        *reinterpret_cast<int*>(lParam) = bar.range.maximum;
+    return 0;
+}
+
+LRESULT OnEnableArrows(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+{
+    const UINT blocked = static_cast<UINT>(wParam) & ESB_DISABLE_BOTH;
+    const bool changed = blocked != bar.blockedArrows;
+    bar.blockedArrows = blocked;
+    Repaint(window);
+    return changed;
+}
+
+/// The alignment styles put a bar of the usual thickness along one side of the rectangle it was made with.
+LRESULT OnCreate(HWND window, ScrollBar&, WPARAM, LPARAM lParam)
+{
+    const CREATESTRUCTW& create = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    const bool first = (create.style & SBS_TOPALIGN) != 0;
+    const bool last = (create.style & SBS_BOTTOMALIGN) != 0;
+    if (create.style & SBS_VERT) {
+        const int width = GetSystemMetrics(SM_CXVSCROLL);
+        if (first || last)
+            MoveWindow(window, first ? create.x : create.x + create.cx - width, create.y, width, create.cy,
+                       FALSE);
+    } else if (first || last) {
+        const int height = GetSystemMetrics(SM_CYHSCROLL);
+        MoveWindow(window, create.x, first ? create.y : create.y + create.cy - height, create.cx, height,
+                   FALSE);
+    }
+    return 0;
+}
+
+constexpr MessageHandler<ScrollBar> kHandlers[] = {
+    {WM_CREATE, OnCreate},
+    {WM_PAINT, OnPaint},
+    {WM_PRINTCLIENT, OnPaint},
+    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_LBUTTONDOWN, OnMouseDown},
+    {WM_LBUTTONDBLCLK, OnMouseDown},
+    {WM_MOUSEMOVE, OnMouseMove},
+    {WM_LBUTTONUP, OnMouseUp},
+    {WM_CAPTURECHANGED, OnMouseUp},
+    {WM_TIMER, OnTimer},
+    {WM_KEYDOWN, OnKeyDown},
+    {WM_GETDLGCODE, OnGetDlgCode},
+    {WM_SETFOCUS, OnRepaint},
+    {WM_KILLFOCUS, OnRepaint},
+    {WM_ENABLE, OnEnable},
+    {SBM_SETSCROLLINFO, OnSetInfo},
+    {SBM_GETSCROLLINFO, OnGetInfo},
+    {SBM_SETPOS, OnSetPos},
+    {SBM_GETPOS, OnGetPos},
+    {SBM_SETRANGE, OnSetRange},
+    {SBM_SETRANGEREDRAW, OnSetRangeRedraw},
+    {SBM_GETRANGE, OnGetRange},
+    {SBM_ENABLE_ARROWS, OnEnableArrows},
+};
+
+/// The part of `bar` from `start` on along it.
+RECT Piece(const RECT& bar, bool vertical, int start, int length)
+{
+    if (vertical)
+        return {bar.left, bar.top + start, bar.right, bar.top + start + length};
+    return {bar.left + start, bar.top, bar.left + start + length, bar.bottom};
+}
+
+void PaintArrowButton(HDC dc, const RECT& rect, theme::Arrow direction, bool pressed, bool enabled)
+{
+    theme::Fill(dc, rect, pressed ? theme::kThumbPressed : theme::kTrack);
+    const COLORREF glyph = !enabled ? theme::kThumb : pressed ? theme::kField : theme::kGlyph;
+    theme::DrawArrow(dc, rect, direction, glyph);
+}
+
+} // namespace
+
+void PaintScrollBar(HDC dc, const RECT& rect, bool vertical, const ScrollLayout& layout, ScrollPart pressed,
+                    UINT blockedArrows, const theme::Look& look)
+{
+    theme::Fill(dc, rect, theme::kTrack);
+    PaintArrowButton(dc, Piece(rect, vertical, 0, layout.arrow),
+                     vertical ? theme::Arrow::up : theme::Arrow::left, pressed == ScrollPart::lineUp,
+                     look.enabled && !(blockedArrows & ESB_DISABLE_LTUP));
+    PaintArrowButton(dc, Piece(rect, vertical, layout.length - layout.arrow, layout.arrow),
+                     vertical ? theme::Arrow::down : theme::Arrow::right, pressed == ScrollPart::lineDown,
+                     look.enabled && !(blockedArrows & ESB_DISABLE_RTDN));
+    if (layout.thumbLength == 0 || !look.enabled || blockedArrows == ESB_DISABLE_BOTH)
+        return;
+    RECT thumb = Piece(rect, vertical, layout.thumb, layout.thumbLength);
+    InflateRect(&thumb, vertical ? -2 : 0, vertical ? 0 : -2);
+    theme::Fill(dc, thumb,
+                pressed == ScrollPart::thumb ? theme::kThumbPressed
+                : look.focused               ? theme::kAccent
+                                             : theme::kThumb);
+}
+
+LRESULT CALLBACK ScrollBarProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return RunControl<ScrollBar>(kHandlers, window, message, wParam, lParam);
+}
+
+} // namespace host
