@@ -219,7 +219,6 @@ typedef struct tagCOMPAREITEMSTRUCT
 #define EM_SETLIMITTEXT        EM_LIMITTEXT
 #define EM_CANUNDO             0x00C6
 #define EM_UNDO                0x00C7
-#define EM_FMTLINES            0x00C8
 #define EM_LINEFROMCHAR        0x00C9
 #define EM_SETTABSTOPS         0x00CB
 #define EM_SETPASSWORDCHAR     0x00CC

@@ -38,7 +38,7 @@ struct UpDown
     std::vector<UDACCEL> steps = {{0, 1}, {2, 5}, {5, 20}};
     Half pressed = Half::none;
     bool inside = false;
-    DWORD pressedSince = 0; // GetTickCount
+    ULONGLONG pressedSince = 0; // GetTickCount64
 };
 
 bool IsHorizontal(HWND window)
@@ -237,7 +237,7 @@ HWND SetBuddy(HWND window, UpDown& control, HWND buddy)
 
 int64_t StepOf(const UpDown& control)
 {
-    const DWORD seconds = (GetTickCount() - control.pressedSince) / 1000;
+    const ULONGLONG seconds = (GetTickCount64() - control.pressedSince) / 1000;
     UINT step = 1;
     for (const UDACCEL& each : control.steps) {
         if (each.nSec <= seconds)
@@ -292,7 +292,7 @@ LRESULT OnMouseDown(HWND window, UpDown& control, WPARAM, LPARAM lParam)
     if (control.pressed == Half::none)
         return 0;
     control.inside = true;
-    control.pressedSince = GetTickCount();
+    control.pressedSince = GetTickCount64();
     SetCapture(window);
     SetTimer(window, kRepeatTimer, kFirstRepeatMs, nullptr);
     Repaint(window);
@@ -338,7 +338,7 @@ LRESULT OnKeyDown(HWND window, UpDown& control, WPARAM wParam, LPARAM)
 {
     if (!(StyleOf(window) & UDS_ARROWKEYS) || !IsWindowEnabled(window))
         return 0;
-    control.pressedSince = GetTickCount();
+    control.pressedSince = GetTickCount64();
     if (wParam == VK_UP)
         Step(window, control, Half::increase, 1);
     else if (wParam == VK_DOWN)

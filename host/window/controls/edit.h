@@ -1,0 +1,63 @@
+#pragma once
+// The edit control: what it remembers, and how it shows itself.
+#include <vector>
+
+#include <windows.h>
+
+#include "host/window/controls/edit_lines.h"
+#include "host/window/controls/edit_text.h"
+
+namespace host {
+
+struct Edit
+{
+    EditText text{EditText::Rules{}};
+    std::vector<EditLine> lines = {{0, 0, 0}};
+    std::vector<UINT>
+        tabStops; // dialog units from a line's start; none: the usual ones; one: all its multiples
+    HFONT font = nullptr;
+    int lineHeight = 1;   // pixels
+    int averageWidth = 1; // pixels of an average character, four dialog units
+    WCHAR password = 0;   // shown in place of every character
+    int leftMargin = 0;
+    int rightMargin = 0;
+    RECT setRect = {};    // by EM_SETRECT; empty: the client area
+    size_t firstLine = 0; // the one at the top
+    int scrolledX = 0;    // pixels hidden at the left
+    int wishedX = -1;     // where Up and Down want to stay; negative: where the caret is
+    bool selecting = false;
+};
+
+bool IsMultiLine(HWND window);
+bool IsReadOnly(HWND window);
+
+/// Where text stands, in client coordinates.
+RECT FormatRect(HWND window, const Edit& edit);
+/// Whole lines that the control shows at once, at least 1.
+size_t VisibleLines(HWND window, const Edit& edit);
+size_t CaretLine(const Edit& edit);
+
+/// Call after a change of the font, of the text or the format rectangle. The view stays as far as it can.
+void RefreshFont(HWND window, Edit& edit);
+void RefreshLines(HWND window, Edit& edit);
+
+/// Whether a text would stay within the control in the direction in which it may not scroll.
+bool FitsWithoutScrolling(HWND window, const Edit& edit, const EditText& text);
+
+/// Client coordinates of the top-left corner of the unit at a position, and the position nearest to a point.
+POINT PointOfPosition(HWND window, const Edit& edit, size_t position);
+size_t PositionOfPoint(HWND window, const Edit& edit, POINT point);
+/// The position at `x` on a line.
+size_t PositionOnLine(HWND window, const Edit& edit, size_t line, int x);
+
+/// Scrolls as far as there is text. Returns whether the view moved.
+bool ScrollEdit(HWND window, Edit& edit, size_t firstLine, int scrolledX);
+void ScrollToCaret(HWND window, Edit& edit);
+/// Moves the system's caret while the control has the focus.
+void PlaceCaret(HWND window, const Edit& edit);
+
+void PaintEdit(HWND window, const Edit& edit, HDC dc);
+
+LRESULT CALLBACK EditProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+} // namespace host
