@@ -114,3 +114,121 @@
 #define TXT_PARAMETER_NEW      "&New value:"
 #define TXT_PARAMETER_SET      "&Set"
 #define TXT_PARAMETER_RESET    "&Reset"
+
+/* Version page */
+#define TXT_VERSION           "About"
+#define TXT_VERSION_COPYRIGHT "Copyright 2009 Velmora"
+#define TXT_VERSION_RIGHTS    "All rights reserved"
+
+/* Support and version */
+#define TXT_SUPPORT         "Support information"
+#define TXT_SUPPORT_PRODUCT "Velmora printer driver"
+#define TXT_SUPPORT_MODEL   "Model:"
+#define TXT_SUPPORT_LINK    "S&upport site"
+#define TXT_SUPPORT_OPEN    "Open the support site"
+#define TXT_UPDATE_LINK     "Suppl&ies"
+#define TXT_UPDATE_OPEN     "Open the supplies site"
+#define TXT_SUPPORT_SUMMARY "&Show print settings..."
+
+/* Settings as text */
+#define TXT_SUMMARY_TEXT "Current print settings"
+
+/* User-defined paper sizes */
+#define TXT_USER_PAPER     "User-defined size"
+#define TXT_USER_NAME      "&Name:"
+#define TXT_USER_SAVE      "&Save"
+#define TXT_USER_DELETE    "&Delete"
+#define TXT_USER_WIDTH     "&Width:"
+#define TXT_USER_LENGTH    "&Length:"
+#define TXT_USER_UNIT      "Unit:"
+#define TXT_UNIT_MM        "&mm"
+#define TXT_UNIT_INCH      "in&ches"
+#define TXT_USER_THICKNESS "&Thickness:"
+
+/* Duplex settings */
+#define TXT_DUPLEX              "Duplex settings"
+#define TXT_DUPLEX_BOOKLET      "Boo&klet printing"
+#define TXT_DUPLEX_TYPE         "Binding edge"
+#define TXT_DUPLEX_OFFSET       "B&inding offset"
+#define TXT_DUPLEX_OFFSET_VALUE "&Offset:"
+
+/* Color settings; the adjustments also stand in the dialog with scroll bars */
+#define TXT_COLOR_SETTINGS  "Color settings"
+#define TXT_ENHANCEMENT     "Color &enhancement"
+#define TXT_BRIGHTNESS      "&Brightness:"
+#define TXT_CONTRAST        "&Contrast:"
+#define TXT_RED             "&Red:"
+#define TXT_GREEN           "&Green:"
+#define TXT_BLUE            "B&lue:"
+#define TXT_SATURATION      "&Saturation:"
+#define TXT_WHITE_BALANCE   "&White balance:"
+#define TXT_BIDIRECTIONAL   "B&idirectional printing"
+#define TXT_IMPROVE_PATTERN "&Pattern improvement"
+#define TXT_CUSTOM_COLOR    "Custom color settings"
+#define TXT_CUSTOM_SETTINGS "Custom se&ttings"
+#define TXT_DETAIL          "Det&ail:"
+
+/* Color matching */
+#define TXT_COLOR_MATCHING     "Color matching"
+#define TXT_HALFTONE_GROUP     "Halftone"
+#define TXT_MATCHING_DIFFUSION "&Error diffusion"
+#define TXT_MATCHING_DITHER    "Dithe&r"
+#define TXT_MATCHING_GROUP     "Matching"
+#define TXT_MATCHING_MONITOR   "&Match monitor color"
+#define TXT_MATCHING_FIRST     "For &photos"
+#define TXT_MATCHING_SECOND    "For &graphics"
+
+/* Watermarks */
+#define TXT_WATERMARK        "Watermark settings"
+#define TXT_WM_LIST          "&Watermarks:"
+#define TXT_WM_NAME          "Na&me:"
+#define TXT_WM_NEW           "&New"
+#define TXT_WM_SAVE          "&Save"
+#define TXT_WM_DELETE        "&Delete"
+#define TXT_WM_PAGES         "Pa&ges..."
+#define TXT_WM_TEXT_CHOICE   "Te&xt"
+#define TXT_WM_TEXT          "&Text:"
+#define TXT_WM_FONT          "&Font:"
+#define TXT_WM_SIZE          "Size:"
+#define TXT_WM_STYLE         "St&yle:"
+#define TXT_WM_ANGLE         "&Angle:"
+#define TXT_WM_ANGLE_RANGE   "[0 - 359 %s]"
+#define TXT_WM_COLOR         "Color:"
+#define TXT_WM_OUTLINE       "&Outline"
+#define TXT_WM_BITMAP_CHOICE "B&itmap"
+#define TXT_WM_BROWSE        "&Browse..."
+#define TXT_WM_SCALE         "S&cale:"
+#define TXT_WM_PALE          "&Paleness:"
+#define TXT_WM_TRANSPARENT   "P&rint over the page without covering it"
+#define TXT_WM_PLACE         "Position"
+#define TXT_WM_CENTRE        "Center on the page"
+#define TXT_WM_X             "Hori&zontal:"
+#define TXT_WM_Y             "&Vertical:"
+
+/* Pages with watermarks */
+#define TXT_PAGES           "Watermark pages"
+#define TXT_PAGES_ALL       "A&ll pages"
+#define TXT_PAGES_FIRST     "&First page only"
+#define TXT_PAGES_SECOND    "From the &second page on"
+#define TXT_PAGES_LIST_MODE "&Page by page"
+#define TXT_PAGES_LIST      "Assig&ned pages:"
+#define TXT_PAGES_ADD       "&Add"
+#define TXT_PAGES_REMOVE    "&Remove"
+#define TXT_PAGES_PAGE      "Pag&e:"
+#define TXT_PAGES_NAME      "&Watermark:"
+
+/* Favorites tab */
+#define TXT_FAVOURITES_LIST       "Favori&tes:"
+#define TXT_FAVOURITES_SAVE_TEXT  "Save the current settings as a favorite"
+#define TXT_FAVOURITES_SAVE       "Sa&ve..."
+#define TXT_FAVOURITES_RESET_TEXT "Set all favorites back to the presets"
+#define TXT_FAVOURITES_RESET      "&Reset"
+
+/* Saving a favorite */
+#define TXT_SAVE      "Save favorite"
+#define TXT_SAVE_NAME "&Name:"
+#define TXT_SAVE_ICON "&Icon:"
+#define TXT_SAVE_SLOT "&Replace:"
+
+/* Menu of a right click; the code takes its text from the string table */
+#define TXT_WHATS_THIS "What's this?"

@@ -4,11 +4,11 @@
 #define IDC_SUPPORT_LINK    4236
 #define IDC_SUPPORT_TITLE   4231
 #define IDC_SUPPORT_TEXT    4246
-#define IDC_SUPPORT_GROUP   4241
+#define IDC_SUPPORT_OPEN    4241
 #define IDC_UPDATE_LINK     4252
 #define IDC_UPDATE_TITLE    4257
 #define IDC_UPDATE_TEXT     4254
-#define IDC_UPDATE_GROUP    4253
+#define IDC_UPDATE_OPEN     4253
 #define IDC_SHOW_SUMMARY    4258 /* opens IDD_SUMMARY_TEXT */
 #define IDC_SUPPORT_VERSION 4228
 #define IDC_SUPPORT_DATE    4227
@@ -17,3 +17,11 @@
 #define IDC_SUPPORT_PANEL   4223
 #define IDC_SUPPORT_MAKER   4224
 #define IDC_SUPPORT_PRODUCT 4226
+
+/* Around the links; the areas answer clicks like the links */
+#define IDC_SUPPORT_GROUP     4247
+#define IDC_SUPPORT_LINK_LINE 4248
+#define IDC_SUPPORT_AREA      4259
+#define IDC_UPDATE_GROUP      4255
+#define IDC_UPDATE_LINK_LINE  4256
+#define IDC_UPDATE_AREA       4260

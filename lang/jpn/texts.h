@@ -114,3 +114,121 @@
 #define TXT_PARAMETER_NEW      "新しい値(&N):"
 #define TXT_PARAMETER_SET      "設定(&S)"
 #define TXT_PARAMETER_RESET    "初期値(&R)"
+
+/* Version page */
+#define TXT_VERSION           "バージョン情報"
+#define TXT_VERSION_COPYRIGHT "Copyright 2009 Velmora"
+#define TXT_VERSION_RIGHTS    "All rights reserved"
+
+/* Support and version */
+#define TXT_SUPPORT         "サポート情報"
+#define TXT_SUPPORT_PRODUCT "Velmora プリンタードライバー"
+#define TXT_SUPPORT_MODEL   "機種:"
+#define TXT_SUPPORT_LINK    "サポートサイト(&U)"
+#define TXT_SUPPORT_OPEN    "サポートサイトを開く"
+#define TXT_UPDATE_LINK     "消耗品(&I)"
+#define TXT_UPDATE_OPEN     "消耗品サイトを開く"
+#define TXT_SUPPORT_SUMMARY "印刷設定の確認(&S)..."
+
+/* Settings as text */
+#define TXT_SUMMARY_TEXT "現在の印刷設定"
+
+/* User-defined paper sizes */
+#define TXT_USER_PAPER     "ユーザー定義サイズ"
+#define TXT_USER_NAME      "名前(&N):"
+#define TXT_USER_SAVE      "登録(&S)"
+#define TXT_USER_DELETE    "削除(&D)"
+#define TXT_USER_WIDTH     "幅(&W):"
+#define TXT_USER_LENGTH    "長さ(&L):"
+#define TXT_USER_UNIT      "単位:"
+#define TXT_UNIT_MM        "mm(&M)"
+#define TXT_UNIT_INCH      "インチ(&C)"
+#define TXT_USER_THICKNESS "用紙の厚さ(&T):"
+
+/* Duplex settings */
+#define TXT_DUPLEX              "両面印刷設定"
+#define TXT_DUPLEX_BOOKLET      "小冊子印刷(&K)"
+#define TXT_DUPLEX_TYPE         "とじ方"
+#define TXT_DUPLEX_OFFSET       "とじしろ(&I)"
+#define TXT_DUPLEX_OFFSET_VALUE "幅(&O):"
+
+/* Color settings; the adjustments also stand in the dialog with scroll bars */
+#define TXT_COLOR_SETTINGS  "カラー設定"
+#define TXT_ENHANCEMENT     "色調整(&E)"
+#define TXT_BRIGHTNESS      "明るさ(&B):"
+#define TXT_CONTRAST        "コントラスト(&C):"
+#define TXT_RED             "赤(&R):"
+#define TXT_GREEN           "緑(&G):"
+#define TXT_BLUE            "青(&L):"
+#define TXT_SATURATION      "彩度(&S):"
+#define TXT_WHITE_BALANCE   "白バランス(&W):"
+#define TXT_BIDIRECTIONAL   "双方向印刷(&I)"
+#define TXT_IMPROVE_PATTERN "パターン印刷の改善(&P)"
+#define TXT_CUSTOM_COLOR    "カラー詳細調整"
+#define TXT_CUSTOM_SETTINGS "詳細設定(&T)"
+#define TXT_DETAIL          "精細さ(&A):"
+
+/* Color matching */
+#define TXT_COLOR_MATCHING     "カラーマッチング"
+#define TXT_HALFTONE_GROUP     "階調表現"
+#define TXT_MATCHING_DIFFUSION "誤差拡散(&E)"
+#define TXT_MATCHING_DITHER    "ディザ(&R)"
+#define TXT_MATCHING_GROUP     "マッチング"
+#define TXT_MATCHING_MONITOR   "モニターの色に合わせる(&M)"
+#define TXT_MATCHING_FIRST     "写真向き(&P)"
+#define TXT_MATCHING_SECOND    "グラフィックス向き(&G)"
+
+/* Watermarks */
+#define TXT_WATERMARK        "スタンプマーク設定"
+#define TXT_WM_LIST          "スタンプマーク(&W):"
+#define TXT_WM_NAME          "名前(&M):"
+#define TXT_WM_NEW           "新規(&N)"
+#define TXT_WM_SAVE          "登録(&S)"
+#define TXT_WM_DELETE        "削除(&D)"
+#define TXT_WM_PAGES         "ページ(&G)..."
+#define TXT_WM_TEXT_CHOICE   "文字(&X)"
+#define TXT_WM_TEXT          "文字列(&T):"
+#define TXT_WM_FONT          "フォント(&F):"
+#define TXT_WM_SIZE          "サイズ(&Z):"
+#define TXT_WM_STYLE         "スタイル(&Y):"
+#define TXT_WM_ANGLE         "角度(&A):"
+#define TXT_WM_ANGLE_RANGE   "[0 - 359 %s]"
+#define TXT_WM_COLOR         "色:"
+#define TXT_WM_OUTLINE       "輪郭(&O)"
+#define TXT_WM_BITMAP_CHOICE "ビットマップ(&E)"
+#define TXT_WM_BROWSE        "参照(&B)..."
+#define TXT_WM_SCALE         "倍率(&C):"
+#define TXT_WM_PALE          "薄さ(&P):"
+#define TXT_WM_TRANSPARENT   "文書に重ねて印刷する(&R)"
+#define TXT_WM_PLACE         "位置"
+#define TXT_WM_CENTRE        "ページの中央に配置する(&Q)"
+#define TXT_WM_X             "横(&J):"
+#define TXT_WM_Y             "縦(&V):"
+
+/* Pages with watermarks */
+#define TXT_PAGES           "スタンプマークのページ指定"
+#define TXT_PAGES_ALL       "すべてのページ(&L)"
+#define TXT_PAGES_FIRST     "先頭ページのみ(&F)"
+#define TXT_PAGES_SECOND    "2ページ目以降(&S)"
+#define TXT_PAGES_LIST_MODE "ページごとに指定(&P)"
+#define TXT_PAGES_LIST      "指定したページ(&G):"
+#define TXT_PAGES_ADD       "追加(&A)"
+#define TXT_PAGES_REMOVE    "削除(&R)"
+#define TXT_PAGES_PAGE      "ページ(&E):"
+#define TXT_PAGES_NAME      "スタンプマーク(&W):"
+
+/* Favorites tab */
+#define TXT_FAVOURITES_LIST       "お気に入り(&L):"
+#define TXT_FAVOURITES_SAVE_TEXT  "現在の設定をお気に入りに登録します。"
+#define TXT_FAVOURITES_SAVE       "登録(&V)..."
+#define TXT_FAVOURITES_RESET_TEXT "お気に入りをすべて初期状態に戻します。"
+#define TXT_FAVOURITES_RESET      "初期化(&R)"
+
+/* Saving a favorite */
+#define TXT_SAVE      "お気に入りの登録"
+#define TXT_SAVE_NAME "名前(&N):"
+#define TXT_SAVE_ICON "アイコン(&I):"
+#define TXT_SAVE_SLOT "登録先(&R):"
+
+/* Menu of a right click; the code takes its text from the string table */
+#define TXT_WHATS_THIS "ヘルプ"

@@ -1,0 +1,114 @@
+#include "tools/langcheck/fit.h"
+
+#include <algorithm>
+
+#include "tools/langcheck/controls.h"
+
+namespace langcheck {
+namespace {
+
+/// What a control keeps from its text, in pixels of a 96 dpi display: both sides together.
+int Margin(const Control& control)
+{
+    switch (KindOf(control)) {
+    case Kind::pushButton:
+        return 10;
+    case Kind::checkBox:
+    case Kind::radioButton:
+        return 13 + 4; // box, gap
+    case Kind::groupBox:
+        return 2 * 9;
+    case Kind::comboBox:
+        return 17 + 2 * 4; // arrow, borders
+    case Kind::listBox:
+        return 17 + 2 * 2; // scroll bar, borders
+    default:
+        return 0;
+    }
+}
+
+bool Wraps(const Control& control)
+{
+    const Kind kind = KindOf(control);
+    const DWORD type = control.style & SS_TYPEMASK;
+    return (kind == Kind::text && type <= SS_RIGHT && !(control.style & SS_CENTERIMAGE)) ||
+           (kind != Kind::text && control.style & BS_MULTILINE);
+}
+
+int Scale(int value, int factor, int divisor) { return (value * factor + divisor / 2) / divisor; }
+
+struct Room
+{
+    int width, height;
+};
+
+Room RoomOf(const Control& control, const Meter& meter, int indent)
+{
+    const int margin = Scale(Margin(control) + indent, meter.dpi, 96);
+    return {Scale(control.box.width, meter.base.width, 4) - margin,
+            Scale(control.box.height, meter.base.height, 8)};
+}
+
+/// Pixels that the text needs beyond its control; nothing when it fits.
+Extent Excess(const Control& control, WideView text, const Meter& meter, int indent)
+{
+    const Room room = RoomOf(control, meter, indent);
+    const Extent need = meter.size(text, Wraps(control) ? std::max(room.width, 1) : 0);
+    const bool heightCounts = KindOf(control) == Kind::text && !(control.style & SS_CENTERIMAGE);
+    return {std::max(need.width - room.width, 0), heightCounts ? std::max(need.height - room.height, 0) : 0};
+}
+
+void CheckText(const Language& language, const Dialog& dialog, const Control& control, WideView text,
+               const Meter& meter, int indent, Findings& findings)
+{
+    if (text.empty())
+        return;
+    const Extent excess = Excess(control, text, meter, indent);
+    if (excess.width || excess.height)
+        findings.push_back(PlaceOf(language, dialog, control) + "no room for '" + Narrow(text) + "' at " +
+                           std::to_string(meter.dpi) + " dpi, " + std::to_string(excess.width) + " x " +
+                           std::to_string(excess.height) + " pixels missing");
+}
+
+WideString TextOf(const Language& language, unsigned id)
+{
+    const auto found = language.strings.find(id);
+    return found == language.strings.end() ? WideString() : found->second;
+}
+
+void CheckFilling(const Language& language, const Filling& row, const Meter& meter, Findings& findings)
+{
+    const Dialog* dialog = language.Find(row.dialog);
+    if (!dialog)
+        return;
+    const auto control = std::find_if(dialog->controls.begin(), dialog->controls.end(),
+                                      [&](const Control& candidate) { return candidate.id == row.control; });
+    if (control == dialog->controls.end())
+        return;
+    const WideString start = row.label ? TextOf(language, row.label) + row.separator : WideString();
+    for (unsigned id = row.first; id <= row.last; ++id) {
+        const WideString text = TextOf(language, id);
+        if (text.empty())
+            continue;
+        Control filled = *control;
+        filled.text = start + text;
+        CheckText(language, *dialog, filled, ShownText(filled), meter, row.indent, findings);
+    }
+}
+
+} // namespace
+
+void CheckFit(const Language& language, const Facts& facts, const Meter& meter, Findings& findings)
+{
+    for (const Dialog& dialog : language.dialogs) {
+        for (const Control& control : dialog.controls) {
+            const Kind kind = KindOf(control);
+            if (kind != Kind::picture && kind != Kind::frame)
+                CheckText(language, dialog, control, ShownText(control), meter, 0, findings);
+        }
+    }
+    for (const Filling& row : facts.fillings)
+        CheckFilling(language, row, meter, findings);
+}
+
+} // namespace langcheck

@@ -1,0 +1,89 @@
+// langcheck: finds what is wrong with compiled language modules before a user does.
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tools/langcheck/checks.h"
+
+namespace {
+
+using namespace langcheck;
+
+constexpr char kUsage[] =
+    "Usage: langcheck [--ids HEADER]... NAME=FILE.res...\n"
+    "Checks compiled language modules against the headers that name their texts, dialogs and controls.\n"
+    "Prints a line a fault. Exit status: 0 none found, 1 faults found, 2 wrong usage or an unreadable "
+    "file.\n";
+
+enum Exit
+{
+    kSound,
+    kFaults,
+    kUnusable
+};
+
+bool Load(const std::string& path, Bytes& bytes)
+{
+    std::ifstream file(path, std::ios::binary);
+    bytes.assign(std::istreambuf_iterator<char>(file), {});
+    return file.good() || file.eof();
+}
+
+int Complain(const std::string& what)
+{
+    std::fprintf(stderr, "langcheck: %s\n", what.c_str());
+    return kUnusable;
+}
+
+void Check(const Language& language, const Ids& ids, Findings& findings)
+{
+    const Facts& facts = ProductFacts();
+    CheckPresence(language, ids, findings);
+    CheckPlaces(language, ids, findings);
+    CheckMnemonics(language, facts, findings);
+    CheckPlacement(language, facts, findings);
+    CheckButtonRows(language, facts, findings);
+    CheckTabStops(language, findings);
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    Ids ids;
+    std::vector<Language> languages;
+    for (int i = 1; i < count; ++i) {
+        const std::string argument = arguments[i];
+        Bytes bytes;
+        if (argument == "--help")
+            return std::fputs(kUsage, stdout) < 0 ? kUnusable : kSound;
+        if (argument == "--ids" && i + 1 < count) {
+            if (!Load(arguments[++i], bytes))
+                return Complain(std::string("cannot read ") + arguments[i]);
+            ReadIds(std::string(bytes.begin(), bytes.end()), ids);
+            continue;
+        }
+        const size_t sign = argument.find('=');
+        if (sign == std::string::npos)
+            return std::fputs(kUsage, stderr), kUnusable;
+        Language language;
+        language.name = argument.substr(0, sign);
+        std::string complaint;
+        if (!Load(argument.substr(sign + 1), bytes) || bytes.empty())
+            return Complain("cannot read " + argument.substr(sign + 1));
+        if (!ReadLanguage(bytes, language, complaint))
+            return Complain(argument.substr(sign + 1) + ": " + complaint);
+        languages.push_back(std::move(language));
+    }
+    if (languages.empty())
+        return std::fputs(kUsage, stderr), kUnusable;
+
+    Findings findings;
+    for (const Language& language : languages)
+        Check(language, ids, findings);
+    for (const std::string& finding : findings)
+        std::printf("%s\n", finding.c_str());
+    return findings.empty() ? kSound : kFaults;
+}
