@@ -4,8 +4,13 @@
 #include "lang/ids/basic_tab.h"
 #include "lang/ids/device_options.h"
 #include "lang/ids/dialogs.h"
+#include "lang/ids/duplex.h"
+#include "lang/ids/favourites.h"
 #include "lang/ids/main_dialog.h"
 #include "lang/ids/strings.h"
+#include "lang/ids/support.h"
+#include "lang/ids/user_paper.h"
+#include "lang/ids/watermark.h"
 
 namespace langcheck {
 
@@ -58,6 +63,18 @@ const Facts& ProductFacts()
          {options, IDC_TIME_FORMAT, IDS_TIME_24, IDS_TIME_NONE},
          {options, IDC_TIME_FORMAT, IDS_OWN_TIME1, IDS_OWN_TIME3},
          {options, IDC_OPTION_LIST, IDS_OPTION_DATE, IDS_OPTION_PRINT_ORDER, 0, TEXT(""), 10},
+         {IDD_DUPLEX, IDC_DUPLEX_TYPE, IDS_BIND_LEFT, IDS_BIND_BOTTOM},
+         {IDD_DUPLEX, IDC_DUPLEX_TYPE_LAST, IDS_BIND_MIXED_LEFT, IDS_BIND_MIXED_RIGHT},
+         {IDD_USER_PAPER, IDC_THICKNESS, IDS_THICKNESS_REGULAR, IDS_THICKNESS_ENVELOPE},
+         {IDD_WATERMARK, IDC_WM_STYLE, IDS_STYLE_REGULAR, IDS_STYLE_BOLD_ITALIC},
+         {IDD_WATERMARK, IDC_WM_COLOR, IDS_WATERMARK_COLOR, IDS_WATERMARK_COLOR},
+         {IDD_WATERMARK_PAGES, IDC_PAGES_PAGE, IDS_WATERMARK_OTHER_PAGES, IDS_WATERMARK_OTHER_PAGES},
+         {IDD_WATERMARK_PAGES, IDC_PAGES_NAME, IDS_WATERMARK_NONE, IDS_WATERMARK_NONE},
+         {IDD_FAVOURITES, IDC_FAVOURITES, IDS_FAVOURITE_NONE, IDS_FAVOURITE_CUSTOM, 0, TEXT(""), 28},
+         {IDD_SAVE_FAVOURITE, IDC_SLOT_LIST, IDS_FAVOURITE_STANDARD, IDS_FAVOURITE_CUSTOM, 0, TEXT(""), 28},
+         {IDD_SUPPORT, IDC_SUPPORT_TEXT, IDS_SUPPORT_LINK3, IDS_SUPPORT_LINK3, IDS_SUPPORT_LINK2},
+         {IDD_SUPPORT, IDC_UPDATE_TEXT, IDS_UPDATE_LINK3, IDS_UPDATE_LINK3, IDS_UPDATE_LINK2},
+         {options, IDC_PARAMETER_NAME, IDS_PARAMETER_NO_WEB_LINK, IDS_PARAMETER_NO_FAVOURITES},
          {options, IDC_OPTION_LIST, IDS_OPTION_PARAMETERS, IDS_OPTION_PARAMETERS, 0, TEXT(""), 10}}};
     return facts;
 }

@@ -35,7 +35,10 @@ bool Wraps(const Control& control)
            (kind != Kind::text && control.style & BS_MULTILINE);
 }
 
-int Scale(int value, int factor, int divisor) { return (value * factor + divisor / 2) / divisor; }
+int Scale(int value, int factor, int divisor)
+{
+    return (value * factor + divisor / 2) / divisor;
+}
 
 struct Room
 {
@@ -103,7 +106,7 @@ void CheckFit(const Language& language, const Facts& facts, const Meter& meter, 
     for (const Dialog& dialog : language.dialogs) {
         for (const Control& control : dialog.controls) {
             const Kind kind = KindOf(control);
-            if (kind != Kind::picture && kind != Kind::frame)
+            if (kind != Kind::picture && kind != Kind::frame && kind != Kind::other)
                 CheckText(language, dialog, control, ShownText(control), meter, 0, findings);
         }
     }

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/langcheck/checks.h"
+#include "host/host.h"
+#include "tools/langcheck/gdi_meter.h"
 
 namespace {
 
@@ -35,6 +36,27 @@ int Complain(const std::string& what)
 {
     std::fprintf(stderr, "langcheck: %s\n", what.c_str());
     return kUnusable;
+}
+
+/// The dialogs' font, and the displays on which nothing may be cut off.
+constexpr WCHAR kFace[] = TEXT("MS Shell Dlg");
+constexpr int kPoints = 8;
+constexpr int kDisplays[] = {96, 120, 144};
+
+bool CheckRoom(const Language& language, const Facts& facts, Findings& findings)
+{
+    for (const Dialog& dialog : language.dialogs) {
+        if (dialog.face != kFace || dialog.points != kPoints)
+            findings.push_back(language.name + ", dialog " + std::to_string(dialog.id) +
+                               ": not in the dialogs' font");
+    }
+    for (const int dpi : kDisplays) {
+        const auto meter = MakeGdiMeter(kFace, kPoints, dpi);
+        if (!meter)
+            return false;
+        CheckFit(language, facts, *meter, findings);
+    }
+    return true;
 }
 
 void Check(const Language& language, const Ids& ids, Findings& findings)
@@ -80,9 +102,15 @@ int main(int count, char** arguments)
     if (languages.empty())
         return std::fputs(kUsage, stderr), kUnusable;
 
+    if (!host::Open({":memory:"}, nullptr))
+        return Complain("the platform layer does not open");
     Findings findings;
-    for (const Language& language : languages)
+    for (const Language& language : languages) {
         Check(language, ids, findings);
+        if (!CheckRoom(language, ProductFacts(), findings))
+            return Complain("texts cannot be measured");
+    }
+    host::Close();
     for (const std::string& finding : findings)
         std::printf("%s\n", finding.c_str());
     return findings.empty() ? kSound : kFaults;
