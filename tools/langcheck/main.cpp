@@ -13,7 +13,7 @@ namespace {
 using namespace langcheck;
 
 constexpr char kUsage[] =
-    "Usage: langcheck [--ids HEADER]... NAME=FILE.res...\n"
+    "Usage: langcheck [--ids=HEADER]... NAME=FILE.res...\n"
     "Checks compiled language modules against the headers that name their texts, dialogs and controls.\n"
     "Prints a line a fault. Exit status: 0 none found, 1 faults found, 2 wrong usage or an unreadable "
     "file.\n";
@@ -32,7 +32,7 @@ bool Load(const std::string& path, Bytes& bytes)
     return file.good() || file.eof();
 }
 
-int Complain(const std::string& what)
+Exit Complain(const std::string& what)
 {
     std::fprintf(stderr, "langcheck: %s\n", what.c_str());
     return kUnusable;
@@ -59,7 +59,7 @@ bool CheckRoom(const Language& language, const Facts& facts, Findings& findings)
     return true;
 }
 
-void Check(const Language& language, const Ids& ids, Findings& findings)
+bool Check(const Language& language, const Ids& ids, Findings& findings)
 {
     const Facts& facts = ProductFacts();
     CheckPresence(language, ids, findings);
@@ -68,6 +68,43 @@ void Check(const Language& language, const Ids& ids, Findings& findings)
     CheckPlacement(language, facts, findings);
     CheckButtonRows(language, facts, findings);
     CheckTabStops(language, findings);
+    return CheckRoom(language, facts, findings);
+}
+
+/// Takes one argument, "--ids=HEADER" or "NAME=FILE.res".
+bool Take(const std::string& argument, Ids& ids, std::vector<Language>& languages, std::string& complaint)
+{
+    const size_t sign = argument.find('=');
+    const std::string name = argument.substr(0, sign), path = argument.substr(sign + 1);
+    Bytes bytes;
+    if (!Load(path, bytes) || bytes.empty()) {
+        complaint = "cannot read " + path;
+        return false;
+    }
+    if (name == "--ids") {
+        ReadIds(std::string(bytes.begin(), bytes.end()), ids);
+        return true;
+    }
+    languages.emplace_back().name = name;
+    if (ReadLanguage(bytes, languages.back(), complaint))
+        return true;
+    complaint = path + ": " + complaint;
+    return false;
+}
+
+Exit Run(const std::vector<Language>& languages, const Ids& ids)
+{
+    if (!host::Open({":memory:"}, nullptr))
+        return Complain("the platform layer does not open");
+    Findings findings;
+    for (const Language& language : languages) {
+        if (!Check(language, ids, findings))
+            return Complain("texts cannot be measured");
+    }
+    host::Close();
+    for (const std::string& finding : findings)
+        std::printf("%s\n", finding.c_str());
+    return findings.empty() ? kSound : kFaults;
 }
 
 } // namespace
@@ -78,40 +115,15 @@ int main(int count, char** arguments)
     std::vector<Language> languages;
     for (int i = 1; i < count; ++i) {
         const std::string argument = arguments[i];
-        Bytes bytes;
-        if (argument == "--help")
-            return std::fputs(kUsage, stdout) < 0 ? kUnusable : kSound;
-        if (argument == "--ids" && i + 1 < count) {
-            if (!Load(arguments[++i], bytes))
-                return Complain(std::string("cannot read ") + arguments[i]);
-            ReadIds(std::string(bytes.begin(), bytes.end()), ids);
-            continue;
-        }
-        const size_t sign = argument.find('=');
-        if (sign == std::string::npos)
-            return std::fputs(kUsage, stderr), kUnusable;
-        Language language;
-        language.name = argument.substr(0, sign);
         std::string complaint;
-        if (!Load(argument.substr(sign + 1), bytes) || bytes.empty())
-            return Complain("cannot read " + argument.substr(sign + 1));
-        if (!ReadLanguage(bytes, language, complaint))
-            return Complain(argument.substr(sign + 1) + ": " + complaint);
-        languages.push_back(std::move(language));
+        if (argument == "--help") {
+            std::fputs(kUsage, stdout);
+            return kSound;
+        }
+        if (argument.find('=') == std::string::npos)
+            return Complain("not NAME=FILE: " + argument + "\n" + kUsage);
+        if (!Take(argument, ids, languages, complaint))
+            return Complain(complaint);
     }
-    if (languages.empty())
-        return std::fputs(kUsage, stderr), kUnusable;
-
-    if (!host::Open({":memory:"}, nullptr))
-        return Complain("the platform layer does not open");
-    Findings findings;
-    for (const Language& language : languages) {
-        Check(language, ids, findings);
-        if (!CheckRoom(language, ProductFacts(), findings))
-            return Complain("texts cannot be measured");
-    }
-    host::Close();
-    for (const std::string& finding : findings)
-        std::printf("%s\n", finding.c_str());
-    return findings.empty() ? kSound : kFaults;
+    return languages.empty() ? Complain(std::string("no language module\n") + kUsage) : Run(languages, ids);
 }
