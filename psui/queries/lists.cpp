@@ -1,9 +1,10 @@
 #include "psui/queries/lists.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
-#include "lang/ids/strings.h"
+#include "lang/ids/papers.h"
 #include "psui/base/module.h"
 #include "psui/model/queries.h"
 #include "psui/settings/language.h"
@@ -18,53 +19,20 @@ struct KeywordString
     UINT stringId;
     uint32_t hash; ///< as in ModelOption::nameHash
 
+    constexpr KeywordString() : stringId(0), hash(0) {}
     constexpr KeywordString(std::string_view word, UINT id)
         : keyword(word), stringId(id), hash(NameHash(word))
     {
     }
 };
 
-constexpr KeywordString kPaperNames[] = {
-    {"A4", IDS_PAPER_A4},
-    {"Letter", IDS_PAPER_LETTER},
-    {"Legal", IDS_PAPER_LEGAL},
-    {"Executive", IDS_PAPER_EXECUTIVE},
-    {"B5JIS", IDS_PAPER_B5JIS},
-    {"A5", IDS_PAPER_A5},
-    {"A6", IDS_PAPER_A6},
-    {"Post_Card", IDS_PAPER_POST_CARD},
-    {"Index_Card", IDS_PAPER_INDEX_CARD},
-    {"Photo_L", IDS_PAPER_PHOTO_L},
-    {"Photo_2L", IDS_PAPER_PHOTO_2L},
-    {"HAGAKI", IDS_PAPER_HAGAKI},
-    {"W_HAGAKI", IDS_PAPER_W_HAGAKI},
-    {"C5", IDS_PAPER_C5},
-    {"Com10", IDS_PAPER_COM10},
-    {"DL", IDS_PAPER_DL},
-    {"Monarch", IDS_PAPER_MONARCH},
-    {"JE4", IDS_PAPER_JE4},
-    {"User", IDS_PAPER_USER},
-    {"A3", IDS_PAPER_A3},
-    {"Ledger", IDS_PAPER_LEDGER},
-    {"B4JIS", IDS_PAPER_B4JIS},
-    {"A3_SG", IDS_PAPER_A3_SG},
-    {"Ledger_SG", IDS_PAPER_LEDGER_SG},
-    {"B4JIS_SG", IDS_PAPER_B4JIS_SG},
-    {"A4_BL", IDS_PAPER_A4_BL},
-    {"Letter_BL", IDS_PAPER_LETTER_BL},
-    {"A6_BL", IDS_PAPER_A6_BL},
-    {"Post_Card_BL", IDS_PAPER_POST_CARD_BL},
-    {"Index_Card_BL", IDS_PAPER_INDEX_CARD_BL},
-    {"Photo_L_BL", IDS_PAPER_PHOTO_L_BL},
-    {"Photo_2L_BL", IDS_PAPER_PHOTO_2L_BL},
-    {"HAGAKI_BL", IDS_PAPER_HAGAKI_BL},
-    {"A3_BL", IDS_PAPER_A3_BL},
-    {"Ledger_BL", IDS_PAPER_LEDGER_BL},
-    {"B4JIS_BL", IDS_PAPER_B4JIS_BL},
-    {"A3_BL_SG", IDS_PAPER_A3_BL_SG},
-    {"Ledger_BL_SG", IDS_PAPER_LEDGER_BL_SG},
-    {"B4JIS_BL_SG", IDS_PAPER_B4JIS_BL_SG},
-};
+constexpr auto kPaperNames = [] {
+    std::array<KeywordString, std::size(lang::kNamedPapers)> names;
+    std::transform(
+        std::begin(lang::kNamedPapers), std::end(lang::kNamedPapers), names.begin(),
+        [](const lang::NamedPaper& paper) { return KeywordString(paper.keyword, paper.stringId); });
+    return names;
+}();
 
 constexpr KeywordString kBinNames[] = {
     {"Feeder", IDS_BIN_AUTO},

@@ -42,10 +42,15 @@ TEST(DocumentEvent, MarksTheContextFromItsCreationToItsDeletion)
 
 TEST(DocumentEvent, AsksTheMonitorToPopUpWhenADocumentStarts)
 {
-    const test::World world;
-    const test::Printer printer(u"P1", test::kEmptyModel);
-    psui::HandleDocumentEvent(printer.handle(), nullptr, 5);
-    EXPECT_NE(GlobalFindAtomW(TEXT("VMSTSWIN-POPUPONPRINT P1")), 0);
+    const std::u16string prefix = u"VMSTSWIN-POPUPONPRINT ";
+    for (const std::u16string& name :
+         {std::u16string(u"P1"), std::u16string(u"%s%n"), std::u16string(u"\"[a=b];\""),
+          std::u16string(u"half \xD83D"), std::u16string(u"tab\tline\n"), std::u16string(220, u'n')}) {
+        const test::World world;
+        const test::Printer printer(name, test::kEmptyModel);
+        psui::HandleDocumentEvent(printer.handle(), nullptr, 5);
+        EXPECT_NE(GlobalFindAtomW((prefix + name).c_str()), 0) << testing::PrintToString(name);
+    }
 }
 
 TEST(DocumentEvent, DoesNothingForAnyOtherEvent)

@@ -1,4 +1,6 @@
 // What applications and the spooler ask about a job.
+#include <thread>
+
 #include "tests/psuictl/psuictl_run.h"
 
 namespace {
@@ -114,6 +116,38 @@ TEST_F(JobCommands, ShowWhatTheMonitorIsTold)
     EXPECT_NE(Output({"host", "show"}).find("LODESTAT.EXE 1"), std::string::npos);
     EXPECT_NE(Output({"monitor", "P"}).find("0x104: 3 10"), std::string::npos);
     EXPECT_EQ(Run({"monitor", "Q"}).code, 1);
+}
+
+// The settings file is one for all printers, and every process writes it key by key.
+TEST_F(JobCommands, LoseNothingWhenManyProcessesTellTheMonitorAtOnce)
+{
+    constexpr int kPrinters = 6, kRounds = 4;
+    Set("bStatusMonitor=1", "monitored.dm");
+    std::string file = "[LODESTAT]\r\nPrinter=Another\r\n";
+    for (int i = 0; i < kPrinters; ++i) {
+        const std::string name = "P" + std::to_string(i);
+        Output({"printer", "add", name, "--model", "palette310.ppd"});
+        file += "[" + name + "]\r\nOwn=" + name + "\r\n";
+    }
+    for (int round = 0; round < kRounds; ++round) {
+        WriteText(SettingsFile(), file);
+        std::vector<std::thread> threads;
+        for (int i = 0; i < kPrinters; ++i)
+            threads.emplace_back([this, i] {
+                const std::string name = "P" + std::to_string(i);
+                EXPECT_EQ(Run({"record", "merge", name, "monitored.dm", "-o", name + ".dm"}).code, 0);
+            });
+        for (std::thread& thread : threads)
+            thread.join();
+        for (int i = 0; i < kPrinters; ++i) {
+            nlohmann::json section = JsonOutput({"monitor", "P" + std::to_string(i)})["section"];
+            section.erase("Model"); // only of printers that the monitor did not show before
+            EXPECT_EQ(section,
+                      nlohmann::json(
+                          {{"Own", "P" + std::to_string(i)}, {"Lang", "ENG"}, {"New", "1"}, {"Proc", "1"}}))
+                << "round " << round;
+        }
+    }
 }
 
 } // namespace

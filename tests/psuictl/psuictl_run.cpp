@@ -5,6 +5,7 @@
 #include <stdlib.h>
 #include <sys/wait.h>
 
+#include <atomic>
 #include <fstream>
 #include <sstream>
 
@@ -12,11 +13,12 @@ extern char** environ;
 
 namespace {
 
-int Spawn(const std::filesystem::path& folder, std::vector<std::string> words)
+/// The program's standard streams are the files `streams`.in, .out and .err.
+int Spawn(const std::filesystem::path& folder, const std::string& streams, std::vector<std::string> words)
 {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    const std::string in = folder / "stdin", out = folder / "stdout", err = folder / "stderr";
+    const std::string in = streams + ".in", out = streams + ".out", err = streams + ".err";
     posix_spawn_file_actions_addopen(&actions, 0, in.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
@@ -75,10 +77,12 @@ PsuictlTest::~PsuictlTest()
 
 Outcome PsuictlTest::Run(std::vector<std::string> arguments, const std::string& input) const
 {
-    WriteText(folder_ / "stdin", input);
+    static std::atomic<int> runs = 0;
+    const std::string streams = folder_ / ("run" + std::to_string(++runs));
+    WriteText(streams + ".in", input);
     arguments.insert(arguments.begin(), {PSUI_PRODUCT_DIR "/psuictl", "--root", folder_ / "root"});
-    const int code = Spawn(folder_, std::move(arguments));
-    return {code, ReadText(folder_ / "stdout"), ReadText(folder_ / "stderr")};
+    const int code = Spawn(folder_, streams, std::move(arguments));
+    return {code, ReadText(streams + ".out"), ReadText(streams + ".err")};
 }
 
 std::string PsuictlTest::Output(const std::vector<std::string>& arguments, const std::string& input) const

@@ -29,6 +29,7 @@ protected:
     PsuictlTest();
     ~PsuictlTest() override;
 
+    /// May be called on several threads at once.
     Outcome Run(std::vector<std::string> arguments, const std::string& input = "") const;
 
     /// Runs what has to succeed, and returns its standard output.

@@ -1,8 +1,9 @@
 #include "tools/psuictl/record_words.h"
 
 #include <algorithm>
+#include <array>
 
-#include "lang/ids/strings.h"
+#include "lang/ids/papers.h"
 #include "tools/psuictl/library.h"
 #include "tools/psuictl/record_value.h"
 
@@ -11,51 +12,18 @@ namespace {
 
 struct NameRow
 {
-    int code;
-    unsigned stringId;
+    int code = 0;
+    unsigned stringId = 0;
 };
 
-constexpr NameRow kPapers[] = {
-    {1, IDS_PAPER_LETTER},
-    {3, IDS_PAPER_LEDGER},
-    {5, IDS_PAPER_LEGAL},
-    {7, IDS_PAPER_EXECUTIVE},
-    {8, IDS_PAPER_A3},
-    {9, IDS_PAPER_A4},
-    {11, IDS_PAPER_A5},
-    {12, IDS_PAPER_B4JIS},
-    {13, IDS_PAPER_B5JIS},
-    {20, IDS_PAPER_COM10},
-    {27, IDS_PAPER_DL},
-    {28, IDS_PAPER_C5},
-    {37, IDS_PAPER_MONARCH},
-    {43, IDS_PAPER_HAGAKI},
-    {70, IDS_PAPER_A6},
-    {82, IDS_PAPER_W_HAGAKI},
-    {91, IDS_PAPER_JE4},
-    {256, IDS_PAPER_USER},
-    {265, IDS_PAPER_POST_CARD},
-    {266, IDS_PAPER_INDEX_CARD},
-    {272, IDS_PAPER_PHOTO_L},
-    {273, IDS_PAPER_PHOTO_2L},
-    {274, IDS_PAPER_A4_BL},
-    {275, IDS_PAPER_LETTER_BL},
-    {276, IDS_PAPER_A6_BL},
-    {277, IDS_PAPER_HAGAKI_BL},
-    {278, IDS_PAPER_PHOTO_L_BL},
-    {279, IDS_PAPER_PHOTO_2L_BL},
-    {280, IDS_PAPER_POST_CARD_BL},
-    {281, IDS_PAPER_INDEX_CARD_BL},
-    {283, IDS_PAPER_A3_BL},
-    {284, IDS_PAPER_B4JIS_BL},
-    {285, IDS_PAPER_LEDGER_BL},
-    {287, IDS_PAPER_A3_SG},
-    {288, IDS_PAPER_B4JIS_SG},
-    {289, IDS_PAPER_LEDGER_SG},
-    {290, IDS_PAPER_A3_BL_SG},
-    {291, IDS_PAPER_B4JIS_BL_SG},
-    {292, IDS_PAPER_LEDGER_BL_SG},
-};
+constexpr auto kPapers = [] {
+    std::array<NameRow, std::size(lang::kNamedPapers)> rows;
+    std::transform(std::begin(lang::kNamedPapers), std::end(lang::kNamedPapers), rows.begin(),
+                   [](const lang::NamedPaper& paper) {
+                       return NameRow{paper.id, paper.stringId};
+                   });
+    return rows;
+}();
 
 constexpr NameRow kMedia[] = {
     {1, IDS_MEDIA_PLAIN_PAPER},       {261, IDS_MEDIA_INKJET_PAPER},    {263, IDS_MEDIA_GLOSSY_C},
