@@ -32,6 +32,11 @@ DWORD StyleOf(HWND window)
     return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
 }
 
+bool HasStyle(HWND window, DWORD style)
+{
+    return (StyleOf(window) & style) != 0;
+}
+
 RECT ClientRectOf(HWND window)
 {
     RECT rect = {};

@@ -64,6 +64,8 @@ void NotifyParent(HWND control, WORD code);
 HBRUSH AskParentForColours(HWND control, HDC dc, UINT message);
 
 DWORD StyleOf(HWND window);
+/// Whether any of these style bits is set.
+bool HasStyle(HWND window, DWORD style);
 RECT ClientRectOf(HWND window);
 POINT PointOf(LPARAM lParam);
 std::basic_string<WCHAR> TextOf(HWND window);

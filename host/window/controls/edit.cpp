@@ -1,7 +1,6 @@
 #include "host/window/controls/edit.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "host/kernel/world.h"
 #include "host/window/controls/control.h"
@@ -12,15 +11,9 @@ namespace {
 constexpr WCHAR kUsualPassword = u'*';
 constexpr int kCaretWidth = 1;
 constexpr int kWheelLines = 3; // a notch of the mouse wheel
-constexpr WCHAR kDialogClass[] = TEXT("#32770");
 constexpr size_t kNoLimit = 0x7FFFFFFE;
 
 using View = std::u16string_view;
-
-bool Has(HWND window, DWORD style)
-{
-    return (StyleOf(window) & style) != 0;
-}
 
 char16_t LowerCase(char16_t unit)
 {
@@ -35,404 +28,6 @@ char16_t LowerCase(char16_t unit)
     return unit;
 }
 
-bool IsInDialog(HWND window)
-{
-    WCHAR name[std::size(kDialogClass) + 1] = {};
-    GetClassNameW(GetParent(window), name, static_cast<int>(std::size(name)));
-    return View(name) == kDialogClass;
-}
-
-// Changing the text
-
-/// Tells the parent of a change: before it is shown and afterwards.
-void TellChange(HWND window)
-{
-    NotifyParent(window, EN_UPDATE);
-    if (IsWindow(window))
-        NotifyParent(window, EN_CHANGE);
-}
-
-void ShowChange(HWND window, Edit& edit)
-{
-    edit.wishedX = -1;
-    RefreshLines(window, edit);
-    ScrollToCaret(window, edit);
-}
-
-/// As much of `added` in place of the selection as the limit and the room allow.
-EditText::Outcome InsertWhatFits(HWND window, const Edit& edit, EditText& text, View added, bool undoable)
-{
-    const EditText before = text;
-    EditText::Outcome outcome = text.Insert(added, undoable);
-    if (added.empty() || FitsWithoutScrolling(window, edit, text))
-        return outcome;
-    size_t fits = 0;
-    size_t tooMany = added.size();
-    while (fits + 1 < tooMany) {
-        const size_t middle = fits + (tooMany - fits) / 2;
-        EditText trial = before;
-        trial.Insert(added.substr(0, middle), undoable);
-        (FitsWithoutScrolling(window, edit, trial) ? fits : tooMany) = middle;
-    }
-    text = before;
-    if (fits == 0)
-        return {false, true};
-    outcome = text.Insert(added.substr(0, fits), undoable);
-    return {outcome.changed, true};
-}
-
-void Insert(HWND window, Edit& edit, View added, bool undoable = true)
-{
-    EditText changed = edit.text;
-    const EditText::Outcome outcome = InsertWhatFits(window, edit, changed, added, undoable);
-    if (outcome.changed) {
-        edit.text = std::move(changed);
-        ShowChange(window, edit);
-    }
-    if (outcome.cut)
-        NotifyParent(window, EN_MAXTEXT);
-    if (outcome.changed && IsWindow(window))
-        TellChange(window);
-}
-
-/// The selection, or what lies between the caret and `to`.
-void Erase(HWND window, Edit& edit, size_t to)
-{
-    if (!edit.text.Erase(to).changed)
-        return;
-    ShowChange(window, edit);
-    TellChange(window);
-}
-
-bool Undo(HWND window, Edit& edit)
-{
-    if (!edit.text.Undo())
-        return false;
-    ShowChange(window, edit);
-    TellChange(window);
-    return true;
-}
-
-// Clipboard
-
-void CopySelection(HWND window, const Edit& edit)
-{
-    if (!edit.text.HasSelection() || Has(window, ES_PASSWORD) || !OpenClipboard(window))
-        return;
-    const View selected = edit.text.Selected();
-    EmptyClipboard();
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, (selected.size() + 1) * sizeof(WCHAR));
-    if (void* const bytes = block != nullptr ? GlobalLock(block) : nullptr) {
-        std::memcpy(bytes, selected.data(), selected.size() * sizeof(WCHAR));
-        GlobalUnlock(block);
-        if (SetClipboardData(CF_UNICODETEXT, block) == nullptr)
-            GlobalFree(block);
-    }
-    CloseClipboard();
-}
-
-std::u16string ClipboardText(HWND window)
-{
-    std::u16string text;
-    if (!OpenClipboard(window))
-        return text;
-    const HANDLE block = GetClipboardData(CF_UNICODETEXT);
-    if (const void* const bytes = block != nullptr ? GlobalLock(block) : nullptr) {
-        const View all(static_cast<const WCHAR*>(bytes), GlobalSize(block) / sizeof(WCHAR));
-        text = all.substr(0, all.find(u'\0'));
-        GlobalUnlock(block);
-    }
-    CloseClipboard();
-    return text;
-}
-
-bool IsDigit(WCHAR unit)
-{
-    return unit >= u'0' && unit <= u'9';
-}
-
-LRESULT OnCopy(HWND window, Edit& edit, WPARAM, LPARAM)
-{
-    CopySelection(window, edit);
-    return 0;
-}
-
-LRESULT OnClear(HWND window, Edit& edit, WPARAM, LPARAM)
-{
-    if (!IsReadOnly(window) && edit.text.HasSelection())
-        Insert(window, edit, {});
-    return 0;
-}
-
-LRESULT OnCut(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
-{
-    if (Has(window, ES_PASSWORD))
-        return 0;
-    CopySelection(window, edit);
-    return OnClear(window, edit, wParam, lParam);
-}
-
-LRESULT OnPaste(HWND window, Edit& edit, WPARAM, LPARAM)
-{
-    if (IsReadOnly(window))
-        return 0;
-    const std::u16string text = ClipboardText(window);
-    if (Has(window, ES_NUMBER) && !std::all_of(text.begin(), text.end(), IsDigit)) {
-        MessageBeep(MB_OK);
-        return 0;
-    }
-    if (!text.empty())
-        Insert(window, edit, text);
-    return 0;
-}
-
-// Moving and selecting
-
-void MoveCaret(HWND window, Edit& edit, size_t to, bool extend)
-{
-    if (edit.text.Select(extend ? edit.text.Anchor() : to, to))
-        Repaint(window);
-    ScrollToCaret(window, edit);
-    PlaceCaret(window, edit);
-}
-
-bool IsDown(int key)
-{
-    return (GetKeyState(key) & 0x8000) != 0;
-}
-
-size_t LineEnd(const Edit& edit, const EditLine& line)
-{
-    const size_t end = line.start + line.length;
-    const bool wrapped = line.breakLength == 0 && end < edit.text.Length();
-    return wrapped && line.length > 0 ? edit.text.Previous(end) : end;
-}
-
-size_t Leftwards(const Edit& edit, bool word)
-{
-    const size_t caret = edit.text.Caret();
-    return word ? edit.text.PreviousWord(caret) : edit.text.Previous(caret);
-}
-
-size_t Rightwards(const Edit& edit, bool word)
-{
-    const size_t caret = edit.text.Caret();
-    return word ? edit.text.NextWord(caret) : edit.text.Next(caret);
-}
-
-/// Up and Down by lines; the caret keeps the column that it came from.
-size_t Vertically(HWND window, Edit& edit, int lines)
-{
-    const size_t caret = edit.text.Caret();
-    if (edit.wishedX < 0)
-        edit.wishedX = PointOfPosition(window, edit, caret).x + edit.scrolledX;
-    const int line = static_cast<int>(CaretLine(edit)) + lines;
-    const int target = std::clamp(line, 0, static_cast<int>(edit.lines.size()) - 1);
-    return PositionOnLine(window, edit, static_cast<size_t>(target), edit.wishedX - edit.scrolledX);
-}
-
-void MoveVertically(HWND window, Edit& edit, int lines, bool extend)
-{
-    const size_t target = Vertically(window, edit, lines);
-    MoveCaret(window, edit, target, extend);
-}
-
-int PageLines(HWND window, const Edit& edit)
-{
-    return static_cast<int>(std::max<size_t>(1, VisibleLines(window, edit) - 1));
-}
-
-/// Keys that move the caret. False for all others.
-bool MoveByKey(HWND window, Edit& edit, WPARAM key, bool shift, bool control)
-{
-    const EditLine& line = edit.lines[CaretLine(edit)];
-    const bool multi = IsMultiLine(window);
-    if (key != VK_UP && key != VK_DOWN && key != VK_PRIOR && key != VK_NEXT)
-        edit.wishedX = -1;
-    switch (key) {
-    case VK_LEFT:
-        MoveCaret(window, edit, Leftwards(edit, control), shift);
-        return true;
-    case VK_RIGHT:
-        MoveCaret(window, edit, Rightwards(edit, control), shift);
-        return true;
-    case VK_HOME:
-        MoveCaret(window, edit, control ? 0 : line.start, shift);
-        return true;
-    case VK_END:
-        MoveCaret(window, edit, control ? edit.text.Length() : LineEnd(edit, line), shift);
-        return true;
-    case VK_UP:
-        multi ? MoveVertically(window, edit, -1, shift)
-              : MoveCaret(window, edit, Leftwards(edit, false), shift);
-        return true;
-    case VK_DOWN:
-        multi ? MoveVertically(window, edit, 1, shift)
-              : MoveCaret(window, edit, Rightwards(edit, false), shift);
-        return true;
-    case VK_PRIOR:
-        MoveVertically(window, edit, -PageLines(window, edit), shift);
-        return true;
-    case VK_NEXT:
-        MoveVertically(window, edit, PageLines(window, edit), shift);
-        return true;
-    }
-    return false;
-}
-
-void DeleteByKey(HWND window, Edit& edit, bool shift, bool control)
-{
-    if (IsReadOnly(window))
-        return;
-    if (shift && edit.text.HasSelection())
-        SendMessageW(window, WM_CUT, 0, 0);
-    else if (shift)
-        Erase(window, edit, edit.text.Previous(edit.text.Caret()));
-    else
-        Erase(window, edit,
-              control ? LineEnd(edit, edit.lines[CaretLine(edit)]) : edit.text.Next(edit.text.Caret()));
-}
-
-/// What Enter does in a dialog when the control does not want it: it presses the default button.
-void PressDefaultButton(HWND dialog)
-{
-    const LRESULT answer = SendMessageW(dialog, DM_GETDEFID, 0, 0);
-    const int id = HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : IDOK;
-    const HWND button = GetDlgItem(dialog, id);
-    if (button == nullptr || IsWindowEnabled(button))
-        PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
-}
-
-/// A control of several lines gets all keys from its dialog and gives back those that it has no use for.
-bool ReturnKeyToDialog(HWND window, WPARAM key, bool control)
-{
-    if (!IsMultiLine(window) || !IsInDialog(window))
-        return false;
-    const HWND dialog = GetParent(window);
-    if (key == VK_TAB && !control)
-        SendMessageW(dialog, WM_NEXTDLGCTL, IsDown(VK_SHIFT), 0);
-    else if (key == VK_ESCAPE)
-        PostMessageW(dialog, WM_CLOSE, 0, 0);
-    else if (key == VK_RETURN && !control && !Has(window, ES_WANTRETURN))
-        PressDefaultButton(dialog);
-    else
-        return false;
-    return true;
-}
-
-LRESULT OnKeyDown(HWND window, Edit& edit, WPARAM wParam, LPARAM)
-{
-    const bool shift = IsDown(VK_SHIFT);
-    const bool control = IsDown(VK_CONTROL);
-    if (MoveByKey(window, edit, wParam, shift, control) || ReturnKeyToDialog(window, wParam, control))
-        return 0;
-    if (wParam == VK_DELETE)
-        DeleteByKey(window, edit, shift, control);
-    else if (wParam == VK_INSERT && shift)
-        SendMessageW(window, WM_PASTE, 0, 0);
-    else if (wParam == VK_INSERT && control)
-        SendMessageW(window, WM_COPY, 0, 0);
-    return 0;
-}
-
-void TypeUnit(HWND window, Edit& edit, WCHAR unit)
-{
-    if (IsReadOnly(window))
-        return;
-    if (Has(window, ES_NUMBER) && !IsDigit(unit)) {
-        MessageBeep(MB_OK);
-        return;
-    }
-    Insert(window, edit, {&unit, 1});
-}
-
-void TypeReturn(HWND window, Edit& edit)
-{
-    const bool forDialog = !Has(window, ES_WANTRETURN) && !IsDown(VK_CONTROL) && IsInDialog(window);
-    if (IsMultiLine(window) && !forDialog && !IsReadOnly(window))
-        Insert(window, edit, u"\r\n");
-}
-
-void TypeTab(HWND window, Edit& edit)
-{
-    const bool forDialog = !IsDown(VK_CONTROL) && IsInDialog(window);
-    if (IsMultiLine(window) && !forDialog && !IsReadOnly(window))
-        Insert(window, edit, u"\t");
-}
-
-LRESULT OnChar(HWND window, Edit& edit, WPARAM wParam, LPARAM)
-{
-    constexpr struct
-    {
-        WCHAR unit; // Ctrl and a letter
-        UINT message;
-        WPARAM wParam;
-        LPARAM lParam;
-    } kCommands[] = {
-        {1, EM_SETSEL, 0, -1}, {3, WM_COPY, 0, 0},  {22, WM_PASTE, 0, 0},
-        {24, WM_CUT, 0, 0},    {26, WM_UNDO, 0, 0},
-    };
-    constexpr WCHAR kControlBackspace = 0x7F;
-    const auto unit = static_cast<WCHAR>(wParam);
-    for (const auto& each : kCommands) {
-        if (each.unit == unit) {
-            SendMessageW(window, each.message, each.wParam, each.lParam);
-            return 0;
-        }
-    }
-    if (unit == VK_RETURN || unit == u'\n')
-        TypeReturn(window, edit);
-    else if (unit == VK_TAB)
-        TypeTab(window, edit);
-    else if (unit == VK_BACK && !IsReadOnly(window))
-        Erase(window, edit, edit.text.Previous(edit.text.Caret()));
-    else if (unit >= u' ' && unit != kControlBackspace)
-        TypeUnit(window, edit, unit);
-    return 1;
-}
-
-LRESULT OnMouseDown(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
-{
-    const size_t position = PositionOfPoint(window, edit, PointOf(lParam));
-    edit.wishedX = -1;
-    edit.selecting = true;
-    SetCapture(window);
-    MoveCaret(window, edit, position, (wParam & MK_SHIFT) != 0);
-    if (GetFocus() != window)
-        SetFocus(window);
-    return 0;
-}
-
-LRESULT OnMouseMove(HWND window, Edit& edit, WPARAM, LPARAM lParam)
-{
-    if (edit.selecting)
-        MoveCaret(window, edit, PositionOfPoint(window, edit, PointOf(lParam)), true);
-    return 0;
-}
-
-LRESULT OnMouseUp(HWND window, Edit& edit, WPARAM, LPARAM)
-{
-    if (edit.selecting && GetCapture() == window)
-        ReleaseCapture();
-    edit.selecting = false;
-    return 0;
-}
-
-LRESULT OnDoubleClick(HWND window, Edit& edit, WPARAM, LPARAM lParam)
-{
-    const size_t position = PositionOfPoint(window, edit, PointOf(lParam));
-    const size_t start = edit.text.PreviousWord(edit.text.Next(position));
-    edit.text.Select(start, start);
-    MoveCaret(window, edit, edit.text.NextWord(start), true);
-    return 0;
-}
-
-LRESULT OnCaptureChanged(HWND, Edit& edit, WPARAM, LPARAM)
-{
-    edit.selecting = false;
-    return 0;
-}
-
 LRESULT OnSetFocus(HWND window, Edit& edit, WPARAM, LPARAM)
 {
     CreateCaret(window, nullptr, kCaretWidth, edit.lineHeight);
@@ -445,7 +40,7 @@ LRESULT OnSetFocus(HWND window, Edit& edit, WPARAM, LPARAM)
 
 LRESULT OnKillFocus(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    OnMouseUp(window, edit, wParam, lParam);
+    EditMouseUp(window, edit, wParam, lParam);
     DestroyCaret();
     Repaint(window);
     NotifyParent(window, EN_KILLFOCUS);
@@ -463,9 +58,9 @@ int LinesOfCode(HWND window, const Edit& edit, WORD code)
     case SB_LINEDOWN:
         return 1;
     case SB_PAGEUP:
-        return -PageLines(window, edit);
+        return -LinesOfPage(window, edit);
     case SB_PAGEDOWN:
-        return PageLines(window, edit);
+        return LinesOfPage(window, edit);
     }
     return 0;
 }
@@ -510,7 +105,7 @@ LRESULT OnHScroll(HWND window, Edit& edit, WPARAM wParam, LPARAM)
     const int direction =
         code == SB_LINEUP || code == SB_PAGEUP ? -1 : code == SB_LINEDOWN || code == SB_PAGEDOWN;
     int target = tracking ? TrackPosition(window, SB_HORZ) : edit.scrolledX + direction * step;
-    if (Has(window, WS_HSCROLL)) {
+    if (HasStyle(window, WS_HSCROLL)) {
         SCROLLINFO info = {sizeof(info), SIF_RANGE | SIF_PAGE, 0, 0, 0, 0, 0};
         GetScrollInfo(window, SB_HORZ, &info);
         target = std::min(target, std::max(0, info.nMax - static_cast<int>(info.nPage) + 1));
@@ -570,9 +165,9 @@ LRESULT OnSetText(HWND window, Edit& edit, WPARAM, LPARAM lParam)
     edit.text.Set(text != nullptr ? View(text) : View());
     edit.firstLine = 0;
     edit.scrolledX = 0;
-    ShowChange(window, edit);
+    ShowEditChange(window, edit);
     if (!IsMultiLine(window))
-        TellChange(window);
+        TellEditChange(window);
     return TRUE;
 }
 
@@ -626,7 +221,7 @@ LRESULT OnSetSel(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
 LRESULT OnReplaceSel(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     const auto text = reinterpret_cast<LPCWSTR>(lParam);
-    Insert(window, edit, text != nullptr ? View(text) : View(), wParam != FALSE);
+    InsertIntoEdit(window, edit, text != nullptr ? View(text) : View(), wParam != FALSE);
     return TRUE;
 }
 
@@ -660,7 +255,7 @@ LRESULT OnCanUndo(HWND, Edit& edit, WPARAM, LPARAM)
 LRESULT OnUndo(HWND window, Edit& edit, WPARAM, LPARAM)
 {
     const bool always = !IsMultiLine(window);
-    return (!IsReadOnly(window) && Undo(window, edit)) || always;
+    return (!IsReadOnly(window) && UndoEdit(window, edit)) || always;
 }
 
 LRESULT OnEmptyUndo(HWND, Edit& edit, WPARAM, LPARAM)
@@ -886,20 +481,20 @@ constexpr MessageHandler<Edit> kHandlers[] = {
     {WM_GETDLGCODE, OnGetDlgCode},
     {WM_SETFOCUS, OnSetFocus},
     {WM_KILLFOCUS, OnKillFocus},
-    {WM_KEYDOWN, OnKeyDown},
-    {WM_CHAR, OnChar},
-    {WM_LBUTTONDOWN, OnMouseDown},
-    {WM_LBUTTONDBLCLK, OnDoubleClick},
-    {WM_MOUSEMOVE, OnMouseMove},
-    {WM_LBUTTONUP, OnMouseUp},
-    {WM_CAPTURECHANGED, OnCaptureChanged},
+    {WM_KEYDOWN, EditKeyDown},
+    {WM_CHAR, EditChar},
+    {WM_LBUTTONDOWN, EditMouseDown},
+    {WM_LBUTTONDBLCLK, EditDoubleClick},
+    {WM_MOUSEMOVE, EditMouseMove},
+    {WM_LBUTTONUP, EditMouseUp},
+    {WM_CAPTURECHANGED, EditCaptureChanged},
     {WM_MOUSEWHEEL, OnWheel},
     {WM_VSCROLL, OnVScroll},
     {WM_HSCROLL, OnHScroll},
-    {WM_CUT, OnCut},
-    {WM_COPY, OnCopy},
-    {WM_PASTE, OnPaste},
-    {WM_CLEAR, OnClear},
+    {WM_CUT, EditCut},
+    {WM_COPY, EditCopy},
+    {WM_PASTE, EditPaste},
+    {WM_CLEAR, EditClear},
     {WM_UNDO, OnUndo},
     {EM_UNDO, OnUndo},
     {EM_CANUNDO, OnCanUndo},

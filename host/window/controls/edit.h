@@ -1,5 +1,6 @@
 #pragma once
 // The edit control: what it remembers, and how it shows itself.
+#include <string_view>
 #include <vector>
 
 #include <windows.h>
@@ -30,11 +31,13 @@ struct Edit
 
 bool IsMultiLine(HWND window);
 bool IsReadOnly(HWND window);
+bool IsDigit(WCHAR unit);
 
 /// Where text stands, in client coordinates.
 RECT FormatRect(HWND window, const Edit& edit);
-/// Whole lines that the control shows at once, at least 1.
+/// Whole lines that the control shows at once, and those that Page Up and Page Down move by; at least 1.
 size_t VisibleLines(HWND window, const Edit& edit);
+int LinesOfPage(HWND window, const Edit& edit);
 size_t CaretLine(const Edit& edit);
 
 /// Call after a change of the font, of the text or the format rectangle. The view stays as far as it can.
@@ -57,6 +60,30 @@ void ScrollToCaret(HWND window, Edit& edit);
 void PlaceCaret(HWND window, const Edit& edit);
 
 void PaintEdit(HWND window, const Edit& edit, HDC dc);
+
+/// Makes a change of the text or the selection visible.
+void ShowEditChange(HWND window, Edit& edit);
+/// Tells the parent of a changed text. The control may be gone afterwards, as after each of the three that
+/// follow.
+void TellEditChange(HWND window);
+/// Puts as much of `added` in place of the selection as the limit and the room allow.
+void InsertIntoEdit(HWND window, Edit& edit, std::u16string_view added, bool undoable = true);
+/// Erases the selection, or what lies between the caret and `to`.
+void EraseFromEdit(HWND window, Edit& edit, size_t to);
+bool UndoEdit(HWND window, Edit& edit);
+
+/// The messages of the same names.
+LRESULT EditCopy(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditClear(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditCut(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditPaste(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditKeyDown(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditChar(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditMouseDown(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditMouseMove(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditMouseUp(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditDoubleClick(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
+LRESULT EditCaptureChanged(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam);
 
 LRESULT CALLBACK EditProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -190,6 +190,11 @@ size_t VisibleLines(HWND window, const Edit& edit)
     return static_cast<size_t>(std::max(1, static_cast<int>(rect.bottom - rect.top) / edit.lineHeight));
 }
 
+int LinesOfPage(HWND window, const Edit& edit)
+{
+    return static_cast<int>(std::max<size_t>(1, VisibleLines(window, edit) - 1));
+}
+
 size_t CaretLine(const Edit& edit)
 {
     return LineOfPosition(edit.lines, edit.text.Caret());

@@ -1,0 +1,152 @@
+#include <algorithm>
+#include <cstring>
+
+#include "host/window/controls/control.h"
+#include "host/window/controls/edit.h"
+
+namespace host {
+namespace {
+
+using View = std::u16string_view;
+
+/// As much of `added` in place of the selection as the limit and the room allow.
+EditText::Outcome InsertWhatFits(HWND window, const Edit& edit, EditText& text, View added, bool undoable)
+{
+    const EditText before = text;
+    EditText::Outcome outcome = text.Insert(added, undoable);
+    if (added.empty() || FitsWithoutScrolling(window, edit, text))
+        return outcome;
+    size_t fits = 0;
+    size_t tooMany = added.size();
+    while (fits + 1 < tooMany) {
+        const size_t middle = fits + (tooMany - fits) / 2;
+        EditText trial = before;
+        trial.Insert(added.substr(0, middle), undoable);
+        (FitsWithoutScrolling(window, edit, trial) ? fits : tooMany) = middle;
+    }
+    text = before;
+    if (fits == 0)
+        return {false, true};
+    outcome = text.Insert(added.substr(0, fits), undoable);
+    return {outcome.changed, true};
+}
+
+void CopySelection(HWND window, const Edit& edit)
+{
+    if (!edit.text.HasSelection() || HasStyle(window, ES_PASSWORD) || !OpenClipboard(window))
+        return;
+    const View selected = edit.text.Selected();
+    EmptyClipboard();
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, (selected.size() + 1) * sizeof(WCHAR));
+    if (void* const bytes = block != nullptr ? GlobalLock(block) : nullptr) {
+        std::memcpy(bytes, selected.data(), selected.size() * sizeof(WCHAR));
+        GlobalUnlock(block);
+        if (SetClipboardData(CF_UNICODETEXT, block) == nullptr)
+            GlobalFree(block);
+    }
+    CloseClipboard();
+}
+
+std::u16string ClipboardText(HWND window)
+{
+    std::u16string text;
+    if (!OpenClipboard(window))
+        return text;
+    const HANDLE block = GetClipboardData(CF_UNICODETEXT);
+    if (const void* const bytes = block != nullptr ? GlobalLock(block) : nullptr) {
+        const View all(static_cast<const WCHAR*>(bytes), GlobalSize(block) / sizeof(WCHAR));
+        text = all.substr(0, all.find(u'\0'));
+        GlobalUnlock(block);
+    }
+    CloseClipboard();
+    return text;
+}
+
+} // namespace
+
+void TellEditChange(HWND window)
+{
+    NotifyParent(window, EN_UPDATE);
+    if (IsWindow(window))
+        NotifyParent(window, EN_CHANGE);
+}
+
+void ShowEditChange(HWND window, Edit& edit)
+{
+    edit.wishedX = -1;
+    RefreshLines(window, edit);
+    ScrollToCaret(window, edit);
+}
+
+void InsertIntoEdit(HWND window, Edit& edit, View added, bool undoable)
+{
+    EditText changed = edit.text;
+    const EditText::Outcome outcome = InsertWhatFits(window, edit, changed, added, undoable);
+    if (outcome.changed) {
+        edit.text = std::move(changed);
+        ShowEditChange(window, edit);
+    }
+    if (outcome.cut)
+        NotifyParent(window, EN_MAXTEXT);
+    if (outcome.changed && IsWindow(window))
+        TellEditChange(window);
+}
+
+void EraseFromEdit(HWND window, Edit& edit, size_t to)
+{
+    if (!edit.text.Erase(to).changed)
+        return;
+    ShowEditChange(window, edit);
+    TellEditChange(window);
+}
+
+bool UndoEdit(HWND window, Edit& edit)
+{
+    if (!edit.text.Undo())
+        return false;
+    ShowEditChange(window, edit);
+    TellEditChange(window);
+    return true;
+}
+
+bool IsDigit(WCHAR unit)
+{
+    return unit >= u'0' && unit <= u'9';
+}
+
+LRESULT EditCopy(HWND window, Edit& edit, WPARAM, LPARAM)
+{
+    CopySelection(window, edit);
+    return 0;
+}
+
+LRESULT EditClear(HWND window, Edit& edit, WPARAM, LPARAM)
+{
+    if (!IsReadOnly(window) && edit.text.HasSelection())
+        InsertIntoEdit(window, edit, {});
+    return 0;
+}
+
+LRESULT EditCut(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+{
+    if (HasStyle(window, ES_PASSWORD))
+        return 0;
+    CopySelection(window, edit);
+    return EditClear(window, edit, wParam, lParam);
+}
+
+LRESULT EditPaste(HWND window, Edit& edit, WPARAM, LPARAM)
+{
+    if (IsReadOnly(window))
+        return 0;
+    const std::u16string text = ClipboardText(window);
+    if (HasStyle(window, ES_NUMBER) && !std::all_of(text.begin(), text.end(), IsDigit)) {
+        MessageBeep(MB_OK);
+        return 0;
+    }
+    if (!text.empty())
+        InsertIntoEdit(window, edit, text);
+    return 0;
+}
+
+} // namespace host
