@@ -151,6 +151,7 @@
 #define TXT_DUPLEX_TYPE         "Binding edge"
 #define TXT_DUPLEX_OFFSET       "B&inding offset"
 #define TXT_DUPLEX_OFFSET_VALUE "&Offset:"
+#define TXT_DUPLEX_RANGE        "Range:"
 
 /* Color settings; the adjustments also stand in the dialog with scroll bars */
 #define TXT_COLOR_SETTINGS  "Color settings"

@@ -151,6 +151,7 @@
 #define TXT_DUPLEX_TYPE         "とじ方"
 #define TXT_DUPLEX_OFFSET       "とじしろ(&I)"
 #define TXT_DUPLEX_OFFSET_VALUE "幅(&O):"
+#define TXT_DUPLEX_RANGE        "範囲:"
 
 /* Color settings; the adjustments also stand in the dialog with scroll bars */
 #define TXT_COLOR_SETTINGS  "カラー設定"

@@ -104,7 +104,7 @@ TEST_F(RecordCommands, NamePapersAndMediaInTheChosenLanguage)
         const char* language;
         const char* names[3];
     } rows[] = {
-        {"eng", {"9 (A4)\n", "274 (A4 (Borderless))", "261 (Inkjet paper)"}},
+        {"eng", {"9 (A4)\n", "274 (A4 (borderless))", "261 (Inkjet paper)"}},
         {"jpn", {"9 (A4)\n", "274 (A4 (フチなし))", "261 (インクジェット紙)"}},
     };
     for (const auto& row : rows) {
