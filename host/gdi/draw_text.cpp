@@ -205,9 +205,7 @@ void ShortenLine(Layout& layout, Line& line, bool last)
 void LayOut(Layout& layout, std::u16string_view text)
 {
     do {
-        const bool endsInBreak = !text.empty() && IsLineBreak(text.front());
-        WrapParagraph(layout,
-                      endsInBreak ? (TakeParagraph(layout, text), Line()) : TakeParagraph(layout, text));
+        WrapParagraph(layout, TakeParagraph(layout, text));
     } while (!text.empty());
     for (Line& line : layout.lines)
         ShortenLine(layout, line, &line == &layout.lines.back());

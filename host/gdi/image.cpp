@@ -70,7 +70,7 @@ uint32_t ReadPixel(const Image& image, const std::byte* row, int index)
         std::memcpy(&value, row + ptrdiff_t{2} * index, sizeof value);
         return From555(value);
     }
-    const std::byte* const bytes = row + ptrdiff_t{3} * index;
+    const std::byte* const bytes = row + ptrdiff_t{image.depth / 8} * index;
     return std::to_integer<uint32_t>(bytes[0]) | std::to_integer<uint32_t>(bytes[1]) << 8 |
            std::to_integer<uint32_t>(bytes[2]) << 16;
 }
@@ -83,8 +83,9 @@ void WritePixel(const Image& image, std::byte* row, int index, uint32_t pixel)
         const uint16_t value = To555(pixel);
         std::memcpy(row + ptrdiff_t{2} * index, &value, sizeof value);
     } else {
-        for (int i = 0; i < 3; ++i)
-            row[ptrdiff_t{3} * index + i] = static_cast<std::byte>(pixel >> (8 * i));
+        const int bytes = image.depth / 8;
+        for (int i = 0; i < bytes; ++i)
+            row[ptrdiff_t{bytes} * index + i] = static_cast<std::byte>(pixel >> (8 * i));
     }
 }
 
@@ -114,7 +115,8 @@ bool MakeImage(Image& image, int width, int height, int depth, int rowAlignment,
 RowAccess::RowAccess(const Image& image, int y, int x, int count, RowUse use)
     : image_(image), row_(image.top + image.stride * y), x_(x), count_(count), use_(use)
 {
-    if (image.depth == 32) {
+    const bool aligned = reinterpret_cast<uintptr_t>(row_) % sizeof(uint32_t) == 0;
+    if (image.depth == 32 && aligned) {
         pixels_ = reinterpret_cast<uint32_t*>(row_) + x;
         return;
     }
@@ -128,7 +130,7 @@ RowAccess::RowAccess(const Image& image, int y, int x, int count, RowUse use)
 
 RowAccess::~RowAccess()
 {
-    if (image_.depth == 32 || use_ == RowUse::Read)
+    if (copy_.empty() || use_ == RowUse::Read)
         return;
     for (int i = 0; i < count_; ++i)
         WritePixel(image_, row_, x_ + i, pixels_[i]);

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "host/gdi/dc.h"
+#include "host/gdi/icon.h"
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"
 #include "host/kernel/world.h"
@@ -260,7 +261,8 @@ void DropGdiHandle(HGDIOBJ handle)
     Place* const place = PlaceOf(handle);
     if (place == nullptr)
         return;
-    CountOpen(EntryOf(place->object->kind), -1);
+    if (!place->object->permanent)
+        CountOpen(EntryOf(place->object->kind), -1);
     FreePlaces().push_back(static_cast<size_t>(place - Places().data()));
     place->object.reset();
 }
@@ -268,6 +270,7 @@ void DropGdiHandle(HGDIOBJ handle)
 void CloseGdiRoom()
 {
     const GdiLock lock;
+    DropSharedIcons();
     for (const Place& place : Places()) {
         if (place.object && !place.object->permanent)
             DropGdiHandle(place.object->handle);

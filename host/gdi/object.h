@@ -86,7 +86,6 @@ struct Palette : GdiObject
     static constexpr GdiKind kKind = GdiKind::Palette;
     Palette() : GdiObject(kKind) {}
     std::vector<PALETTEENTRY> entries;
-    bool realized = false; // since it was made or last changed
 };
 
 struct Font : GdiObject
@@ -150,6 +149,7 @@ void DropGdiHandle(HGDIOBJ handle);
 template <class T>
 std::shared_ptr<T> Stock(int index)
 {
+    const GdiLock lock;
     return Gdi<T>(GetStockObject(index));
 }
 

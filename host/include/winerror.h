@@ -49,6 +49,7 @@
 #define ERROR_USER_MAPPED_FILE                 1224L
 #define ERROR_INTERNAL_ERROR                   1359L
 #define ERROR_INVALID_WINDOW_HANDLE            1400L
+#define ERROR_INVALID_CURSOR_HANDLE            1402L
 #define RPC_S_SERVER_UNAVAILABLE               1722L
 #define RPC_X_NULL_REF_POINTER                 1780L
 #define ERROR_INVALID_USER_BUFFER              1784L
