@@ -27,6 +27,10 @@ typedef struct tagINITCOMMONCONTROLSEX
 #define ICC_NATIVEFNTCTL_CLASS 0x00002000
 #define ICC_LINK_CLASS         0x00008000
 
+// Codes of WM_NOTIFY that several controls send
+#define NM_FIRST (0U - 0U)
+#define NM_CLICK (NM_FIRST - 2)
+
 // Tab control
 
 #define WC_TABCONTROLW TEXT("SysTabControl32")

@@ -444,6 +444,10 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define CB_INITSTORAGE           0x0161
 #define CB_GETCOMBOBOXINFO       0x0164
 
+// Of the button in COMBOBOXINFO
+#define STATE_SYSTEM_PRESSED   0x00000008
+#define STATE_SYSTEM_INVISIBLE 0x00008000
+
 typedef struct tagCOMBOBOXINFO
 {
     DWORD cbSize;
