@@ -82,7 +82,7 @@ RECT DrawContent(const Picture& picture, const RECT& area, UINT usual)
         PlaceContent(area, {std::min(size.right, area.right - area.left), size.bottom}, flags, picture.style);
     const int oldMode = SetBkMode(picture.dc, TRANSPARENT);
     const COLORREF oldColour = SetTextColor(picture.dc, theme::TextColourOf(picture.dc, picture.look));
-    DrawTextW(picture.dc, text.data(), static_cast<int>(text.size()), &at, flags);
+    DrawTextW(picture.dc, text.data(), static_cast<int>(text.size()), &at, flags | clipping);
     SetTextColor(picture.dc, oldColour);
     SetBkMode(picture.dc, oldMode);
     return at;

@@ -1,6 +1,7 @@
 #include "host/window/controls/scroll_parts.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace host {
 namespace {

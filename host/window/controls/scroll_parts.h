@@ -2,7 +2,6 @@
 // The arithmetic of scroll bars, for the control and for the bars in a window's frame. Everything is measured
 // along the bar in pixels from its first end (top or left).
 #include <windows.h>
-#include <winuser_controls.h>
 
 namespace host {
 

@@ -1,6 +1,7 @@
 #include "host/window/controls/up_down.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 #include <commctrl.h>
