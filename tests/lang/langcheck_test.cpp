@@ -36,6 +36,7 @@ const Facts kFacts = {
     {{3, 50, 59, 1}, {3, 60, 69, 2}},
     {{30, 31}},
     {{23, 21, 200, 201}},
+    {{24, 21, 30, 26}, {24, 22, 30, 26}},
 };
 
 constexpr int kLetterWidth = 6;
@@ -57,7 +58,9 @@ Findings LayoutFindings()
     CheckPlacement(Faulty(), kFacts, findings);
     CheckButtonRows(Faulty(), kFacts, findings);
     CheckTabStops(Faulty(), findings);
-    CheckFit(Faulty(), kFacts, {96, {kLetterWidth, kLineHeight}, Measure}, findings);
+    const Meter meter = {96, {kLetterWidth, kLineHeight}, Measure};
+    CheckFit(Faulty(), kFacts, meter, findings);
+    CheckPictures(Faulty(), kFacts, meter, findings);
     return findings;
 }
 
@@ -81,6 +84,7 @@ const Fault kFaults[] = {
     {21, "no room for '8 chars.' at 96 dpi, 5 x 0 pixels missing"},
     {22, "no room for 'A text for two lines' at 96 dpi, 0 x 6 pixels missing"},
     {23, "no room for 'A text that is too long' at 96 dpi, 43 x 0 pixels missing"},
+    {24, "30 x 24 pixels for a picture of 30 x 26"},
     {31, "letter H also reaches control 20 (&House, &Help)"},
 };
 

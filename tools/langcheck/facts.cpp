@@ -2,14 +2,17 @@
 
 #include "lang/ids/advanced_tab.h"
 #include "lang/ids/basic_tab.h"
+#include "lang/ids/color_settings.h"
 #include "lang/ids/device_options.h"
 #include "lang/ids/dialogs.h"
 #include "lang/ids/duplex.h"
 #include "lang/ids/favourites.h"
 #include "lang/ids/main_dialog.h"
+#include "lang/ids/notice.h"
 #include "lang/ids/strings.h"
 #include "lang/ids/support.h"
 #include "lang/ids/user_paper.h"
+#include "lang/ids/version.h"
 #include "lang/ids/watermark.h"
 
 namespace langcheck {
@@ -75,7 +78,38 @@ const Facts& ProductFacts()
          {IDD_SUPPORT, IDC_SUPPORT_TEXT, IDS_SUPPORT_LINK3, IDS_SUPPORT_LINK3, IDS_SUPPORT_LINK2},
          {IDD_SUPPORT, IDC_UPDATE_TEXT, IDS_UPDATE_LINK3, IDS_UPDATE_LINK3, IDS_UPDATE_LINK2},
          {options, IDC_PARAMETER_NAME, IDS_PARAMETER_NO_WEB_LINK, IDS_PARAMETER_NO_FAVOURITES},
-         {options, IDC_OPTION_LIST, IDS_OPTION_PARAMETERS, IDS_OPTION_PARAMETERS, 0, TEXT(""), 10}}};
+         {options, IDC_OPTION_LIST, IDS_OPTION_PARAMETERS, IDS_OPTION_PARAMETERS, 0, TEXT(""), 10}},
+
+        // What docs/language-modules.md promises to those who draw them.
+        {{IDD_MAIN, IDC_PREVIEW, 124, 124},
+         {IDD_MAIN, IDC_BANNER, 120 + 138, 36},
+         {IDD_MAIN, IDC_WEB_LINK, 138, 36},
+         {IDD_MAIN, IDC_FIT_PICTURE, 33, 38},
+         {IDD_MAIN, IDC_COLOR_PICTURE, 16, 16},
+         {IDD_BASIC, IDC_SLOW_DRYING_HELP, 16, 16},
+         {IDD_BASIC, IDC_BORDERLESS_HELP, 16, 16},
+         {IDD_BASIC, IDC_COLOR_MODE_HELP, 16, 16},
+         {IDD_BASIC, IDC_NATURAL_PICTURE, 36, 28},
+         {IDD_BASIC, IDC_VIVID_PICTURE, 36, 28},
+         {IDD_BASIC, IDC_COLLATE_PICTURE, 88, 40},
+         {IDD_NOTICE, IDC_NOTICE_PICTURE1, 120, 96},
+         {IDD_NOTICE, IDC_NOTICE_PICTURE2, 120, 96},
+         {IDD_DUPLEX, IDC_DUPLEX_PICTURE, 96, 96},
+         {IDD_ADVANCED, IDC_COLOR_SYMBOL, 16, 16},
+         {IDD_ADVANCED, IDC_MONOCHROME_SYMBOL, 16, 16},
+         {options, IDC_MATCH_MONITOR_HELP, 16, 16},
+         {IDD_COLOR_SETTINGS, IDC_SAMPLE, 180, 136},
+         {IDD_COLOR_SETTINGS, IDC_BIDIRECTIONAL_HELP, 16, 16},
+         {IDD_COLOR_SETTINGS, IDC_IMPROVE_PATTERN_HELP, 16, 16},
+         {IDD_CUSTOM_COLOR, IDC_SAMPLE, 180, 136},
+         {IDD_WATERMARK, IDC_WM_OUTLINE_PICTURE, 19, 19},
+         {IDD_SUPPORT, IDC_SUPPORT_PICTURE, 48, 48},
+         {IDD_SUPPORT, IDC_SUPPORT_LINK, 4 + 141, 4 + 36},
+         {IDD_SUPPORT, IDC_UPDATE_LINK, 4 + 141, 4 + 36},
+         {IDD_FAVOURITES, IDC_FAVOURITE_HELP, 16, 16},
+         {IDD_FAVOURITES, IDC_FAVOURITE_PICTURE1, 32, 32},
+         {IDD_FAVOURITES, IDC_FAVOURITE_PICTURE2, 32, 32},
+         {IDD_VERSION, IDC_VERSION_PICTURE, 64, 64}}};
     return facts;
 }
 

@@ -36,11 +36,20 @@ struct Filling
     int indent = 0;
 };
 
+/// The size of the bitmap that the code gives a control, in pixels on every display.
+struct Picture
+{
+    unsigned dialog;
+    unsigned control;
+    int width, height;
+};
+
 struct Facts
 {
     std::vector<PageRange> pages;
     std::vector<TabHost> tabs;
     std::vector<Filling> fillings;
+    std::vector<Picture> pictures;
 };
 
 /// The facts of the product.

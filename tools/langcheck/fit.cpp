@@ -79,14 +79,18 @@ WideString TextOf(const Language& language, unsigned id)
     return found == language.strings.end() ? WideString() : found->second;
 }
 
+const Control* FindControl(const Dialog& dialog, unsigned id)
+{
+    const auto found = std::find_if(dialog.controls.begin(), dialog.controls.end(),
+                                    [&](const Control& control) { return control.id == id; });
+    return found == dialog.controls.end() ? nullptr : &*found;
+}
+
 void CheckFilling(const Language& language, const Filling& row, const Meter& meter, Findings& findings)
 {
     const Dialog* dialog = language.Find(row.dialog);
-    if (!dialog)
-        return;
-    const auto control = std::find_if(dialog->controls.begin(), dialog->controls.end(),
-                                      [&](const Control& candidate) { return candidate.id == row.control; });
-    if (control == dialog->controls.end())
+    const Control* control = dialog ? FindControl(*dialog, row.control) : nullptr;
+    if (!control)
         return;
     const WideString start = row.label ? TextOf(language, row.label) + row.separator : WideString();
     for (unsigned id = row.first; id <= row.last; ++id) {
@@ -112,6 +116,21 @@ void CheckFit(const Language& language, const Facts& facts, const Meter& meter, 
     }
     for (const Filling& row : facts.fillings)
         CheckFilling(language, row, meter, findings);
+}
+
+void CheckPictures(const Language& language, const Facts& facts, const Meter& meter, Findings& findings)
+{
+    for (const Picture& row : facts.pictures) {
+        const Dialog* dialog = language.Find(row.dialog);
+        const Control* control = dialog ? FindControl(*dialog, row.control) : nullptr;
+        if (!control)
+            continue;
+        const Room room = RoomOf(*control, meter, 0);
+        if (room.width < row.width || room.height < row.height)
+            findings.push_back(PlaceOf(language, *dialog, *control) + std::to_string(room.width) + " x " +
+                               std::to_string(room.height) + " pixels for a picture of " +
+                               std::to_string(row.width) + " x " + std::to_string(row.height));
+    }
 }
 
 } // namespace langcheck

@@ -22,4 +22,7 @@ struct Meter
 /// Texts of the templates, and those that the code writes into controls, that are cut off.
 void CheckFit(const Language& language, const Facts& facts, const Meter& meter, Findings& findings);
 
+/// Picture controls that are smaller than their bitmap. The meter is that of the smallest display.
+void CheckPictures(const Language& language, const Facts& facts, const Meter& meter, Findings& findings);
+
 } // namespace langcheck

@@ -55,6 +55,8 @@ bool CheckRoom(const Language& language, const Facts& facts, Findings& findings)
         if (!meter)
             return false;
         CheckFit(language, facts, *meter, findings);
+        if (dpi == kDisplays[0])
+            CheckPictures(language, facts, *meter, findings);
     }
     return true;
 }
