@@ -1,5 +1,6 @@
 // Settings calls that show nothing, through the entry points that the spooler and applications use.
 #include <random>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -187,11 +188,7 @@ std::string BrokenRule(const DriverDevMode& record)
     const int printedOn = priv.bFitToPaper == 1 ? priv.wOutputPaper : pub.dmPaperSize;
     const bool plain = priv.wMediaClass == 0 || priv.wMediaClass == 8 || priv.wMediaClass == 12;
     const bool fits = priv.bFitToPaper == 1;
-    const struct
-    {
-        const char* name;
-        bool holds;
-    } rules[] = {
+    const std::tuple<const char*, bool> rules[] = {
         {"end mark", std::memcmp(priv.endMark, "EOSC", 4) == 0},
         {"signature", std::memcmp(priv.dwSignature, "PRIV", 4) == 0},
         {"second tray", pub.dmDefaultSource != 2 || (plain && psui::FitsSecondTray(printedOn))},
@@ -208,9 +205,9 @@ std::string BrokenRule(const DriverDevMode& record)
              priv.shTailOutPaper == (fits ? static_cast<int16_t>(priv.wOutputPaper) : -1)},
         {"no mirror on film", priv.wMediaClass < 4 || priv.wMediaClass > 5 || priv.dwDeviceOptions == 0},
     };
-    for (const auto& rule : rules)
-        if (!rule.holds)
-            return rule.name;
+    for (const auto& [name, holds] : rules)
+        if (!holds)
+            return name;
     return test::FieldOutOfRange(record);
 }
 

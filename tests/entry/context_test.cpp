@@ -6,6 +6,7 @@
 #include "psui/settings/record.h"
 #include "tests/entry/fail_each.h"
 #include "tests/entry/printer.h"
+#include "tests/settings/administered.h"
 #include "tests/settings/merge_checks.h"
 #include "tests/settings/support.h"
 
@@ -91,35 +92,15 @@ TEST_F(ContextTest, KeepsTheWatermarkThatIsSwitchedOn)
     EXPECT_EQ(Create(&input.dmPublic)->wCurrentWatermark, 0);
 }
 
-/// A second handle of the printer, with the right to change it.
-class AdministeringHandle
-{
-public:
-    explicit AdministeringHandle(Printer& printer)
-    {
-        PRINTER_DEFAULTSW all = {};
-        all.DesiredAccess = PRINTER_ALL_ACCESS;
-        EXPECT_TRUE(OpenPrinterW(printer.name(), &handle_, &all));
-    }
-    ~AdministeringHandle() { ClosePrinter(handle_); }
-    AdministeringHandle(const AdministeringHandle&) = delete;
-    AdministeringHandle& operator=(const AdministeringHandle&) = delete;
-
-    operator HANDLE() const { return handle_; }
-
-private:
-    HANDLE handle_ = nullptr;
-};
-
 TEST_F(ContextTest, TakesTheStoredPrinterWideDataAndKeepsItsOwnVersion)
 {
-    const AdministeringHandle handle(printer);
+    const test::Administered administered(printer);
     psui::PrinterWideData stored = Create()->PrinterData;
     stored.wVersion = 7;
     stored.wSize = 9;
     stored.dwStringSet = 3;
-    ASSERT_TRUE(
-        psui::WritePrinterDataBlock(handle, &stored, sizeof(stored), psui::PrinterDataPair::PrinterWide));
+    ASSERT_TRUE(psui::WritePrinterDataBlock(administered.get(), &stored, sizeof(stored),
+                                            psui::PrinterDataPair::PrinterWide));
     const ContextPtr context = Create();
     EXPECT_EQ(context->PrinterData.dwStringSet, 3u);
     EXPECT_EQ(context->PrinterData.wVersion, 1301);
@@ -128,11 +109,11 @@ TEST_F(ContextTest, TakesTheStoredPrinterWideDataAndKeepsItsOwnVersion)
 
 TEST_F(ContextTest, RegistersTheModelsPapersOnce)
 {
-    const AdministeringHandle handle(printer);
+    const test::Administered administered(printer);
     std::u16string form = u"A4_BL";
     for (const bool added : {true, false}) {
-        ContextPtr(psui::CreatePrinterUiContext(handle, nullptr));
-        EXPECT_EQ(DeleteFormW(handle, form.data()), added);
+        ContextPtr(psui::CreatePrinterUiContext(administered.get(), nullptr));
+        EXPECT_EQ(DeleteFormW(administered.get(), form.data()), added);
     }
 }
 
@@ -206,18 +187,18 @@ void ExpectNoTables(const PrinterUiContext& context)
 
 TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
 {
-    bool failed = true;
-    for (uint64_t skip = 0; failed && !HasFailure(); ++skip) {
-        const ContextPtr context = Create();
-        host::FailAllocations(skip, false);
-        const bool loaded = psui::LoadContextTables(context.get());
-        failed = host::AllocationsSeen() > skip;
-        host::StopFailing();
-        EXPECT_EQ(loaded, !failed) << "allocation " << skip;
-        if (!loaded)
-            ExpectNoTables(*context);
-    }
-    const ContextPtr context = Create();
+    ContextPtr context;
+    bool loaded = false;
+    test::FailEach(
+        test::kAllocations, [&] { context = Create(); },
+        [&] { loaded = psui::LoadContextTables(context.get()); },
+        [&](bool failed) {
+            EXPECT_EQ(loaded, !failed);
+            if (!loaded)
+                ExpectNoTables(*context);
+            context.reset();
+        });
+    context = Create();
     host::FailCalls(0, true); // the forms cannot be enumerated
     EXPECT_FALSE(psui::LoadContextTables(context.get()));
     host::StopFailing();

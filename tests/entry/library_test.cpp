@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include "tests/entry/fail_each.h"
 #include "tests/entry/library.h"
 #include "tests/settings/support.h"
 
@@ -113,55 +114,39 @@ TEST(Library, LeavesTheCallersProcessAsItWas)
     std::fesetround(FE_TONEAREST);
 }
 
-/// Calls `call` with its memory requests failing one after the other, once each and from each one on.
-/// `call(bool failing)` tells whether its answer is acceptable.
-template <typename Call>
-void FailEveryAllocation(Call call)
-{
-    for (const bool onwards : {false, true}) {
-        for (uint64_t skip = 0;; ++skip) {
-            ASSERT_LT(skip, 10000u) << "the call never runs out of memory requests";
-            const host::Ledger before = host::OpenObjects();
-            host::FailAllocations(skip, onwards);
-            const bool acceptable = call(true);
-            const bool reached = host::AllocationsSeen() > skip;
-            host::StopFailing();
-            EXPECT_TRUE(acceptable) << "request " << skip;
-            EXPECT_EQ(host::OpenObjects(), before) << "request " << skip << " leaks";
-            if (!reached)
-                break;
-        }
-        EXPECT_TRUE(call(false)) << "does not recover";
-    }
-}
-
 TEST(Library, AnswersOrFailsCleanlyWhenMemoryFails)
 {
     OpenWorld world;
     const Library library;
     Printer printer(u"Alpha", kFullModel);
     library.capabilities(printer.handle(), printer.name(), DC_COPIES, nullptr, nullptr);
+    DWORD answer = 0;
     for (const WORD capability : {DC_COPIES, DC_PAPERNAMES, DC_MEDIATYPENAMES}) {
-        const DWORD right =
-            library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
-        FailEveryAllocation([&](bool failing) {
-            const DWORD answer =
-                library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
-            return answer == right || (failing && answer == kFailed);
-        });
+        const auto ask = [&] {
+            answer = library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
+        };
+        ask();
+        const DWORD right = answer;
+        for (const Requests& requests : {kAllocations, kAllocationsOnwards})
+            FailEach(
+                requests, [] {}, ask,
+                [&](bool failed) { EXPECT_TRUE(answer == right || (failed && answer == kFailed)); });
     }
 
     alignas(8) psui::DriverDevMode reference, record;
-    LONG size = sizeof(reference);
-    ASSERT_TRUE(library.convert(printer.name(), nullptr, &reference.dmPublic, &size, psui::kDriverDefault));
+    BOOL converted = FALSE;
+    const auto convert = [&] {
+        LONG size = sizeof(record);
+        converted = library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault);
+    };
+    convert();
+    reference = record;
     const std::string image = printer.DataFile().substr(0, printer.DataFile().size() - 3) + "BDD";
-    FailEveryAllocation([&](bool failing) {
-        std::filesystem::remove(image); // so that every call compiles the text
-        size = sizeof(record);
-        if (library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault))
-            return std::memcmp(&record, &reference, sizeof(record)) == 0;
-        return failing;
-    });
+    const auto removeImage = [&] { std::filesystem::remove(image); }; // so that every call compiles the text
+    for (const Requests& requests : {kAllocations, kAllocationsOnwards})
+        FailEach(requests, removeImage, convert, [&](bool failed) {
+            EXPECT_TRUE(converted ? std::memcmp(&record, &reference, sizeof(record)) == 0 : failed);
+        });
 }
 
 TEST(LibraryThreads, ServeTwoPrintersWhoseModelsAreReplaced)

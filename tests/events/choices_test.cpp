@@ -1,5 +1,7 @@
 #include "psui/events/choices.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "tests/settings/support.h"
@@ -77,22 +79,16 @@ TEST(Colour, IsTakenWhereTheMonitorSetIt)
 
 TEST(Colour, IsToldWhereTheMonitorSetIt)
 {
-    struct Case
-    {
-        int32_t value;
-        short color;
-        int32_t expected;
-    };
-    const Case cases[] = {
+    const std::tuple<int32_t, short, int32_t> cases[] = {
         {0, 1, 0},           {2, 1, 2},
         {0x1002, 1, 0x1001}, {0x1001, 1, 0x1001},
         {0x1001, 2, 0x1002}, {0x1000, 0, 0x1001},
         {0x5FFF, 2, 0x5002}, {-1, 3, static_cast<int32_t>(0xFFFFF001)},
     };
-    for (const Case& c : cases) {
+    for (const auto& [value, color, expected] : cases) {
         DriverDevMode record = {};
-        record.dmPublic.dmColor = c.color;
-        EXPECT_EQ(psui::ColourWithRecords(c.value, &record), c.expected) << c.value << ' ' << c.color;
+        record.dmPublic.dmColor = color;
+        EXPECT_EQ(psui::ColourWithRecords(value, &record), expected) << value << ' ' << color;
     }
 }
 

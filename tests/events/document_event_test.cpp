@@ -1,5 +1,7 @@
 #include "psui/events/document_event.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "tests/events/monitor_world.h"
@@ -21,22 +23,16 @@ HANDLE HandleOf(uintptr_t value)
 TEST(DocumentEvent, MarksTheContextFromItsCreationToItsDeletion)
 {
     const test::World world;
-    struct Case
-    {
-        uintptr_t printer, dc;
-        const char* name;
-        const char* value;
-    };
-    const Case cases[] = {
+    const std::tuple<uintptr_t, uintptr_t, const char*, const char*> cases[] = {
         {0xDEADBEEF, 0x1A, "0x00000000DEADBEEF", "0x000000000000001A"},
         {UINTPTR_MAX, UINTPTR_MAX - 1, "0xFFFFFFFFFFFFFFFF", "0xFFFFFFFFFFFFFFFE"},
         {0, 0, "0x0000000000000000", "0x0000000000000000"},
     };
-    for (const Case& c : cases) {
-        psui::HandleDocumentEvent(HandleOf(c.printer), reinterpret_cast<HDC>(c.dc), 2);
-        EXPECT_EQ(Variable(c.name), c.value);
-        psui::HandleDocumentEvent(HandleOf(c.printer), nullptr, 10);
-        EXPECT_EQ(Variable(c.name), "(none)");
+    for (const auto& [printer, dc, name, value] : cases) {
+        psui::HandleDocumentEvent(HandleOf(printer), reinterpret_cast<HDC>(dc), 2);
+        EXPECT_EQ(Variable(name), value);
+        psui::HandleDocumentEvent(HandleOf(printer), nullptr, 10);
+        EXPECT_EQ(Variable(name), "(none)");
     }
 }
 

@@ -1,6 +1,7 @@
 #include "psui/events/items.h"
 
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -8,12 +9,7 @@ namespace {
 
 TEST(Items, TurnAListIntoAMask)
 {
-    struct Case
-    {
-        std::u16string list;
-        uint32_t mask;
-    };
-    const Case cases[] = {
+    const std::tuple<std::u16string, uint32_t> cases[] = {
         {u"", 0},
         {u"10", 0x100},
         {u"1,2,3,10,11,12", 0x707},
@@ -27,9 +23,9 @@ TEST(Items, TurnAListIntoAMask)
         {std::u16string(32000, u'9'), 0},
         {std::u16string(32000, u','), 0},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(psui::MaskOfItems(c.list.c_str()), c.mask)
-            << std::string(c.list.begin(), c.list.begin() + std::min<size_t>(c.list.size(), 40));
+    for (const auto& [list, mask] : cases)
+        EXPECT_EQ(psui::MaskOfItems(list.c_str()), mask)
+            << std::string(list.begin(), list.begin() + std::min<size_t>(list.size(), 40));
 }
 
 TEST(Items, TurnAMaskIntoAList)

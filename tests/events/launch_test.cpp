@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "tests/events/monitor_world.h"
@@ -46,19 +48,14 @@ TEST(LaunchStatusMonitor, TellsTheMonitorToShowItselfWhenItIsWanted)
 
 TEST(LaunchStatusMonitor, NeverRunsAClientsProgramWithTheSystemsRights)
 {
-    struct Case
-    {
-        const char16_t* serviceUser;
-        size_t launches;
-    };
-    const Case cases[] = {{u"SYSTEM", 0}, {u"system", 0}, {u"Service", 1}};
-    for (const Case& c : cases) {
+    const std::tuple<const char16_t*, size_t> cases[] = {{u"SYSTEM", 0}, {u"system", 0}, {u"Service", 1}};
+    for (const auto& [serviceUser, launches] : cases) {
         MonitorWorld world;
         const HMODULE spooler = LoadLibraryW(TEXT("spoolss.dll"));
-        host::RunInSpooler(c.serviceUser);
+        host::RunInSpooler(serviceUser);
         const host::Ledger before = host::OpenObjects();
         psui::LaunchStatusMonitor(&world.record.dmPrivate);
-        EXPECT_EQ(test::Launches().size(), c.launches) << std::string(c.serviceUser, c.serviceUser + 6);
+        EXPECT_EQ(test::Launches().size(), launches) << std::string(serviceUser, serviceUser + 6);
         EXPECT_EQ(host::OpenObjects(), before) << "the client's identity was not taken on again";
         host::RunInSpooler(u"");
         FreeLibrary(spooler);

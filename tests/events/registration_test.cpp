@@ -1,4 +1,5 @@
 #include <optional>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -60,12 +61,7 @@ bool FolderExists()
 
 TEST(VersionAtLeast, ComparesMajorThenMinorNumbers)
 {
-    struct Case
-    {
-        std::u16string required, actual;
-        bool enough;
-    };
-    const Case cases[] = {
+    const std::tuple<std::u16string, std::u16string, bool> cases[] = {
         {u"3.1", u"3", false},
         {u"3.1", u"3.0", false},
         {u"3.1", u"3.1", true},
@@ -88,9 +84,9 @@ TEST(VersionAtLeast, ComparesMajorThenMinorNumbers)
         {u"3.1", u"0000000000003.1", true},
         {u"3.1", std::u16string(32000, u'9'), true},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(psui::VersionAtLeast(c.required.c_str(), c.actual.c_str()), c.enough)
-            << Narrow(c.actual.substr(0, 40));
+    for (const auto& [required, actual, enough] : cases)
+        EXPECT_EQ(psui::VersionAtLeast(required.c_str(), actual.c_str()), enough)
+            << Narrow(actual.substr(0, 40));
 }
 
 TEST(StatusMonitorIsNew, BelievesTheRegistryBeforeTheProgram)
@@ -174,13 +170,7 @@ TEST(StatusMonitorIniPath, IsNeverCut)
 TEST(RegisterStatusMonitorPath, KeepsTheRegisteredPathUpToDate)
 {
     const std::string right = PathValue(MonitorWorld::DataFolder());
-    struct Case
-    {
-        const char* what;
-        std::optional<std::string> stored;
-        bool key, foldersMade;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::optional<std::string>, bool, bool> cases[] = {
         {"no key", std::nullopt, false, true},
         {"no value", std::nullopt, true, false},
         {"the same", right, true, false},
@@ -190,16 +180,16 @@ TEST(RegisterStatusMonitorPath, KeepsTheRegisteredPathUpToDate)
         {"empty", "", true, true},
         {"longer than any path", std::string(300, 'x'), true, true},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, stored, key, foldersMade] : cases) {
+        SCOPED_TRACE(what);
         const test::World world;
-        if (c.key)
+        if (key)
             SetValue(u"Other", REG_SZ, "");
-        if (c.stored)
-            SetValue(u"Path", REG_BINARY, *c.stored);
+        if (stored)
+            SetValue(u"Path", REG_BINARY, *stored);
         psui::RegisterStatusMonitorPath();
         EXPECT_EQ(Value(u"Path", REG_BINARY), right);
-        EXPECT_EQ(FolderExists(), c.foldersMade);
+        EXPECT_EQ(FolderExists(), foldersMade);
         EXPECT_EQ(Value(u"Lodestat", REG_SZ), std::nullopt) << "there is no program";
     }
 }

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "psui/events/settings_file.h"
@@ -213,12 +215,7 @@ TEST(UpdateStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
 TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
 {
     const Section told = With(kMaintained, {{u"10", u"4"}});
-    struct Case
-    {
-        const char* what;
-        Section before, model, after;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, Section, Section, Section> cases[] = {
         {"nothing is known", {}, {}, told},
         {"items from the model",
          {},
@@ -240,15 +237,15 @@ TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
         {"a colour that the monitor did not set", {{u"3", u"2"}}, {}, With(told, {{u"3", u"2"}})},
         {"a list longer than any", {}, {{u"Set", std::u16string(400, u'1')}}, told},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, before, model, after] : cases) {
+        SCOPED_TRACE(what);
         MonitorWorld world;
         test::SetAll(world.record, {{"dwPagesPerSheet", 4}, {"dmColor", 1}});
-        world.Shared().Write(u"P1", c.before);
-        MonitorWorld::OfModel().Write(u"ENG", c.model);
+        world.Shared().Write(u"P1", before);
+        MonitorWorld::OfModel().Write(u"ENG", model);
         const psui::DriverDevMode record = world.record;
         world.Update();
-        EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
+        EXPECT_EQ(world.Shared().Read(u"P1"), after);
         EXPECT_EQ(test::Differences(world.record, record), "");
         EXPECT_EQ(test::Launches().size(), 1u);
     }

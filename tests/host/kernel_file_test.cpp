@@ -1,3 +1,6 @@
+#include <tuple>
+
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 
 namespace {
@@ -48,28 +51,25 @@ TEST_F(Files, CreateReportsWhatItFoundForEveryDisposition)
 
 TEST_F(Files, CreateRefusesNamesThatCannotBe)
 {
-    const struct
-    {
-        Wide path;
-        DWORD error;
-    } cases[] = {
+    const std::tuple<Wide, DWORD> cases[] = {
         {Path(TEXT("a*b")), ERROR_INVALID_NAME},  {Path(TEXT("a?b")), ERROR_INVALID_NAME},
         {Path(TEXT("a<b")), ERROR_INVALID_NAME},  {Path(TEXT("a|b")), ERROR_INVALID_NAME},
         {Path(TEXT("a\"b")), ERROR_INVALID_NAME}, {Path(TEXT("none\\file")), ERROR_PATH_NOT_FOUND},
         {TEXT(""), ERROR_PATH_NOT_FOUND},
     };
-    for (const auto& each : cases) {
-        const HANDLE file = Open(each.path, GENERIC_WRITE, 0, CREATE_ALWAYS);
-        EXPECT_EQ(file, INVALID_HANDLE_VALUE) << testing::PrintToString(each.path);
-        EXPECT_EQ(GetLastError(), each.error) << testing::PrintToString(each.path);
+    for (const auto& [path, error] : cases) {
+        const HANDLE file = Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
+        EXPECT_EQ(file, INVALID_HANDLE_VALUE) << testing::PrintToString(path);
+        EXPECT_EQ(GetLastError(), error) << testing::PrintToString(path);
     }
 }
 
 TEST_F(Files, FolderCannotBeOpenedAsFile)
 {
     ASSERT_TRUE(CreateDirectoryW(Path(TEXT("folder")).c_str(), nullptr));
-    EXPECT_EQ(Open(Path(TEXT("folder")), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(Fails(ERROR_ACCESS_DENIED,
+                      Open(Path(TEXT("folder")), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING),
+                      INVALID_HANDLE_VALUE));
 }
 
 constexpr DWORD kR = GENERIC_READ;
@@ -123,8 +123,8 @@ TEST_F(Files, RefusedCreateAlwaysLeavesTheContent)
     const Wide path = Path(TEXT("kept"));
     Write(path, "kept");
     const HANDLE reader = Open(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-    EXPECT_EQ(Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    EXPECT_TRUE(
+        Fails(ERROR_SHARING_VIOLATION, Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS), INVALID_HANDLE_VALUE));
     EXPECT_EQ(GetFileSize(reader, nullptr), 4u);
     CloseHandle(reader);
 }
@@ -136,14 +136,12 @@ TEST_F(Files, DirectionOfAccessIsEnforced)
     char byte = 'x';
     DWORD count = 7;
     const HANDLE reader = Open(path, GENERIC_READ, 0, OPEN_EXISTING);
-    EXPECT_FALSE(WriteFile(reader, &byte, 1, &count, nullptr));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(Fails(ERROR_ACCESS_DENIED, WriteFile(reader, &byte, 1, &count, nullptr)));
     EXPECT_EQ(count, 0u);
     EXPECT_FALSE(SetEndOfFile(reader));
     CloseHandle(reader);
     const HANDLE writer = Open(path, GENERIC_WRITE, 0, OPEN_EXISTING);
-    EXPECT_FALSE(ReadFile(writer, &byte, 1, &count, nullptr));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(Fails(ERROR_ACCESS_DENIED, ReadFile(writer, &byte, 1, &count, nullptr)));
     CloseHandle(writer);
 }
 
@@ -223,11 +221,9 @@ TEST_F(Files, WrongHandlesAreRecognised)
     char byte;
     DWORD count;
     for (HANDLE wrong : {HANDLE(file), HANDLE(nullptr), reinterpret_cast<HANDLE>(0x7770)}) {
-        EXPECT_FALSE(ReadFile(wrong, &byte, 1, &count, nullptr));
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_HANDLE));
+        EXPECT_TRUE(Fails(ERROR_INVALID_HANDLE, ReadFile(wrong, &byte, 1, &count, nullptr)));
         EXPECT_EQ(GetFileSize(wrong, nullptr), INVALID_FILE_SIZE);
-        EXPECT_FALSE(CloseHandle(wrong));
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_HANDLE));
+        EXPECT_TRUE(Fails(ERROR_INVALID_HANDLE, CloseHandle(wrong)));
     }
 }
 

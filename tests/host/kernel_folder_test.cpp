@@ -1,6 +1,8 @@
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 #include "tests/host/wine.h"
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -30,11 +32,7 @@ TEST_F(Folders, ListingMatchesPatternsWithoutRegardToCase)
 {
     for (const WCHAR* name : {TEXT("alpha.txt"), TEXT("Beta.TXT"), TEXT("gamma"), TEXT("delta.text")})
         Write(Path(name), "1234");
-    const struct
-    {
-        const WCHAR* pattern;
-        Names names;
-    } cases[] = {
+    const std::tuple<const WCHAR*, Names> cases[] = {
         {TEXT("*.txt"), {TEXT("alpha.txt"), TEXT("Beta.TXT")}},
         {TEXT("?e*a.t*"), {TEXT("Beta.TXT"), TEXT("delta.text")}},
         {TEXT("BETA.txt"), {TEXT("Beta.TXT")}},
@@ -43,17 +41,17 @@ TEST_F(Folders, ListingMatchesPatternsWithoutRegardToCase)
          {TEXT("."), TEXT(".."), TEXT("alpha.txt"), TEXT("Beta.TXT"), TEXT("delta.text"), TEXT("gamma")}},
         {TEXT("*.doc"), {}},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(List(each.pattern), each.names) << testing::PrintToString(Wide(each.pattern));
+    for (const auto& [pattern, names] : cases)
+        EXPECT_EQ(List(pattern), names) << testing::PrintToString(Wide(pattern));
 }
 
 TEST_F(Folders, FailedListingTellsFileFromPath)
 {
     WIN32_FIND_DATAW data;
-    EXPECT_EQ(FindFirstFileW(Path(TEXT("none")).c_str(), &data), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
-    EXPECT_EQ(FindFirstFileW(Path(TEXT("none\\*")).c_str(), &data), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
+    EXPECT_TRUE(
+        Fails(ERROR_FILE_NOT_FOUND, FindFirstFileW(Path(TEXT("none")).c_str(), &data), INVALID_HANDLE_VALUE));
+    EXPECT_TRUE(Fails(ERROR_PATH_NOT_FOUND, FindFirstFileW(Path(TEXT("none\\*")).c_str(), &data),
+                      INVALID_HANDLE_VALUE));
 }
 
 TEST_F(Folders, ListingTellsSizeAndKind)
@@ -74,22 +72,16 @@ TEST_F(Folders, FoldersAreMadeAndRemovedOnlyWhereThatMakesSense)
 {
     const Wide outer = Path(TEXT("outer"));
     const Wide inner = Path(TEXT("outer\\inner"));
-    EXPECT_FALSE(CreateDirectoryW(inner.c_str(), nullptr));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
+    EXPECT_TRUE(Fails(ERROR_PATH_NOT_FOUND, CreateDirectoryW(inner.c_str(), nullptr)));
     EXPECT_TRUE(CreateDirectoryW(outer.c_str(), nullptr));
-    EXPECT_FALSE(CreateDirectoryW(outer.c_str(), nullptr));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
+    EXPECT_TRUE(Fails(ERROR_ALREADY_EXISTS, CreateDirectoryW(outer.c_str(), nullptr)));
     EXPECT_TRUE(CreateDirectoryW(inner.c_str(), nullptr));
-    EXPECT_FALSE(RemoveDirectoryW(outer.c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DIR_NOT_EMPTY));
+    EXPECT_TRUE(Fails(ERROR_DIR_NOT_EMPTY, RemoveDirectoryW(outer.c_str())));
     EXPECT_TRUE(RemoveDirectoryW(inner.c_str()));
-    EXPECT_FALSE(RemoveDirectoryW(inner.c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
-    EXPECT_FALSE(DeleteFileW(outer.c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(Fails(ERROR_FILE_NOT_FOUND, RemoveDirectoryW(inner.c_str())));
+    EXPECT_TRUE(Fails(ERROR_ACCESS_DENIED, DeleteFileW(outer.c_str())));
     Write(Path(TEXT("file")), "");
-    EXPECT_FALSE(RemoveDirectoryW(Path(TEXT("file")).c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DIRECTORY));
+    EXPECT_TRUE(Fails(ERROR_DIRECTORY, RemoveDirectoryW(Path(TEXT("file")).c_str())));
 }
 
 TEST_F(Folders, ReadOnlyFileRefusesWritingAndDeleting)
@@ -101,11 +93,10 @@ TEST_F(Folders, ReadOnlyFileRefusesWritingAndDeleting)
     for (DWORD disposition : {OPEN_EXISTING, CREATE_ALWAYS}) {
         if (OnWine()) // leaves it to the machine, which lets its super-user write
             break;
-        EXPECT_EQ(Open(path, GENERIC_WRITE, 0, disposition), INVALID_HANDLE_VALUE);
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+        EXPECT_TRUE(
+            Fails(ERROR_ACCESS_DENIED, Open(path, GENERIC_WRITE, 0, disposition), INVALID_HANDLE_VALUE));
     }
-    EXPECT_FALSE(DeleteFileW(path.c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(Fails(ERROR_ACCESS_DENIED, DeleteFileW(path.c_str())));
     EXPECT_EQ(Read(path), "kept");
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL));
     EXPECT_TRUE(DeleteFileW(path.c_str()));
@@ -118,10 +109,8 @@ TEST_F(Folders, OpenFileIsDeletedOrMovedOnlyWhenItsOpenersShareThat)
     const Wide path = Path(TEXT("file"));
     Write(path, "x");
     HANDLE file = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
-    EXPECT_FALSE(DeleteFileW(path.c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
-    EXPECT_FALSE(MoveFileExW(path.c_str(), Path(TEXT("moved")).c_str(), 0));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    EXPECT_TRUE(Fails(ERROR_SHARING_VIOLATION, DeleteFileW(path.c_str())));
+    EXPECT_TRUE(Fails(ERROR_SHARING_VIOLATION, MoveFileExW(path.c_str(), Path(TEXT("moved")).c_str(), 0)));
     CloseHandle(file);
     file = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
     EXPECT_TRUE(DeleteFileW(path.c_str()));
@@ -134,13 +123,12 @@ TEST_F(Folders, MoveReplacesOnlyWhenAsked)
     const Wide to = Path(TEXT("to"));
     Write(from, "new");
     Write(to, "old");
-    EXPECT_FALSE(MoveFileExW(from.c_str(), to.c_str(), 0));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
+    EXPECT_TRUE(Fails(ERROR_ALREADY_EXISTS, MoveFileExW(from.c_str(), to.c_str(), 0)));
     EXPECT_TRUE(MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING));
     EXPECT_EQ(Read(to), "new");
     EXPECT_EQ(Read(from), "(absent)");
-    EXPECT_FALSE(MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_TRUE(
+        Fails(ERROR_FILE_NOT_FOUND, MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING)));
     EXPECT_TRUE(MoveFileExW(to.c_str(), Path(TEXT("TO")).c_str(), 0));
     EXPECT_EQ(List(TEXT("t*")), Names{OnWine() ? TEXT("to") : TEXT("TO")}) << "Wine changes nothing";
 }
@@ -152,16 +140,14 @@ TEST_F(Folders, CopyKeepsContentAndAttribute)
     Write(from, std::string(200000, 'c'));
     SetFileAttributesW(from.c_str(), FILE_ATTRIBUTE_READONLY);
     Write(to, "old");
-    EXPECT_FALSE(CopyFileW(from.c_str(), to.c_str(), TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
+    EXPECT_TRUE(Fails(ERROR_FILE_EXISTS, CopyFileW(from.c_str(), to.c_str(), TRUE)));
     EXPECT_EQ(Read(to), "old");
     EXPECT_TRUE(CopyFileW(from.c_str(), to.c_str(), FALSE));
     EXPECT_EQ(Read(to), std::string(200000, 'c'));
     if (!OnWine()) { // forgets the attribute
         EXPECT_NE(GetFileAttributesW(to.c_str()) & FILE_ATTRIBUTE_READONLY, 0u);
     }
-    EXPECT_FALSE(CopyFileW(Path(TEXT("none")).c_str(), to.c_str(), FALSE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_TRUE(Fails(ERROR_FILE_NOT_FOUND, CopyFileW(Path(TEXT("none")).c_str(), to.c_str(), FALSE)));
 }
 
 } // namespace

@@ -1,6 +1,8 @@
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 
 #include <cstring>
+#include <tuple>
 
 namespace {
 
@@ -32,8 +34,7 @@ TEST_F(Mapping, ViewOutlivesTheHandlesItWasMadeFrom)
     CloseHandle(mapping);
     EXPECT_EQ(std::memcmp(view, "mapped text", 11), 0);
     EXPECT_TRUE(UnmapViewOfFile(view));
-    EXPECT_FALSE(UnmapViewOfFile(view));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_ADDRESS));
+    EXPECT_TRUE(Fails(ERROR_INVALID_ADDRESS, UnmapViewOfFile(view)));
 }
 
 TEST_F(Mapping, ClosedFileBehindAViewNoLongerBindsOthersToItsShareMode)
@@ -68,8 +69,7 @@ TEST_F(Mapping, MappedFileIsNotCutShort)
     ASSERT_NE(mapping, nullptr);
     const void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 0);
     EXPECT_EQ(SetFilePointer(file, 1, nullptr, FILE_BEGIN), 1u);
-    EXPECT_FALSE(SetEndOfFile(file));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_USER_MAPPED_FILE));
+    EXPECT_TRUE(Fails(ERROR_USER_MAPPED_FILE, SetEndOfFile(file)));
     UnmapViewOfFile(view);
     CloseHandle(mapping);
     EXPECT_TRUE(SetEndOfFile(file));
@@ -82,13 +82,7 @@ TEST_F(Mapping, ImpossibleMappingsAreRefused)
     const HANDLE empty = Open(Path(TEXT("empty")), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
     const HANDLE reader = OpenFile(GENERIC_READ);
     const HANDLE writer = OpenFile(GENERIC_WRITE);
-    const struct
-    {
-        HANDLE file;
-        DWORD protection;
-        DWORD size;
-        DWORD error;
-    } cases[] = {
+    const std::tuple<HANDLE, DWORD, DWORD, DWORD> cases[] = {
         {empty, PAGE_READONLY, 0, ERROR_FILE_INVALID},
         {reader, PAGE_READWRITE, 0, ERROR_ACCESS_DENIED},
         {writer, PAGE_READONLY, 0, ERROR_ACCESS_DENIED},
@@ -96,9 +90,9 @@ TEST_F(Mapping, ImpossibleMappingsAreRefused)
         {reader, 0, 0, ERROR_INVALID_PARAMETER},
         {reinterpret_cast<HANDLE>(0x7770), PAGE_READONLY, 0, ERROR_INVALID_HANDLE},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(CreateFileMappingW(each.file, nullptr, each.protection, 0, each.size, nullptr), nullptr);
-        EXPECT_EQ(GetLastError(), each.error);
+    for (const auto& [file, protection, size, error] : cases) {
+        EXPECT_EQ(CreateFileMappingW(file, nullptr, protection, 0, size, nullptr), nullptr);
+        EXPECT_EQ(GetLastError(), error);
     }
     for (HANDLE file : {empty, reader, writer})
         CloseHandle(file);
@@ -109,20 +103,14 @@ TEST_F(Mapping, ImpossibleViewsAreRefused)
     const HANDLE file = OpenFile(GENERIC_READ);
     const HANDLE mapping = CreateFileMappingW(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
     ASSERT_NE(mapping, nullptr);
-    const struct
-    {
-        DWORD access;
-        DWORD offset;
-        SIZE_T size;
-        DWORD error;
-    } cases[] = {
+    const std::tuple<DWORD, DWORD, SIZE_T, DWORD> cases[] = {
         {FILE_MAP_WRITE, 0, 0, ERROR_ACCESS_DENIED},
         {FILE_MAP_READ, 1, 0, ERROR_MAPPED_ALIGNMENT},
         {FILE_MAP_READ, 0, 0x20000, ERROR_ACCESS_DENIED},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(MapViewOfFile(mapping, each.access, 0, each.offset, each.size), nullptr);
-        EXPECT_EQ(GetLastError(), each.error) << "offset " << each.offset << ", size " << each.size;
+    for (const auto& [access, offset, size, error] : cases) {
+        EXPECT_EQ(MapViewOfFile(mapping, access, 0, offset, size), nullptr);
+        EXPECT_EQ(GetLastError(), error) << "offset " << offset << ", size " << size;
     }
     EXPECT_EQ(MapViewOfFile(mapping, FILE_MAP_READ, 0, 0x10000, 0), nullptr) << "behind the end";
     CloseHandle(mapping);

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "tests/host/last_error.h"
+
 namespace {
 
 bool AllZero(const void* block, size_t size)
@@ -70,10 +72,8 @@ TEST(GlobalMemory, MoveableBlockCountsItsLocks)
     EXPECT_EQ(GlobalLock(memory), block);
     EXPECT_TRUE(GlobalUnlock(memory));
     SetLastError(ERROR_INVALID_DATA);
-    EXPECT_FALSE(GlobalUnlock(memory));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(NO_ERROR));
-    EXPECT_FALSE(GlobalUnlock(memory));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NOT_LOCKED));
+    EXPECT_TRUE(Fails(NO_ERROR, GlobalUnlock(memory)));
+    EXPECT_TRUE(Fails(ERROR_NOT_LOCKED, GlobalUnlock(memory)));
     EXPECT_EQ(GlobalFree(memory), nullptr);
 }
 

@@ -1,5 +1,7 @@
 #include <cstdint>
+#include <tuple>
 
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 #include "tests/host/wine.h"
 
@@ -30,8 +32,7 @@ class Modules : public Scratch
 
 TEST_F(Modules, OneModuleIsFoundByEveryNameAndAttachedOnce)
 {
-    EXPECT_EQ(GetModuleHandleW(TEXT("sample_module.dll")), nullptr);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_MOD_NOT_FOUND));
+    EXPECT_TRUE(Fails(ERROR_MOD_NOT_FOUND, GetModuleHandleW(TEXT("sample_module.dll"))));
     const HMODULE module = LoadLibraryW((ProgramFolder() + TEXT("sample_module.dll")).c_str());
     ASSERT_NE(module, nullptr);
     EXPECT_EQ(LoadLibraryW(TEXT("sample_module")), module);
@@ -46,8 +47,7 @@ TEST_F(Modules, OneModuleIsFoundByEveryNameAndAttachedOnce)
         EXPECT_TRUE(FreeLibrary(module));
     }
     EXPECT_EQ(GetModuleHandleW(TEXT("sample_module")), nullptr);
-    EXPECT_FALSE(FreeLibrary(module));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_MOD_NOT_FOUND));
+    EXPECT_TRUE(Fails(ERROR_MOD_NOT_FOUND, FreeLibrary(module)));
 }
 
 TEST_F(Modules, OnlyOwnExportsAreFound)
@@ -56,8 +56,7 @@ TEST_F(Modules, OnlyOwnExportsAreFound)
     ASSERT_NE(module, nullptr);
     for (const char* name :
          {"malloc", "HeapAlloc", "attachcount", "", reinterpret_cast<const char*>(uintptr_t{77})}) {
-        EXPECT_EQ(GetProcAddress(module, name), nullptr);
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PROC_NOT_FOUND));
+        EXPECT_TRUE(Fails(ERROR_PROC_NOT_FOUND, GetProcAddress(module, name)));
     }
     FreeLibrary(module);
 }
@@ -65,11 +64,7 @@ TEST_F(Modules, OnlyOwnExportsAreFound)
 TEST_F(Modules, FilesThatAreNoModulesAreRefused)
 {
     Write(Path(TEXT("text.dll")), std::string(5000, 'x'));
-    const struct
-    {
-        Wide path;
-        DWORD error;
-    } cases[] = {
+    const std::tuple<Wide, DWORD> cases[] = {
         {Path(TEXT("text.dll")), ERROR_BAD_EXE_FORMAT},
         {Path(TEXT("text")), ERROR_BAD_EXE_FORMAT},
         {Path(TEXT("none.dll")), ERROR_MOD_NOT_FOUND},
@@ -77,9 +72,9 @@ TEST_F(Modules, FilesThatAreNoModulesAreRefused)
         {TEXT("there_is_no_such_module"), ERROR_MOD_NOT_FOUND},
         {TEXT("refusing_module"), ERROR_DLL_INIT_FAILED},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(LoadLibraryW(each.path.c_str()), nullptr) << testing::PrintToString(each.path);
-        EXPECT_EQ(GetLastError(), each.error) << testing::PrintToString(each.path);
+    for (const auto& [path, error] : cases) {
+        EXPECT_EQ(LoadLibraryW(path.c_str()), nullptr) << testing::PrintToString(path);
+        EXPECT_EQ(GetLastError(), error) << testing::PrintToString(path);
     }
     EXPECT_EQ(GetModuleHandleW(TEXT("refusing_module")), nullptr);
 }

@@ -1,3 +1,6 @@
+#include <tuple>
+
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 
 namespace {
@@ -32,11 +35,7 @@ private:
 TEST_F(Paths, FullPathCleansWhatItIsGiven)
 {
     ASSERT_TRUE(SetCurrentDirectoryW(TEXT("C:\\windows\\system32")));
-    const struct
-    {
-        const WCHAR* name;
-        const WCHAR* full;
-    } cases[] = {
+    const std::tuple<const WCHAR*, const WCHAR*> cases[] = {
         {TEXT("C:\\a\\b"), TEXT("C:\\a\\b")},
         {TEXT("c:/a/./b/../c"), TEXT("c:\\a\\c")},
         {TEXT("C:\\a\\..\\..\\..\\b"), TEXT("C:\\b")},
@@ -50,10 +49,9 @@ TEST_F(Paths, FullPathCleansWhatItIsGiven)
         {TEXT("."), TEXT("C:\\windows\\system32")},
         {TEXT("C:rel"), TEXT("C:\\windows\\system32\\rel")},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(lstrcmpiW(FullPath(each.name).c_str(), each.full), 0)
-            << testing::PrintToString(FullPath(each.name)) << " for "
-            << testing::PrintToString(Wide(each.name));
+    for (const auto& [name, full] : cases)
+        EXPECT_EQ(lstrcmpiW(FullPath(name).c_str(), full), 0)
+            << testing::PrintToString(FullPath(name)) << " for " << testing::PrintToString(Wide(name));
 }
 
 TEST_F(Paths, FullPathPointsAtTheFileNameAndAsksForRoom)
@@ -77,8 +75,7 @@ TEST_F(Paths, RelativeNamesStartAtTheCurrentDirectory)
     EXPECT_EQ(Read(TEXT("file")), "found");
     EXPECT_EQ(Read(TEXT("..\\inner\\file")), "found");
     EXPECT_EQ(Read(TEXT("../INNER/FILE")), "found");
-    EXPECT_FALSE(SetCurrentDirectoryW(TEXT("none")));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_TRUE(Fails(ERROR_FILE_NOT_FOUND, SetCurrentDirectoryW(TEXT("none"))));
     EXPECT_EQ(Read(TEXT("file")), "found");
 }
 
@@ -89,8 +86,8 @@ TEST_F(Paths, ExistingNamesAreFoundInAnyCaseAndNotMadeTwice)
     EXPECT_EQ(Read(Path(TEXT("FOLDER\\READ.ME"))), "one");
     Write(Path(TEXT("fOLDER\\read.me")), "two");
     EXPECT_EQ(Read(Path(TEXT("Folder\\Read.Me"))), "two");
-    EXPECT_EQ(Open(Path(TEXT("folder\\READ.me")), GENERIC_WRITE, 0, CREATE_NEW), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
+    EXPECT_TRUE(Fails(ERROR_FILE_EXISTS, Open(Path(TEXT("folder\\READ.me")), GENERIC_WRITE, 0, CREATE_NEW),
+                      INVALID_HANDLE_VALUE));
     EXPECT_FALSE(CreateDirectoryW(Path(TEXT("FOLDER")).c_str(), nullptr));
     EXPECT_TRUE(DeleteFileW(Path(TEXT("FOLDER\\read.ME")).c_str()));
     EXPECT_EQ(Read(Path(TEXT("Folder\\Read.Me"))), "(absent)");

@@ -1,9 +1,11 @@
 #include <climits>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "tests/host/last_error.h"
 #include "tests/host/wine.h"
 
 namespace {
@@ -94,11 +96,10 @@ TEST(CodePages, SizesAreAskedForFirst)
     char narrow[3];
     EXPECT_EQ(MultiByteToWideChar(kLatin, 0, "abc", -1, nullptr, 0), 4);
     EXPECT_EQ(MultiByteToWideChar(kLatin, 0, "abc", 3, wide, 3), 3);
-    EXPECT_EQ(MultiByteToWideChar(kLatin, 0, "abc", -1, wide, 3), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+    EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, MultiByteToWideChar(kLatin, 0, "abc", -1, wide, 3)));
     EXPECT_EQ(WideCharToMultiByte(kJapanese, 0, TEXT("\u65E5\u672C"), -1, nullptr, 0, nullptr, nullptr), 5);
-    EXPECT_EQ(WideCharToMultiByte(kJapanese, 0, TEXT("\u65E5\u672C"), 2, narrow, 3, nullptr, nullptr), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+    EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, WideCharToMultiByte(kJapanese, 0, TEXT("\u65E5\u672C"), 2,
+                                                                     narrow, 3, nullptr, nullptr)));
 }
 
 struct WideCall
@@ -119,13 +120,13 @@ TEST(CodePages, WrongArgumentsAreRefused)
     };
     for (const WideCall& call : calls) {
         SetLastError(ERROR_SUCCESS);
-        EXPECT_EQ(
-            MultiByteToWideChar(call.page, 0, call.source, call.sourceSize, call.target, call.targetSize), 0);
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+        EXPECT_TRUE(
+            Fails(ERROR_INVALID_PARAMETER, MultiByteToWideChar(call.page, 0, call.source, call.sourceSize,
+                                                               call.target, call.targetSize)));
     }
     char narrow[4];
-    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, TEXT("a"), 0, narrow, 4, nullptr, nullptr), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER,
+                      WideCharToMultiByte(CP_UTF8, 0, TEXT("a"), 0, narrow, 4, nullptr, nullptr)));
 }
 
 TEST(CodePages, ArgumentsThatDoNotSuitThePageAreRefused)
@@ -134,8 +135,8 @@ TEST(CodePages, ArgumentsThatDoNotSuitThePageAreRefused)
         GTEST_SKIP() << "takes them";
     char narrow[4];
     BOOL used;
-    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, TEXT("a"), 1, narrow, 4, nullptr, &used), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER,
+                      WideCharToMultiByte(CP_UTF8, 0, TEXT("a"), 1, narrow, 4, nullptr, &used)));
     EXPECT_EQ(WideCharToMultiByte(kLatin, WC_ERR_INVALID_CHARS, TEXT("a"), 1, narrow, 4, nullptr, nullptr),
               0);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_FLAGS));
@@ -148,13 +149,7 @@ int Sign(int value)
 
 TEST(Comparison, OrdersSignsDigitsLettersAndIgnoresCaseFirst)
 {
-    const struct
-    {
-        const WCHAR* first;
-        const WCHAR* second;
-        int exact;
-        int ignoringCase;
-    } cases[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, int, int> cases[] = {
         {TEXT("same"), TEXT("same"), 0, 0},
         {TEXT("same"), TEXT("SAME"), -1, 0},
         {TEXT("\u00E9t\u00E9"), TEXT("\u00C9T\u00C9"), -1, 0},
@@ -165,11 +160,10 @@ TEST(Comparison, OrdersSignsDigitsLettersAndIgnoresCaseFirst)
         {TEXT("9"), TEXT("a"), -1, -1},
         {TEXT(""), TEXT("a"), -1, -1},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(Sign(lstrcmpW(each.first, each.second)), each.exact)
-            << testing::PrintToString(Wide(each.first));
-        EXPECT_EQ(Sign(lstrcmpW(each.second, each.first)), -each.exact);
-        EXPECT_EQ(Sign(lstrcmpiW(each.first, each.second)), each.ignoringCase);
+    for (const auto& [first, second, exact, ignoringCase] : cases) {
+        EXPECT_EQ(Sign(lstrcmpW(first, second)), exact) << testing::PrintToString(Wide(first));
+        EXPECT_EQ(Sign(lstrcmpW(second, first)), -exact);
+        EXPECT_EQ(Sign(lstrcmpiW(first, second)), ignoringCase);
     }
 }
 
@@ -179,8 +173,7 @@ TEST(Comparison, OrdinalGoesByUnits)
     EXPECT_EQ(CompareStringOrdinal(TEXT("a"), -1, TEXT("A"), -1, FALSE), CSTR_GREATER_THAN);
     EXPECT_EQ(CompareStringOrdinal(TEXT("ab"), 1, TEXT("ac"), 1, FALSE), CSTR_EQUAL);
     EXPECT_EQ(CompareStringOrdinal(TEXT("a"), -1, TEXT("ab"), -1, TRUE), CSTR_LESS_THAN);
-    EXPECT_EQ(CompareStringOrdinal(nullptr, -1, TEXT("a"), -1, TRUE), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER, CompareStringOrdinal(nullptr, -1, TEXT("a"), -1, TRUE)));
 }
 
 TEST(Strings, CopyIsCutAndTerminated)
@@ -205,8 +198,7 @@ TEST(Locale, FactsOfTheDefaultUser)
     EXPECT_EQ(GetLocaleInfoW(0x0411, LOCALE_SABBREVLANGNAME, data, 16), 4);
     EXPECT_EQ(Wide(data), TEXT("JPN"));
     EXPECT_EQ(GetLocaleInfoW(user, LOCALE_IDEFAULTANSICODEPAGE, nullptr, 0), 5);
-    EXPECT_EQ(GetLocaleInfoW(user, LOCALE_IDEFAULTANSICODEPAGE, data, 4), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+    EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, GetLocaleInfoW(user, LOCALE_IDEFAULTANSICODEPAGE, data, 4)));
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 // Private-profile files.
 #include <cstring>
+#include <tuple>
 #include <vector>
 
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 #include "tests/host/wine.h"
 
@@ -75,12 +77,7 @@ constexpr char kSample[] = "top=1\r\n"
 TEST_F(Profiles, ValuesAreFoundWithoutRegardToCaseAndBlanks)
 {
     Put(kSample);
-    const struct
-    {
-        const WCHAR* section;
-        const WCHAR* key;
-        const WCHAR* value;
-    } cases[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*> cases[] = {
         {TEXT("FIRST"), TEXT("A"), TEXT("1")},
         {TEXT(" first "), TEXT(" a "), TEXT("1")},
         {TEXT("First"), TEXT("both"), TEXT("quoted ")},
@@ -100,8 +97,8 @@ TEST_F(Profiles, ValuesAreFoundWithoutRegardToCaseAndBlanks)
         {TEXT("no end"), TEXT("v"), TEXT("default")},
         {TEXT("none"), TEXT("a"), TEXT("default")},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(Ask(each.section, each.key, TEXT("default  ")), each.value) << Wide(each.key).size();
+    for (const auto& [section, key, value] : cases)
+        EXPECT_EQ(Ask(section, key, TEXT("default  ")), value) << Wide(key).size();
     EXPECT_EQ(Ask(TEXT("First"), TEXT("none"), nullptr), Wide());
 }
 
@@ -130,20 +127,14 @@ TEST_F(Profiles, ListsNameSectionsKeysAndLines)
 TEST_F(Profiles, SmallBuffersGetWhatFits)
 {
     Put("[S]\r\nkey=value\r\nquoted=\"value\"\r\nk=1\r\n[T]\r\n");
-    const struct
-    {
-        const WCHAR* section;
-        const WCHAR* key;
-        DWORD size;
-        const WCHAR* answer;
-    } cases[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, DWORD, const WCHAR*> cases[] = {
         {TEXT("S"), TEXT("key"), 6, TEXT("value")}, {TEXT("S"), TEXT("key"), 5, TEXT("valu")},
         {TEXT("S"), TEXT("key"), 1, TEXT("")},      {TEXT("S"), TEXT("none"), 3, TEXT("de")},
         {nullptr, nullptr, 4, TEXT("S|")},          {nullptr, nullptr, 2, TEXT("")},
         {TEXT("S"), nullptr, 8, TEXT("key|qu")},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(Ask(each.section, each.key, TEXT("default"), each.size), each.answer) << each.size;
+    for (const auto& [section, key, size, answer] : cases)
+        EXPECT_EQ(Ask(section, key, TEXT("default"), size), answer) << size;
     WCHAR untouched = TEXT('~');
     EXPECT_EQ(GetPrivateProfileStringW(TEXT("S"), TEXT("key"), TEXT(""), &untouched, 0, file_.c_str()), 0u);
     EXPECT_EQ(untouched, TEXT('~'));
@@ -156,11 +147,7 @@ TEST_F(Profiles, SmallBuffersGetWhatFits)
 
 TEST_F(Profiles, NumbersAreReadUpToTheFirstOtherSign)
 {
-    const struct
-    {
-        const char* text;
-        INT number;
-    } cases[] = {
+    const std::tuple<const char*, INT> cases[] = {
         {"12", 12},
         {"-5", -5},
         {"+3", 3},
@@ -179,24 +166,17 @@ TEST_F(Profiles, NumbersAreReadUpToTheFirstOtherSign)
         {"", -77},
         {"2147483648", INT32_MIN},
     };
-    for (const auto& each : cases) {
-        Put(std::string("[S]\r\nn=") + each.text + "\r\n");
-        EXPECT_EQ(static_cast<INT>(GetPrivateProfileIntW(TEXT("S"), TEXT("n"), -77, file_.c_str())),
-                  each.number)
-            << each.text;
+    for (const auto& [text, number] : cases) {
+        Put(std::string("[S]\r\nn=") + text + "\r\n");
+        EXPECT_EQ(static_cast<INT>(GetPrivateProfileIntW(TEXT("S"), TEXT("n"), -77, file_.c_str())), number)
+            << text;
     }
     EXPECT_EQ(static_cast<INT>(GetPrivateProfileIntW(TEXT("S"), TEXT("none"), -77, file_.c_str())), -77);
 }
 
 TEST_F(Profiles, FilesGrowKeyByKeyAndShrinkAgain)
 {
-    const struct
-    {
-        const WCHAR* section;
-        const WCHAR* key;
-        const WCHAR* value;
-        const char* content;
-    } steps[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, const WCHAR*, const char*> steps[] = {
         {TEXT("S"), TEXT("none"), nullptr, "(absent)"},
         {TEXT("S"), TEXT("k"), TEXT("v"), "[S]\r\nk=v\r\n"},
         {TEXT("S"), TEXT("k2"), TEXT(" \"two\""), "[S]\r\nk=v\r\nk2=\"two\"\r\n"},
@@ -207,9 +187,9 @@ TEST_F(Profiles, FilesGrowKeyByKeyAndShrinkAgain)
         {TEXT("none"), nullptr, nullptr, "[S]\r\nk=w\r\n[T]\r\nk=\r\n"},
         {TEXT("S"), nullptr, nullptr, "[T]\r\nk=\r\n"},
     };
-    for (const auto& step : steps) {
-        EXPECT_TRUE(Store(step.section, step.key, step.value)) << step.content;
-        EXPECT_EQ(Content(), step.content);
+    for (const auto& [section, key, value, content] : steps) {
+        EXPECT_TRUE(Store(section, key, value)) << content;
+        EXPECT_EQ(Content(), content);
     }
     EXPECT_FALSE(Store(nullptr, nullptr, nullptr))
         << "the documented answer to a request to store everything";
@@ -284,8 +264,7 @@ TEST_F(Profiles, NoNameOrValueBreaksTheFile)
         {TEXT("S\n"), nullptr, nullptr},
     };
     for (const auto& each : refused) {
-        EXPECT_FALSE(Store(each[0], each[1], each[2]));
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+        EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER, Store(each[0], each[1], each[2])));
         EXPECT_EQ(Content(), before);
     }
     EXPECT_FALSE(WritePrivateProfileSectionW(TEXT("S"), TEXT("a=1\0[T]\0"), file_.c_str()));

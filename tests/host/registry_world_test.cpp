@@ -91,15 +91,6 @@ void ExpectHomeHolds(DWORD count)
     RegCloseKey(home);
 }
 
-TEST_F(RegistryWorld, KeepsKeysInTheRoot)
-{
-    ASSERT_TRUE(OpenWorld());
-    WriteNumbered(1, 3);
-    host::Close();
-    ASSERT_TRUE(OpenWorld());
-    ExpectHomeHolds(3);
-}
-
 TEST_F(RegistryWorld, ServesManyThreads)
 {
     ASSERT_TRUE(OpenWorld());

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "host/host.h"
+#include "tests/host/last_error.h"
 
 namespace {
 
@@ -132,8 +133,8 @@ TEST_F(SpoolerWorld, DeletesOnlyFilesThatNobodyElseUses)
     WCHAR* file = Name(TEXT("T.DLL"));
     DRIVER_INFO_2W info = {3, Name(TEXT("Second")), nullptr, file, file, file};
     ASSERT_TRUE(AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&info), APD_COPY_ALL_FILES));
-    EXPECT_FALSE(DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), DPD_DELETE_ALL_FILES, 0));
-    EXPECT_EQ(DWORD{ERROR_PRINTER_DRIVER_IN_USE}, GetLastError());
+    EXPECT_TRUE(Fails(ERROR_PRINTER_DRIVER_IN_USE,
+                      DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), DPD_DELETE_ALL_FILES, 0)));
     EXPECT_TRUE(DeletePrinterDriverExW(nullptr, nullptr, Name(kDriver), DPD_DELETE_UNUSED_FILES, 0));
     EXPECT_TRUE(fs::exists(Installed()));
     EXPECT_TRUE(DeletePrinterDriverExW(nullptr, nullptr, info.pName, DPD_DELETE_UNUSED_FILES, 0));

@@ -1,7 +1,9 @@
 // Version information of module files. The module is a real one of the system that runs the test.
 #include <cstring>
+#include <tuple>
 #include <vector>
 
+#include "tests/host/last_error.h"
 #include "tests/host/scratch.h"
 #include "tests/host/wine.h"
 
@@ -68,8 +70,7 @@ TEST_F(Versions, PathsThatLeadNowhereFail)
                               TEXT("\\StringFileInfo\\040904B0\\None"), TEXT("\\Translation")}) {
         LPVOID value = nullptr;
         UINT size = 1;
-        EXPECT_FALSE(VerQueryValueW(data.data(), path, &value, &size));
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_RESOURCE_TYPE_NOT_FOUND));
+        EXPECT_TRUE(Fails(ERROR_RESOURCE_TYPE_NOT_FOUND, VerQueryValueW(data.data(), path, &value, &size)));
         EXPECT_EQ(size, 0u);
     }
 }
@@ -77,23 +78,19 @@ TEST_F(Versions, PathsThatLeadNowhereFail)
 TEST_F(Versions, FilesWithoutAVersionSayWhatIsWrong)
 {
     Write(Path(TEXT("text.exe")), "This is no program.");
-    const struct
-    {
-        Wide path;
-        DWORD error;
-    } cases[] = {
+    const std::tuple<Wide, DWORD> cases[] = {
         {Path(TEXT("none.exe")), ERROR_FILE_NOT_FOUND},
         {Path(TEXT("none\\none.exe")), ERROR_PATH_NOT_FOUND},
         {Path(TEXT("text.exe")), ERROR_RESOURCE_DATA_NOT_FOUND},
     };
-    for (const auto& each : cases) {
+    for (const auto& [path, error] : cases) {
         DWORD handle = 1;
-        EXPECT_EQ(GetFileVersionInfoSizeW(each.path.c_str(), &handle), 0u);
-        EXPECT_EQ(GetLastError(), each.error);
+        EXPECT_EQ(GetFileVersionInfoSizeW(path.c_str(), &handle), 0u);
+        EXPECT_EQ(GetLastError(), error);
         EXPECT_EQ(handle, 0u);
         char data[64];
-        EXPECT_FALSE(GetFileVersionInfoW(each.path.c_str(), 0, sizeof data, data));
-        EXPECT_EQ(GetLastError(), each.error);
+        EXPECT_FALSE(GetFileVersionInfoW(path.c_str(), 0, sizeof data, data));
+        EXPECT_EQ(GetLastError(), error);
     }
 }
 

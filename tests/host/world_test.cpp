@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -13,6 +14,7 @@
 
 #include "host/host.h"
 #include "host/kernel/resource.h"
+#include "tests/host/last_error.h"
 
 namespace {
 
@@ -75,11 +77,7 @@ TEST(Worlds, RefuseARootThatIsNoFolder)
 TEST_F(World, NamesOfTheMachineAndOfWindowsMeet)
 {
     const std::string driveC = host::RootFolder() + "/drive_c";
-    const struct
-    {
-        std::u16string windows;
-        std::string native;
-    } cases[] = {
+    const std::tuple<std::u16string, std::string> cases[] = {
         {u"C:\\windows", driveC + "/windows"},
         {u"C:\\Windows\\SYSTEM32\\new.txt", driveC + "/windows/system32/new.txt"},
         {u"Z:\\usr\\include", "/usr/include"},
@@ -88,8 +86,8 @@ TEST_F(World, NamesOfTheMachineAndOfWindowsMeet)
         {u"X:\\file", ""},
         {u"C:\\..\\..\\etc", driveC + "/etc"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(host::NativePath(each.windows), each.native) << testing::PrintToString(each.windows);
+    for (const auto& [windows, native] : cases)
+        EXPECT_EQ(host::NativePath(windows), native) << testing::PrintToString(windows);
     EXPECT_EQ(host::WindowsPath(driveC + "/windows/a"), u"C:\\windows\\a");
     EXPECT_EQ(host::WindowsPath(driveC), u"C:\\");
     EXPECT_EQ(host::WindowsPath("/usr"), u"Z:\\usr");
@@ -203,8 +201,7 @@ TEST_F(World, DiskFillsUpAfterTheBytesThatWereLeft)
     DWORD written = 0;
     host::LimitDiskSpace(6);
     EXPECT_TRUE(WriteFile(file, "1234", 4, &written, nullptr));
-    EXPECT_FALSE(WriteFile(file, "5678", 4, &written, nullptr));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DISK_FULL));
+    EXPECT_TRUE(Fails(ERROR_DISK_FULL, WriteFile(file, "5678", 4, &written, nullptr)));
     EXPECT_EQ(GetFileSize(file, nullptr), 6u);
     EXPECT_FALSE(WriteFile(file, "9", 1, &written, nullptr));
     host::LimitDiskSpace(-1);
@@ -251,8 +248,7 @@ TEST_F(World, ActiveWindowHasTheClassTheHostNames)
     EXPECT_EQ(GetClassNameW(window, name, 4), 3);
     EXPECT_EQ(std::u16string(name), u"Cal");
     host::SetActiveWindowClass({});
-    EXPECT_EQ(GetClassNameW(window, name, 4), 0);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(Fails(ERROR_INVALID_WINDOW_HANDLE, GetClassNameW(window, name, 4)));
 }
 
 TEST_F(World, ModulesLeftLoadedAreDetachedWithTheWorld)

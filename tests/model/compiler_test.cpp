@@ -1,5 +1,7 @@
 #include "psui/model/compiler.h"
 
+#include <tuple>
+
 #include "model_fixture.h"
 #include "psui/model/keywords.h"
 
@@ -295,27 +297,22 @@ TEST(PageSizes, HaveBothDimensionsOrNone)
 
 TEST(InputSlots, RequireAPageRegionUnlessAStatementSaysNot)
 {
-    struct SlotCase
-    {
-        const char* text;
-        const char* expected;
-    };
-    const SlotCase cases[] = {
+    const std::tuple<const char*, const char*> cases[] = {
         {"*InputSlot A: \"\"\n*InputSlot B: \"\"\n*RequiresPageRegion B: False\n", "A1 B0 "},
         {"*InputSlot A: \"\"\n*RequiresPageRegion A: Perhaps\n*RequiresPageRegion N: True\n", "A0 N1 "},
         {"*RequiresPageRegion All: False\n*InputSlot A: \"\"\n", "A0 "},
         {"*RequiresPageRegion All: True\n*InputSlot A: \"\"\n*RequiresPageRegion A: False\n", "A1 "},
         {"*RequiresPageRegion All: Perhaps\n*InputSlot A: \"\"\n", "A1 "},
     };
-    for (const SlotCase& c : cases) {
-        const ModelPtr model = CompileModel(c.text);
+    for (const auto& [text, expected] : cases) {
+        const ModelPtr model = CompileModel(text);
         std::string slots;
         for (auto* o = FirstOption(BuiltinFeature(model.get(), kFeatureInputSlot)); o; o = o->next.get())
             slots +=
                 TextOf(o->name) +
                 std::to_string(uint32_t{reinterpret_cast<const InputSlotOption*>(o)->requiresPageRegion}) +
                 " ";
-        EXPECT_EQ(slots, c.expected) << c.text;
+        EXPECT_EQ(slots, expected) << text;
     }
 }
 
@@ -532,17 +529,6 @@ TEST(Compilation, IgnoresWhatItDoesNotKnow)
         {"quotes that never close", "*CM a: \"\"\n*CM b: \"\n*CM c: 1\n", "CM[0]: a=\n"},
     };
     ExpectSummaries(cases);
-}
-
-TEST(KeywordTable, HasOneEntryAKeywordWithItsFeature)
-{
-    const auto keywords = compiler::AllKeywords();
-    ASSERT_EQ(keywords.size(), 119u);
-    for (const compiler::KeywordEntry& entry : keywords)
-        EXPECT_EQ(compiler::FindKeyword(entry.keyword), &entry) << entry.keyword;
-    EXPECT_EQ(compiler::FindKeyword("MediaTypes"), nullptr);
-    EXPECT_EQ(compiler::FindKeyword("DefaultINTERLACE"), nullptr);
-    EXPECT_EQ(compiler::FindKeyword(""), nullptr);
 }
 
 } // namespace psui::test

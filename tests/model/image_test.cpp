@@ -1,9 +1,11 @@
 #include "psui/model/image.h"
 
 #include <array>
+#include <tuple>
 
 #include "host/host.h"
 #include "model_fixture.h"
+#include "tests/entry/fail_each.h"
 #include "tests/model/walk.h"
 
 namespace psui::test {
@@ -101,24 +103,15 @@ TEST(Image, IsTheWorkedExampleByteForByte)
     EXPECT_TRUE(IsSound(bytes));
 }
 
-TEST(Image, OfAnEmptyTextHoldsBothArrays)
+TEST(Image, HoldsBothArraysWith12BytesAnEntry)
 {
-    const Bytes bytes = BytesOf(CompileImage(""));
-    EXPECT_EQ(bytes.size(), 576u + 28 + 4 + 4);
-    EXPECT_TRUE(IsSound(bytes));
-    const ModelPtr model = CompileModel("");
-    EXPECT_EQ(model->orderDependencies->count, 0);
-    EXPECT_EQ(model->constraints->count, 0);
-    EXPECT_EQ(model->constraints->entrySize, 8);
-    EXPECT_FALSE(model->features);
-}
-
-TEST(Image, GivesEachArray12BytesAnEntry)
-{
+    const Bytes empty = BytesOf(CompileImage(""));
+    EXPECT_EQ(empty.size(), 576u + 28 + 4 + 4);
+    EXPECT_TRUE(IsSound(empty));
     const std::string name = "*CM a: \"\"\n";
     const size_t none = BytesOf(CompileImage(name)).size();
-    EXPECT_EQ(BytesOf(CompileImage(name + "*UIConstraints: *CM *CM\n")).size(), none + 12);
-    EXPECT_EQ(BytesOf(CompileImage(name + "*OrderDependency: 1 Prolog *CM\n")).size(), none + 12);
+    for (const char* entry : {"*UIConstraints: *CM *CM\n", "*OrderDependency: 1 Prolog *CM\n"})
+        EXPECT_EQ(BytesOf(CompileImage(name + entry)).size(), none + 12) << entry;
 }
 
 TEST(Image, IsRefusedWhenCutAnywhere)
@@ -162,14 +155,7 @@ TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
     const uint64_t a = at(cm + 56);
     const uint64_t b = at(a);
     const uint64_t font = at(552);
-    struct Patch
-    {
-        const char* why;
-        uint64_t offset;
-        uint64_t value;
-        bool sound;
-    };
-    const Patch patches[] = {
+    const std::tuple<const char*, uint64_t, uint64_t, bool> patches[] = {
         {"option list runs in a circle", b, a, false},
         {"option follows itself", a, a, false},
         {"feature list runs in a circle", icm, cm, false},
@@ -203,18 +189,12 @@ TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
         {"default of any number", cm + 32, ~uint64_t{0}, true},
     };
     ASSERT_TRUE(IsSound(whole));
-    for (const Patch& patch : patches) {
+    for (const auto& [why, offset, value, sound] : patches) {
         Bytes bytes = whole;
-        Put(bytes, patch.offset, patch.value);
-        EXPECT_EQ(IsSound(bytes), patch.sound) << patch.why;
+        Put(bytes, offset, value);
+        EXPECT_EQ(IsSound(bytes), sound) << why;
     }
-    struct Patch16
-    {
-        const char* why;
-        uint64_t offset;
-        uint16_t value;
-    };
-    const Patch16 patches16[] = {
+    const std::tuple<const char*, uint64_t, uint16_t> patches16[] = {
         {"another format version", 24, 2},
         {"size word too large", 0, static_cast<uint16_t>(whole.size() + 4)},
         {"size word too small", 0, static_cast<uint16_t>(whole.size() - 4)},
@@ -231,10 +211,10 @@ TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
         {"more entries than the block holds", at(568), 60000},
         {"last byte", whole.size() - 2, 0x100},
     };
-    for (const Patch16& patch : patches16) {
+    for (const auto& [why, offset, value] : patches16) {
         Bytes bytes = whole;
-        Put(bytes, patch.offset, patch.value);
-        EXPECT_FALSE(IsSound(bytes)) << patch.why;
+        Put(bytes, offset, value);
+        EXPECT_FALSE(IsSound(bytes)) << why;
     }
 }
 
@@ -250,12 +230,7 @@ TEST(Image, IsRefusedWhenItsPathDoesNotEnd)
 
 TEST(Image, HasItsNameFromTheText)
 {
-    struct Case
-    {
-        const WCHAR* path;
-        const WCHAR* expected;
-    };
-    constexpr Case kCases[] = {
+    constexpr std::tuple<const WCHAR*, const WCHAR*> kCases[] = {
         {TEXT("C:\\drv\\model.ppd"), TEXT("C:\\drv\\model.BDD")},
         {TEXT("C:\\drv.old\\model"), TEXT("C:\\drv.BDD")},
         {TEXT("model"), TEXT("model.BDD")},
@@ -263,10 +238,10 @@ TEST(Image, HasItsNameFromTheText)
         {TEXT("model."), TEXT("model.BDD")},
         {TEXT(""), TEXT(".BDD")},
     };
-    for (const Case& c : kCases) {
+    for (const auto& [path, expected] : kCases) {
         WCHAR name[kImagePathUnits];
-        ASSERT_TRUE(ImagePathOf(c.path, name));
-        EXPECT_EQ(lstrcmpW(name, c.expected), 0);
+        ASSERT_TRUE(ImagePathOf(path, name));
+        EXPECT_EQ(lstrcmpW(name, expected), 0);
     }
     WCHAR name[kImagePathUnits];
     EXPECT_TRUE(ImagePathOf(std::basic_string<WCHAR>(259, 'x').c_str(), name));
@@ -285,14 +260,14 @@ TEST(Compilation, YieldsNothingAndLeaksNothingWhenAnyAllocationFails)
     const uint64_t requests = host::AllocationsSeen();
     EXPECT_GT(requests, 5u);
     EXPECT_LT(requests, 60u);
-    const host::Ledger before = host::OpenObjects();
-    for (uint64_t skip = 0; skip < requests; ++skip) {
-        Collector collector;
-        host::FailAllocations(skip, false);
-        EXPECT_FALSE(CompileImage(text, &collector)) << skip;
-        host::StopFailing();
-        EXPECT_EQ(host::OpenObjects(), before) << skip;
-    }
+    Collector collector;
+    ModelPtr image;
+    ::test::FailEach(
+        ::test::kAllocations, [&] { image.reset(); }, [&] { image = CompileImage(text, &collector); },
+        [&](bool failed) {
+            EXPECT_EQ(image == nullptr, failed);
+            image.reset();
+        });
 }
 
 } // namespace psui::test

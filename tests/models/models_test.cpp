@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "host/host.h"
+#include "lang/ids/papers.h"
 #include "psui/model/image.h"
 #include "psui/model/keywords.h"
 #include "psui/model/queries.h"
@@ -221,70 +222,60 @@ TEST_P(Models, OrderNothingUnknown)
         EXPECT_NE(entry.featureNumber, kUnresolved);
 }
 
-struct KnownPaper
+struct KnownSize
 {
-    const char* name;
-    int id;
+    const char* paper;
     int width;  ///< tenths of a millimetre
     int length; ///< tenths of a millimetre
 };
 
 // Sizes in inches are what their whole points give: 8.5 in are 215.9 mm.
-constexpr KnownPaper kPapers[] = {
-    {"A4", 9, 2100, 2970},
-    {"Letter", 1, 2159, 2794},
-    {"Legal", 5, 2159, 3556},
-    {"Executive", 7, 1841, 2667},
-    {"B5JIS", 13, 1820, 2570},
-    {"A5", 11, 1480, 2100},
-    {"A6", 70, 1050, 1480},
-    {"Post_Card", 265, 1016, 1524},
-    {"Index_Card", 266, 1270, 2032},
-    {"Photo_L", 272, 890, 1270},
-    {"Photo_2L", 273, 1270, 1780},
-    {"HAGAKI", 43, 1000, 1480},
-    {"W_HAGAKI", 82, 2000, 1480},
-    {"C5", 28, 1620, 2290},
-    {"Com10", 20, 1047, 2413},
-    {"DL", 27, 1100, 2200},
-    {"Monarch", 37, 984, 1905},
-    {"JE4", 91, 1050, 2350},
-    {"User", 256, 0, 0},
-    {"A3", 8, 2970, 4200},
-    {"Ledger", 3, 2794, 4318},
-    {"B4JIS", 12, 2570, 3640},
-    {"A3_SG", 287, 2970, 4200},
-    {"Ledger_SG", 289, 2794, 4318},
-    {"B4JIS_SG", 288, 2570, 3640},
-    {"A4_BL", 274, 2100, 2970},
-    {"Letter_BL", 275, 2159, 2794},
-    {"A6_BL", 276, 1050, 1480},
-    {"Post_Card_BL", 280, 1016, 1524},
-    {"Index_Card_BL", 281, 1270, 2032},
-    {"Photo_L_BL", 278, 890, 1270},
-    {"Photo_2L_BL", 279, 1270, 1780},
-    {"HAGAKI_BL", 277, 1000, 1480},
-    {"A3_BL", 283, 2970, 4200},
-    {"Ledger_BL", 285, 2794, 4318},
-    {"B4JIS_BL", 284, 2570, 3640},
-    {"A3_BL_SG", 290, 2970, 4200},
-    {"Ledger_BL_SG", 292, 2794, 4318},
-    {"B4JIS_BL_SG", 291, 2570, 3640},
+constexpr KnownSize kSizes[] = {
+    {"A4", 2100, 2970},
+    {"Letter", 2159, 2794},
+    {"Legal", 2159, 3556},
+    {"Executive", 1841, 2667},
+    {"B5JIS", 1820, 2570},
+    {"A5", 1480, 2100},
+    {"A6", 1050, 1480},
+    {"Post_Card", 1016, 1524},
+    {"HAGAKI", 1000, 1480},
+    {"W_HAGAKI", 2000, 1480},
+    {"Index_Card", 1270, 2032},
+    {"Photo_L", 890, 1270},
+    {"C5", 1620, 2290},
+    {"Photo_2L", 1270, 1780},
+    {"Com10", 1047, 2413},
+    {"DL", 1100, 2200},
+    {"JE4", 1050, 2350},
+    {"Monarch", 984, 1905},
+    {"User", 0, 0},
+    {"A3", 2970, 4200},
+    {"Ledger", 2794, 4318},
+    {"B4JIS", 2570, 3640},
 };
 
-const KnownPaper* FindKnownPaper(const std::string& name)
+/// The size of a paper, which is also that of its borderless and its single-sheet kind.
+const KnownSize* FindKnownSize(const std::string& name)
 {
-    const auto found = std::find_if(std::begin(kPapers), std::end(kPapers),
-                                    [&](const KnownPaper& paper) { return name == paper.name; });
-    return found == std::end(kPapers) ? nullptr : found;
+    std::string base = name;
+    for (const char* kind : {"_SG", "_BL"})
+        if (base.ends_with(kind))
+            base.resize(base.size() - 3);
+    const auto found = std::find_if(std::begin(kSizes), std::end(kSizes),
+                                    [&](const KnownSize& size) { return base == size.paper; });
+    return found == std::end(kSizes) ? nullptr : found;
 }
 
 TEST_P(Models, GiveEveryPaperItsIdAndSize)
 {
     for (const auto& [name, id] : Codes(model(), kFeaturePaper)) {
-        const KnownPaper* known = FindKnownPaper(name);
+        const auto named = std::find_if(std::begin(lang::kNamedPapers), std::end(lang::kNamedPapers),
+                                        [&](const lang::NamedPaper& paper) { return name == paper.keyword; });
+        ASSERT_NE(named, std::end(lang::kNamedPapers)) << name;
+        EXPECT_EQ(id, named->id) << name;
+        const KnownSize* known = FindKnownSize(name);
         ASSERT_TRUE(known) << name;
-        EXPECT_EQ(id, known->id) << name;
         const auto* size = reinterpret_cast<const PageSizeOption*>(
             FindByName(FirstOption(BuiltinFeature(&model(), kFeaturePageSize)), name));
         EXPECT_EQ(Points256ToMicrons(static_cast<int32_t>(size->width)) / 100, known->width) << name;
@@ -328,7 +319,7 @@ TEST(ModelLine, OffersEveryPaperAndMedium)
         for (const auto& [name, code] : Codes(*compiled.model, kFeatureMediaType))
             media.insert(name);
     }
-    EXPECT_EQ(papers.size(), std::size(kPapers));
+    EXPECT_EQ(papers.size(), std::size(lang::kNamedPapers));
     EXPECT_EQ(media.size(), kMedia.size());
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <tuple>
 
 #include "tests/psuictl/psuictl_run.h"
 
@@ -44,11 +45,7 @@ TEST_F(PrinterSettings, StoreDataByItsLooksOrByTheTypeThatIsAskedFor)
 TEST_F(PrinterSettings, LeaveStoredDataAloneWhenTheNewIsRefused)
 {
     Output({"printer", "data", "P", "Value", "1"});
-    const struct
-    {
-        std::vector<std::string> line;
-        int code;
-    } rows[] = {
+    const std::tuple<std::vector<std::string>, int> rows[] = {
         {{"printer", "data", "P", "Value", "x", "--type", "number"}, 2},
         {{"printer", "data", "P", "Value", "-1", "--type", "number"}, 2},
         {{"printer", "data", "P", "Value", "4294967296", "--type", "number"}, 2},
@@ -57,10 +54,10 @@ TEST_F(PrinterSettings, LeaveStoredDataAloneWhenTheNewIsRefused)
         {{"printer", "data", "P", "Missing"}, 1},
         {{"printer", "data", "Q"}, 1},
     };
-    for (const auto& row : rows) {
-        const Outcome outcome = Run(row.line);
-        EXPECT_EQ(outcome.code, row.code) << testing::PrintToString(row.line) << outcome;
-        EXPECT_EQ(outcome.out, "") << testing::PrintToString(row.line);
+    for (const auto& [line, code] : rows) {
+        const Outcome outcome = Run(line);
+        EXPECT_EQ(outcome.code, code) << testing::PrintToString(line) << outcome;
+        EXPECT_EQ(outcome.out, "") << testing::PrintToString(line);
         EXPECT_TRUE(outcome.err.starts_with("psuictl: ")) << outcome;
     }
     const nlohmann::json list = JsonOutput({"printer", "data", "P"});

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "tests/psuictl/psuictl_run.h"
 
 using PrinterCommands = PsuictlTest;
@@ -44,24 +46,20 @@ TEST_F(PrinterCommands, LeaveNothingBehindWhenAPrinterCannotBeAdded)
     const std::string longName(41, 'x');
     WriteText(Path("long.ppd"), "*FileVersion: \"1.0\"\n*Media" + longName + ": 1\n");
     Sample("palette310.ppd");
-    const struct
-    {
-        std::vector<std::string> options;
-        const char* complaint;
-    } rows[] = {
+    const std::tuple<std::vector<std::string>, const char*> rows[] = {
         {{"P", "--model", "missing.ppd"}, "missing.ppd"},
         {{"P", "--model", "long.ppd"}, "line 2"},
         {{"P", "--model", "palette310.ppd", "--processor", ""}, "print processor"},
         {{"P", "--model", "palette310.ppd", "--port", ""}, "port"},
         {{"a\\b,c", "--model", "palette310.ppd"}, "name"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [options, complaint] : rows) {
         std::vector<std::string> line = {"printer", "add"};
-        line.insert(line.end(), row.options.begin(), row.options.end());
+        line.insert(line.end(), options.begin(), options.end());
         const Outcome outcome = Run(line);
         EXPECT_EQ(outcome.code, 1) << testing::PrintToString(line) << outcome;
         EXPECT_EQ(outcome.out, "");
-        EXPECT_NE(outcome.err.find(row.complaint), std::string::npos) << outcome;
+        EXPECT_NE(outcome.err.find(complaint), std::string::npos) << outcome;
         EXPECT_EQ(JsonOutput({"printer", "list"}).size(), 0u);
         EXPECT_TRUE(!std::filesystem::exists(DriverFolder()) || std::filesystem::is_empty(DriverFolder()))
             << testing::PrintToString(line);

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "tests/psuictl/psuictl_run.h"
 
 namespace {
@@ -14,12 +16,7 @@ protected:
 
 TEST_F(RecordCommands, SetAndShowTheSameValue)
 {
-    const struct
-    {
-        const char* assignment;
-        const char* field;
-        nlohmann::json value;
-    } rows[] = {
+    const std::tuple<const char*, const char*, nlohmann::json> rows[] = {
         {"dmCopies=5", "dmCopies", 5},
         {"dmPrintQuality=-4", "dmPrintQuality", -4},
         {"dmPrintQuality=draft", "dmPrintQuality", -1},
@@ -38,23 +35,19 @@ TEST_F(RecordCommands, SetAndShowTheSameValue)
         {"@482/2=0x10", "unnamed262", 16},
         {"@482=0102", "unnamed262", 0x0201},
     };
-    for (const auto& row : rows) {
-        Output({"record", "set", "own.dm", row.assignment, "-o", "new.dm"});
-        EXPECT_EQ(JsonOutput({"record", "show", "new.dm"})[row.field], row.value) << row.assignment;
+    for (const auto& [assignment, field, value] : rows) {
+        Output({"record", "set", "own.dm", assignment, "-o", "new.dm"});
+        EXPECT_EQ(JsonOutput({"record", "show", "new.dm"})[field], value) << assignment;
         const nlohmann::json own = JsonOutput({"record", "show", "own.dm"});
         const Outcome diff = Run({"record", "diff", "own.dm", "new.dm", "--json"});
-        EXPECT_LE(diff.Json().size(), 1u) << row.assignment << diff;
-        EXPECT_EQ(diff.code, own[row.field] == row.value ? 0 : 1) << row.assignment << diff;
+        EXPECT_LE(diff.Json().size(), 1u) << assignment << diff;
+        EXPECT_EQ(diff.code, own[field] == value ? 0 : 1) << assignment << diff;
     }
 }
 
 TEST_F(RecordCommands, RefuseValuesThatTheFieldCannotHold)
 {
-    const struct
-    {
-        const char* assignment;
-        int code;
-    } rows[] = {
+    const std::tuple<const char*, int> rows[] = {
         {"dmCopies=32768", 1},
         {"dmCopies=-32769", 1},
         {"dmCopies=two", 1},
@@ -79,11 +72,11 @@ TEST_F(RecordCommands, RefuseValuesThatTheFieldCannotHold)
         {"dmCopies", 2},
         {"=1", 2},
     };
-    for (const auto& row : rows) {
-        const Outcome outcome = Run({"record", "set", "own.dm", row.assignment, "-o", "new.dm"});
-        EXPECT_EQ(outcome.code, row.code) << row.assignment << outcome;
-        EXPECT_TRUE(outcome.err.starts_with("psuictl: ")) << row.assignment << outcome;
-        EXPECT_FALSE(std::filesystem::exists(Path("new.dm"))) << row.assignment;
+    for (const auto& [assignment, code] : rows) {
+        const Outcome outcome = Run({"record", "set", "own.dm", assignment, "-o", "new.dm"});
+        EXPECT_EQ(outcome.code, code) << assignment << outcome;
+        EXPECT_TRUE(outcome.err.starts_with("psuictl: ")) << assignment << outcome;
+        EXPECT_FALSE(std::filesystem::exists(Path("new.dm"))) << assignment;
     }
 }
 

@@ -2,6 +2,7 @@
 #include "tools/psuictl/text.h"
 
 #include <sstream>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -11,11 +12,7 @@ using namespace psuictl;
 
 TEST(Number, IsReadWholeOrNotAtAll)
 {
-    const struct
-    {
-        const char* text;
-        std::optional<int64_t> value;
-    } rows[] = {
+    const std::tuple<const char*, std::optional<int64_t>> rows[] = {
         {"0", 0},
         {"42", 42},
         {"-3", -3},
@@ -36,8 +33,8 @@ TEST(Number, IsReadWholeOrNotAtAll)
         {"9223372036854775808", {}},
         {"99999999999999999999", {}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(ParseNumber(row.text), row.value) << row.text;
+    for (const auto& [text, value] : rows)
+        EXPECT_EQ(ParseNumber(text), value) << text;
 }
 
 TEST(HexBytes, NeedPairsOfDigits)
@@ -50,12 +47,7 @@ TEST(HexBytes, NeedPairsOfDigits)
 
 TEST(ReadableText, ShowsBytesThatAreNoTextInHex)
 {
-    const struct
-    {
-        std::string bytes;
-        const char* readable;
-        const char* line;
-    } rows[] = {
+    const std::tuple<std::string, const char*, const char*> rows[] = {
         {"plain", "plain", "plain"},
         {"\x83\x41z", "<83>Az", "<83>Az"},
         {"a\xFF\xFE"
@@ -67,9 +59,9 @@ TEST(ReadableText, ShowsBytesThatAreNoTextInHex)
         {"\xED\xA0\x80", "<EDA080>", "<EDA080>"},
         {"\x1B%\r\n", "\x1B%\r\n", "<1B>%<0D0A>"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(ReadableBytes(row.bytes), row.readable);
-        EXPECT_EQ(ReadableLine(row.bytes), row.line);
+    for (const auto& [bytes, readable, line] : rows) {
+        EXPECT_EQ(ReadableBytes(bytes), readable);
+        EXPECT_EQ(ReadableLine(bytes), line);
     }
 }
 

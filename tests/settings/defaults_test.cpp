@@ -1,4 +1,5 @@
 #include <map>
+#include <tuple>
 
 #include "psui/settings/environment.h"
 #include "psui/settings/record.h"
@@ -252,21 +253,16 @@ TEST(Defaults, LetTheDriversPrintProcessorsCollate)
 TEST(IsMetricCountry, KnowsTheLetterCountries)
 {
     World world;
-    struct Case
-    {
-        const char16_t* country;
-        bool metric;
-    };
-    const Case cases[] = {{u"1", false},        {u"2", false},  {u"49", true},   {u"50", false},
-                          {u"52", false},       {u"55", true},  {u"59", false},  {u"60", true},
-                          {u"81", true},        {u"499", true}, {u"500", false}, {u"503", false},
-                          {u"599", false},      {u"600", true}, {u"0", true},    {u"-1", true},
-                          {u"", true},          {u"x", true},   {u" 2x", false}, {u"3", true},
-                          {u"4294967297", true}};
-    for (const Case& c : cases) {
-        SetCountry(c.country);
-        EXPECT_EQ(psui::IsMetricCountry(), c.metric)
-            << std::string(c.country, c.country + std::char_traits<char16_t>::length(c.country));
+    const std::tuple<const char16_t*, bool> cases[] = {
+        {u"1", false},        {u"2", false},   {u"49", true},   {u"50", false},  {u"52", false},
+        {u"55", true},        {u"59", false},  {u"60", true},   {u"81", true},   {u"499", true},
+        {u"500", false},      {u"503", false}, {u"599", false}, {u"600", true},  {u"0", true},
+        {u"-1", true},        {u"", true},     {u"x", true},    {u" 2x", false}, {u"3", true},
+        {u"4294967297", true}};
+    for (const auto& [country, metric] : cases) {
+        SetCountry(country);
+        EXPECT_EQ(psui::IsMetricCountry(), metric)
+            << std::string(country, country + std::char_traits<char16_t>::length(country));
     }
 }
 
@@ -289,13 +285,7 @@ TEST(IsMetricCountry, SaysLetterWhenTheCountryCannotBeRead)
 TEST(PrintProcessor, MatchesOnlyWholeTextsOfKnownPrinters)
 {
     World world;
-    struct Case
-    {
-        const char16_t* value;
-        DWORD type;
-        bool hub, win;
-    };
-    const Case cases[] = {
+    const std::tuple<const char16_t*, DWORD, bool, bool> cases[] = {
         {u"VMHUB PRINT", REG_SZ, true, false},
         {u"vmhub print", REG_SZ, true, false},
         {u"WinPrint", REG_EXPAND_SZ, false, true},
@@ -306,10 +296,10 @@ TEST(PrintProcessor, MatchesOnlyWholeTextsOfKnownPrinters)
         {u"", REG_SZ, false, false},
         {u"a name that is longer than forty bytes", REG_SZ, false, false},
     };
-    for (const Case& c : cases) {
-        SetPrintProcessor(u"P", c.value, c.type);
-        EXPECT_EQ(psui::IsHubPrintProcessor(u"P"), c.hub);
-        EXPECT_EQ(psui::IsWinPrintProcessor(u"P"), c.win);
+    for (const auto& [value, type, hub, win] : cases) {
+        SetPrintProcessor(u"P", value, type);
+        EXPECT_EQ(psui::IsHubPrintProcessor(u"P"), hub);
+        EXPECT_EQ(psui::IsWinPrintProcessor(u"P"), win);
     }
     SetPrintProcessor(u"P", u"WinPrint");
     EXPECT_FALSE(psui::IsWinPrintProcessor(nullptr));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 #include "psui/settings/spooler.h"
 #include "psui/settings/tray_forms.h"
@@ -99,14 +100,12 @@ TEST_F(PrinterDataTest, IsBuiltFromTheModelWhenNothingIsStored)
 
 TEST_F(PrinterDataTest, TakesFreeMemoryInKilobytesWithinBounds)
 {
-    const struct
-    {
-        DWORD stored, bytes;
-    } cases[] = {{0, 102400},     {50, 102400},          {100, 102400},         {101, 103424},
-                 {4096, 4194304}, {4194303, 4294966272}, {4194304, 4294967295}, {0xFFFFFFFF, 4294967295}};
-    for (const auto& c : cases) {
-        Store(handle, u"FreeMem", c.stored);
-        EXPECT_EQ(Read()->dwFreeMem, c.bytes) << c.stored;
+    const std::tuple<DWORD, DWORD> cases[] = {
+        {0, 102400},     {50, 102400},          {100, 102400},         {101, 103424},
+        {4096, 4194304}, {4194303, 4294966272}, {4194304, 4294967295}, {0xFFFFFFFF, 4294967295}};
+    for (const auto& [stored, bytes] : cases) {
+        Store(handle, u"FreeMem", stored);
+        EXPECT_EQ(Read()->dwFreeMem, bytes) << stored;
     }
 }
 
@@ -167,42 +166,17 @@ TEST_F(PrinterDataTest, IsBuiltWhenWhatIsStoredIsNotSound)
 {
     const auto usual = Read();
     std::string stored(216, '\x5A');
-    const struct
-    {
-        DWORD stated;
-        size_t size;
-        DWORD type;
-    } cases[] = {{108, 107, REG_BINARY}, {108, 109, REG_BINARY}, {107, 107, REG_BINARY},
-                 {0, 108, REG_BINARY},   {109, 109, REG_BINARY}, {0xFFFFFFFF, 108, REG_BINARY},
-                 {1, 1, REG_BINARY},     {216, 216, REG_BINARY}, {108, 108, REG_SZ}};
-    for (const auto& c : cases) {
-        Store(handle, u"PrinterDataSize", c.stated);
-        Store(handle, u"PrinterData", c.type, stored.data(), c.size);
+    const std::tuple<DWORD, size_t, DWORD> cases[] = {
+        {108, 107, REG_BINARY}, {108, 109, REG_BINARY}, {107, 107, REG_BINARY},
+        {0, 108, REG_BINARY},   {109, 109, REG_BINARY}, {0xFFFFFFFF, 108, REG_BINARY},
+        {1, 1, REG_BINARY},     {216, 216, REG_BINARY}, {108, 108, REG_SZ}};
+    for (const auto& [stated, size, type] : cases) {
+        Store(handle, u"PrinterDataSize", stated);
+        Store(handle, u"PrinterData", type, stored.data(), size);
         const auto data = Read();
         ASSERT_TRUE(data);
-        EXPECT_EQ(std::memcmp(data.get(), usual.get(), 108), 0) << c.stated << ' ' << c.size;
+        EXPECT_EQ(std::memcmp(data.get(), usual.get(), 108), 0) << stated << ' ' << size;
     }
-}
-
-TEST_F(PrinterDataTest, IsSoundOrNoneWhateverFails)
-{
-    PrinterWideData stored = *Read();
-    Store(handle, u"PrinterDataSize", 108);
-    Store(handle, u"PrinterData", REG_BINARY, &stored, 108);
-    HeapPtr<PrinterWideData> data;
-    for (const Requests& requests :
-         {kAllocations, kAllocationsOnwards, kCalls, kCallsOnwards, kReads<host::Misread::Grow>,
-          kReads<host::Misread::TooSmall>, kReads<host::Misread::Huge>, kReads<host::Misread::WrongType>})
-        FailEach(
-            requests, [] {}, [&] { data = Read(); },
-            [&](bool failed) {
-                EXPECT_TRUE(failed || data);
-                if (data) {
-                    EXPECT_EQ(data->wSize, 108);
-                    EXPECT_EQ(data->wModelCrc, model->sourceCrc);
-                }
-                data.reset();
-            });
 }
 
 TEST_F(PrinterDataTest, AllocatesNoSizeThatNoPrinterHas)
