@@ -187,18 +187,18 @@ void ExpectNoTables(const PrinterUiContext& context)
 
 TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
 {
-    ContextPtr context;
-    bool loaded = false;
-    test::FailEach(
-        test::kAllocations, [&] { context = Create(); },
-        [&] { loaded = psui::LoadContextTables(context.get()); },
-        [&](bool failed) {
-            EXPECT_EQ(loaded, !failed);
-            if (!loaded)
-                ExpectNoTables(*context);
-            context.reset();
-        });
-    context = Create();
+    bool failed = true;
+    for (uint64_t skip = 0; failed && !HasFailure(); ++skip) {
+        const ContextPtr context = Create();
+        host::FailAllocations(skip, false);
+        const bool loaded = psui::LoadContextTables(context.get());
+        failed = host::AllocationsSeen() > skip;
+        host::StopFailing();
+        EXPECT_EQ(loaded, !failed) << "allocation " << skip;
+        if (!loaded)
+            ExpectNoTables(*context);
+    }
+    const ContextPtr context = Create();
     host::FailCalls(0, true); // the forms cannot be enumerated
     EXPECT_FALSE(psui::LoadContextTables(context.get()));
     host::StopFailing();

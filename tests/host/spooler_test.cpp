@@ -514,7 +514,7 @@ TEST_F(Spooler, RefusesFormsThatCannotBe)
     outside.ImageableArea.right = outside.Size.cx + 1;
     FORM_INFO_1W empty = MakeForm(TEXT("Psui empty"));
     empty.ImageableArea.bottom = empty.ImageableArea.top;
-    const std::tuple<const char*, FORM_INFO_1W, DWORD> cases[] = {
+    std::tuple<const char*, FORM_INFO_1W, DWORD> cases[] = {
         {"no name", MakeForm(nullptr), ERROR_INVALID_FORM_NAME},
         {"an empty name", MakeForm(TEXT("")), ERROR_INVALID_FORM_NAME},
         {"a long name", MakeForm(longName.c_str()), ERROR_INVALID_FORM_NAME},
@@ -524,7 +524,7 @@ TEST_F(Spooler, RefusesFormsThatCannotBe)
         {"an area outside", outside, ERROR_INVALID_FORM_SIZE},
         {"an empty area", empty, ERROR_INVALID_FORM_SIZE},
     };
-    for (const auto& [what, form, error] : cases) {
+    for (auto& [what, form, error] : cases) {
         EXPECT_FALSE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))) << what;
         EXPECT_EQ(error, GetLastError()) << what;
     }

@@ -127,10 +127,10 @@ TEST_F(JobCheckTest, NamesTheReasonOfARefusal)
          IDS_JOB_CONFLICT},
         {"unusable record", {{"dmSize", 1}, {"dmSpecVersion", 0}}, IDS_JOB_RECORD},
     };
-    for (const auto& [name, job, message] : cases) {
+    for (const auto& [name, fields, reason] : cases) {
         SCOPED_TRACE(name);
-        Change(job);
-        ExpectRefused(OwnText(message));
+        Change(fields);
+        ExpectRefused(OwnText(reason));
     }
     Reset();
     query.hPrinter = nullptr;
