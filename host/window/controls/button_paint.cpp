@@ -78,8 +78,9 @@ RECT DrawContent(const Picture& picture, const RECT& area, UINT usual)
     const std::basic_string<WCHAR> text = TextOf(picture.window);
     RECT size = {0, 0, area.right - area.left, 0};
     DrawTextW(picture.dc, text.data(), static_cast<int>(text.size()), &size, flags | DT_CALCRECT);
-    RECT at =
-        PlaceContent(area, {std::min(size.right, area.right - area.left), size.bottom}, flags, picture.style);
+    const LONG width = area.right - area.left;
+    const UINT clipping = size.right <= width ? DT_NOCLIP : 0; // letters may lean out of what was measured
+    RECT at = PlaceContent(area, {std::min(size.right, width), size.bottom}, flags, picture.style);
     const int oldMode = SetBkMode(picture.dc, TRANSPARENT);
     const COLORREF oldColour = SetTextColor(picture.dc, theme::TextColourOf(picture.dc, picture.look));
     DrawTextW(picture.dc, text.data(), static_cast<int>(text.size()), &at, flags | clipping);

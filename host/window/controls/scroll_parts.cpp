@@ -20,13 +20,6 @@ bool Differ(const ScrollRange& one, const ScrollRange& other)
            one.position != other.position;
 }
 
-/// kNoScrollCode for the thumb, which has no step.
-int CodeOf(ScrollPart part)
-{
-    constexpr int kCodes[] = {kNoScrollCode, SB_LINEUP, SB_PAGEUP, kNoScrollCode, SB_PAGEDOWN, SB_LINEDOWN};
-    return kCodes[static_cast<size_t>(part)];
-}
-
 } // namespace
 
 int ScrollRange::LastPosition() const
@@ -94,10 +87,16 @@ int ScrollPositionOfThumb(const ScrollRange& range, const ScrollLayout& layout, 
     return static_cast<int>(range.minimum + (positions * moved + travel / 2) / travel);
 }
 
+WORD ScrollCodeOf(ScrollPart part)
+{
+    constexpr WORD kCodes[] = {SB_ENDSCROLL, SB_LINEUP, SB_PAGEUP, SB_THUMBTRACK, SB_PAGEDOWN, SB_LINEDOWN};
+    return kCodes[static_cast<size_t>(part)];
+}
+
 int PressScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place)
 {
     press = {ScrollPartAt(layout, place), true, place - layout.thumb, range.position};
-    return press.part == ScrollPart::thumb ? SB_THUMBTRACK : CodeOf(press.part);
+    return press.part == ScrollPart::none ? kNoScrollCode : ScrollCodeOf(press.part);
 }
 
 int MoveOnScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place,
@@ -117,8 +116,9 @@ int MoveOnScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLa
 
 int RepeatOnScrollBar(const ScrollPress& press, const ScrollLayout& layout, int place)
 {
-    const bool repeats = press.inside && ScrollPartAt(layout, place) == press.part;
-    return repeats ? CodeOf(press.part) : kNoScrollCode;
+    const bool steps = press.part != ScrollPart::none && press.part != ScrollPart::thumb;
+    const bool repeats = steps && press.inside && ScrollPartAt(layout, place) == press.part;
+    return repeats ? ScrollCodeOf(press.part) : kNoScrollCode;
 }
 
 } // namespace host

@@ -51,6 +51,10 @@ ScrollPart ScrollPartAt(const ScrollLayout& layout, int place);
 /// The position that a thumb moved to start at `thumb` stands for.
 int ScrollPositionOfThumb(const ScrollRange& range, const ScrollLayout& layout, int thumb);
 
+/// The code (SB_LINEUP ...) that a press on a part tells: SB_THUMBTRACK for the thumb, SB_ENDSCROLL for no
+/// part.
+WORD ScrollCodeOf(ScrollPart part);
+
 /// The pointer's hold on a bar, from press to release.
 struct ScrollPress
 {
