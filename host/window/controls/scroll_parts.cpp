@@ -87,7 +87,7 @@ int ScrollPositionOfThumb(const ScrollRange& range, const ScrollLayout& layout, 
     return static_cast<int>(range.minimum + (positions * moved + travel / 2) / travel);
 }
 
-WORD ScrollCodeOf(ScrollPart part)
+WORD CodeOfScrollPart(ScrollPart part)
 {
     constexpr WORD kCodes[] = {SB_ENDSCROLL, SB_LINEUP, SB_PAGEUP, SB_THUMBTRACK, SB_PAGEDOWN, SB_LINEDOWN};
     return kCodes[static_cast<size_t>(part)];
@@ -96,7 +96,7 @@ WORD ScrollCodeOf(ScrollPart part)
 int PressScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place)
 {
     press = {ScrollPartAt(layout, place), true, place - layout.thumb, range.position};
-    return press.part == ScrollPart::none ? kNoScrollCode : ScrollCodeOf(press.part);
+    return press.part == ScrollPart::none ? kNoScrollCode : CodeOfScrollPart(press.part);
 }
 
 int MoveOnScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place,
@@ -118,7 +118,7 @@ int RepeatOnScrollBar(const ScrollPress& press, const ScrollLayout& layout, int 
 {
     const bool steps = press.part != ScrollPart::none && press.part != ScrollPart::thumb;
     const bool repeats = steps && press.inside && ScrollPartAt(layout, place) == press.part;
-    return repeats ? ScrollCodeOf(press.part) : kNoScrollCode;
+    return repeats ? CodeOfScrollPart(press.part) : kNoScrollCode;
 }
 
 } // namespace host

@@ -53,7 +53,7 @@ int ScrollPositionOfThumb(const ScrollRange& range, const ScrollLayout& layout, 
 
 /// The code (SB_LINEUP ...) that a press on a part tells: SB_THUMBTRACK for the thumb, SB_ENDSCROLL for no
 /// part.
-WORD ScrollCodeOf(ScrollPart part);
+WORD CodeOfScrollPart(ScrollPart part);
 
 /// The pointer's hold on a bar, from press to release.
 struct ScrollPress
