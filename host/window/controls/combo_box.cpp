@@ -93,6 +93,16 @@ bool CreateEdit(ComboBox& combo, HINSTANCE instance)
     return true;
 }
 
+/// Scroll bars are for the list, and the field draws its own border.
+LRESULT OnNcCreate(ComboBox& combo, WPARAM wParam, LPARAM lParam)
+{
+    constexpr DWORD kListsOwn = WS_BORDER | WS_HSCROLL | WS_VSCROLL;
+    SetWindowLongPtrW(combo.window, GWL_STYLE, static_cast<LONG_PTR>(combo.style & ~kListsOwn));
+    const LONG_PTR extended = GetWindowLongPtrW(combo.window, GWL_EXSTYLE);
+    SetWindowLongPtrW(combo.window, GWL_EXSTYLE, extended & ~static_cast<LONG_PTR>(WS_EX_CLIENTEDGE));
+    return DefWindowProcW(combo.window, WM_NCCREATE, wParam, lParam);
+}
+
 LRESULT OnCreate(ComboBox& combo, WPARAM, LPARAM lParam)
 {
     const CREATESTRUCTW& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
@@ -453,6 +463,7 @@ constexpr MessageRow<ComboBox> kMessages[] = {
     {WM_SETFONT, OnComboSetFont},
     {WM_GETFONT, OnGetFont},
     {WM_WINDOWPOSCHANGING, OnComboPosChanging},
+    {WM_NCCREATE, OnNcCreate},
     {WM_GETDLGCODE, OnComboGetDlgCode},
     {WM_KEYDOWN, OnComboKeyDown},
     {WM_CHAR, OnComboChar},

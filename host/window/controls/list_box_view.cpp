@@ -199,9 +199,13 @@ void DrawItemText(const ListBox& list, HDC dc, const Text& text, const RECT& rec
 void DrawPlain(const ListBox& list, HDC dc, int index, const RECT& rect, HBRUSH background)
 {
     const bool selected = IsSelected(list, index);
-    FillRect(dc, &rect, selected ? GetSysColorBrush(COLOR_HIGHLIGHT) : background);
-    if (ShowsDisabled(list))
-        SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
+    const bool disabled = ShowsDisabled(list);
+    if (!selected)
+        FillRect(dc, &rect, background);
+    else
+        theme::Fill(dc, rect, disabled ? theme::kDisabledBorder : GetSysColor(COLOR_HIGHLIGHT));
+    if (disabled)
+        SetTextColor(dc, theme::kDisabledText);
     else if (selected)
         SetTextColor(dc, GetSysColor(COLOR_HIGHLIGHTTEXT));
     SetBkMode(dc, TRANSPARENT);

@@ -275,6 +275,12 @@ LRESULT OnHitTestWindow(TabControl& tabs, WPARAM, LPARAM lParam)
 
 // --- Window ---
 
+LRESULT OnSize(TabControl& tabs, WPARAM, LPARAM)
+{
+    Repaint(tabs.window);
+    return 0;
+}
+
 LRESULT OnFocusChange(TabControl& tabs, WPARAM, LPARAM)
 {
     RepaintTabs(tabs);
@@ -306,7 +312,7 @@ LRESULT OnErase(TabControl&, WPARAM, LPARAM)
 }
 
 constexpr MessageRow<TabControl> kMessages[] = {
-    {WM_SIZE, OnFocusChange},
+    {WM_SIZE, OnSize},
     {WM_SETFOCUS, OnFocusChange},
     {WM_KILLFOCUS, OnFocusChange},
     {WM_ENABLE, OnFocusChange},

@@ -39,6 +39,8 @@ RECT TabRect(const TabControl& tabs, int index);
 int TabAt(const TabControl& tabs, POINT point);
 /// The whole control's rectangle that leaves `rect` for the pages (`larger`), or the other way round.
 void AdjustTabRect(const TabControl& tabs, bool larger, RECT& rect);
+/// Marks the row of tabs for painting. The area below is left alone: pages that are not the control's
+/// children stand there.
 void RepaintTabs(const TabControl& tabs);
 
 LRESULT OnTabPaint(TabControl& tabs, WPARAM wParam, LPARAM lParam);

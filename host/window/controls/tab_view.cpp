@@ -60,10 +60,11 @@ void DrawTab(const TabControl& tabs, HDC dc, int index)
     RECT rect = TabRect(tabs, index);
     if (selected)
         rect = {rect.left - kEdge, rect.top - kEdge, rect.right + kEdge, rect.bottom + 1};
-    theme::Fill(dc, rect, selected ? theme::kField : theme::kDisabledFace);
+    const COLORREF face = selected ? GetSysColor(COLOR_BTNFACE) : theme::kDisabledBorder;
+    theme::Fill(dc, rect, face);
     theme::Frame(dc, rect, theme::kBorder);
     if (selected) {
-        theme::Fill(dc, {rect.left + 1, rect.bottom - 1, rect.right - 1, rect.bottom}, theme::kField);
+        theme::Fill(dc, {rect.left + 1, rect.bottom - 1, rect.right - 1, rect.bottom}, face);
         const COLORREF bar = IsWindowEnabled(tabs.window) ? theme::kAccent : theme::kThumb;
         theme::Fill(dc, {rect.left, rect.top, rect.right, rect.top + kAccentBar}, bar);
     }
@@ -119,8 +120,10 @@ void AdjustTabRect(const TabControl& tabs, bool larger, RECT& rect)
 
 void RepaintTabs(const TabControl& tabs)
 {
+    RECT strip = ClientRectOf(tabs.window);
+    strip.bottom = kEdge + TabHeight(tabs) + 1;
     if (tabs.redraw)
-        Repaint(tabs.window);
+        InvalidateRect(tabs.window, &strip, FALSE);
 }
 
 LRESULT OnTabPaint(TabControl& tabs, WPARAM dc, LPARAM)
