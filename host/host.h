@@ -3,6 +3,8 @@
 // never include this: everything here is about the world that the layer plays, not about the platform.
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -118,6 +120,9 @@ struct Ledger
     int64_t palettes = 0;
     int64_t pens = 0;
     int64_t regions = 0;
+    int64_t windows = 0;
+    int64_t classes = 0; ///< registered by programs
+    int64_t menus = 0;
 
     bool operator==(const Ledger&) const = default;
 };
@@ -136,6 +141,46 @@ HOST_EXPORT void SetActiveWindowClass(std::u16string_view className);
 /// Adds a top-level window of another program, which FindWindowW and IsWindow know; returns its handle.
 HOST_EXPORT void* AddWindow(std::u16string_view className, std::u16string_view title = {});
 HOST_EXPORT void RemoveWindow(void* window);
+
+// --- Windows: whoever drives them, and pictures of them. Window handles are HWNDs. ---
+
+/// Called on the thread whose message queue is empty, whenever it would wait. True means that it did
+/// something and the queue is to be looked at again; false lets the queue wait for its next timer, or, when
+/// there is nothing that could ever come, lets GetMessageW and modal loops fail. A null hook (the initial
+/// state) is none.
+HOST_EXPORT void SetIdleHook(std::function<bool()> hook);
+
+/// Puts the clock of timers, double clicks and message times forward.
+HOST_EXPORT void AdvanceTime(unsigned milliseconds);
+
+enum class MouseButton
+{
+    Left,
+    Right,
+    Middle
+};
+
+/// Mouse and keyboard. They put input into the queue of the thread whose window it is for and return at once;
+/// the thread takes it in its message loop. Places are desktop pixels, keys are virtual-key codes.
+HOST_EXPORT void MoveMouse(int x, int y);
+HOST_EXPORT void PressMouse(MouseButton button);
+HOST_EXPORT void ReleaseMouse(MouseButton button);
+HOST_EXPORT void TurnMouseWheel(int notches); ///< positive: away from the user
+HOST_EXPORT void PressKeyDown(unsigned key);
+HOST_EXPORT void ReleaseKey(unsigned key);
+HOST_EXPORT void PressKey(unsigned key); ///< down and up
+/// Types characters; a line feed is the Enter key.
+HOST_EXPORT void TypeText(std::u16string_view text);
+
+/// Writes a picture of a window, or of the whole desktop, as a PNG file, with everything that is marked for
+/// painting painted first. Call on the windows' own thread. False when there is no such window or the file
+/// cannot be written. A child window is shown as it looks inside its top-level window.
+HOST_EXPORT bool ShootWindow(void* window, const std::filesystem::path& file);
+HOST_EXPORT bool ShootDesktop(const std::filesystem::path& file);
+
+/// Shows the desktop in a window of the machine's display (the environment's DISPLAY) and takes its mouse and
+/// keyboard, until the world is closed. False without a display.
+HOST_EXPORT bool OpenDisplay();
 
 /// The user that programs run as: "user" initially. The user's folders are made where they are missing.
 HOST_EXPORT void SetUserName(std::u16string_view name);

@@ -164,6 +164,7 @@ HOSTAPI int WINAPI lstrlenW(LPCWSTR text);
 HOSTAPI int WINAPI lstrlenA(LPCSTR text);
 HOSTAPI int WINAPI lstrcmpW(LPCWSTR first, LPCWSTR second);
 HOSTAPI int WINAPI lstrcmpiW(LPCWSTR first, LPCWSTR second);
+HOSTAPI int WINAPI MulDiv(int number, int numerator, int denominator);
 HOSTAPI LPWSTR WINAPI lstrcpynW(LPWSTR destination, LPCWSTR source, int size);
 
 // Private-profile files

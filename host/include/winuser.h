@@ -485,6 +485,7 @@ typedef BOOL(CALLBACK* PROPENUMPROCW)(HWND window, LPCWSTR name, HANDLE value);
 #define VK_F5       0x74
 #define VK_F10      0x79
 #define VK_F12      0x7B
+#define VK_PACKET   0xE7
 
 #define TME_HOVER     0x00000001
 #define TME_LEAVE     0x00000002
@@ -1034,6 +1035,10 @@ HOSTAPI BOOL WINAPI TrackPopupMenuEx(HMENU menu, UINT flags, int x, int y, HWND 
 HOSTAPI int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 }
 
+#define MAKEWPARAM(low, high)          ((WPARAM)(DWORD)MAKELONG(low, high))
+#define MAKELPARAM(low, high)          ((LPARAM)(DWORD)MAKELONG(low, high))
+#define MAKELRESULT(low, high)         ((LRESULT)(DWORD)MAKELONG(low, high))
+#define GET_WHEEL_DELTA_WPARAM(wParam) ((short)HIWORD(wParam))
 #define CreateWindowW(className, title, style, x, y, width, height, parent, menu, instance, parameter)       \
     CreateWindowExW(0L, className, title, style, x, y, width, height, parent, menu, instance, parameter)
 #define DialogBoxW(instance, name, owner, procedure) DialogBoxParamW(instance, name, owner, procedure, 0L)

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace host {
+
+void CloseClipboardRoom();
+
+} // namespace host
