@@ -88,6 +88,23 @@ PrinterUiContext* CreatePrinterUiContext(HANDLE printer, const DEVMODEW* input)
     return TakePrinterWideData(context.get()) ? context.release() : nullptr;
 }
 
+void FreeGlobalBlock(GlobalBlock& block)
+{
+    if (!block.hBlock)
+        return;
+    GlobalUnlock(block.hBlock);
+    GlobalFree(block.hBlock);
+    block = {};
+}
+
+void FreeGlobalBlocks(PrinterUiContext* context)
+{
+    for (GlobalBlock& block : context->aGlobalBlocks)
+        FreeGlobalBlock(block);
+    for (const OptionRow*& table : context->apOptionTables)
+        table = nullptr;
+}
+
 void ReleasePrinterUiContext(PrinterUiContext* context)
 {
     if (!context)

@@ -16,6 +16,12 @@ namespace psui {
 
 constexpr int kDocumentPages = 1;
 constexpr int kGlobalBlocks = 21;
+constexpr DWORD kNoFavourite = 255;
+
+/// Bits of PrinterUiContext::bWebFlags.
+constexpr BYTE kVscOn = 0x01;
+constexpr BYTE kWuOn = 0x02;
+constexpr BYTE kWebLinkOff = 0x80; ///< one of the two is off
 
 /// A table that a dialog built: a global-memory block and its locked address.
 struct GlobalBlock
@@ -23,6 +29,31 @@ struct GlobalBlock
     HGLOBAL hBlock;
     void* pLocked;
 };
+
+/// One entry of a list of options: its text, by string id, and what choosing it stores. An id of 0 means that
+/// the text is found by the option's name. A table ends with kOptionTableEnd.
+struct OptionRow
+{
+    uint16_t wStringId;
+    uint32_t dwValue;
+};
+
+constexpr uint16_t kOptionTableEnd = 0xFFFF;
+
+/// Tables of options, each in the global block of the same number.
+enum OptionTableIndex : int
+{
+    kMediaTable,
+    kPaperTable,
+    kSourceTable,
+    kCmTable,
+    kIcmTable,
+    kColorTable,
+    kDocTypeTable,
+    kThicknessTable,
+    kOptionTables,
+};
+static_assert(kOptionTables <= kGlobalBlocks);
 
 /// Dots per inch, horizontal and vertical.
 using ResolutionPair = LONG[2];
@@ -52,8 +83,8 @@ struct PrinterUiContext
     ResolutionPair* pResolutions;
 
     WORD awPageEnabled[kDocumentPages]; ///< 1 when the page is shown
-    DWORD dwCurrentFavourite;           ///< 255 none
-    DWORD dwPendingFavourite;           ///< 255 none
+    DWORD dwCurrentFavourite;           ///< kNoFavourite for none
+    DWORD dwPendingFavourite;           ///< kNoFavourite for none
 
     // Numbers of a feature's options, in their order.
     uint32_t cMultiplePageValues;
@@ -73,6 +104,13 @@ struct PrinterUiContext
     HMODULE hOwnRes;
     HMODULE hPageRes; ///< templates and strings of the pages
     GlobalBlock aGlobalBlocks[kGlobalBlocks];
+    const OptionRow* apOptionTables[kOptionTables]; ///< in a global block, or built in; null before the first
+    uint32_t dwUserPaperPosition;                   ///< of the user-defined size in the paper list
+    HWND hSummaryPage;
+    HWND hMainDialog; ///< null while none is open
+    HWND hBasicTab;
+    HWND hAdvancedTab;
+    HWND hFavouritesTab;
     DWORD bUserDefault; ///< the caller's mode has the user-default bit
     WORD wCurrentWatermark;
     HANDLE ahPages[kDocumentPages];
@@ -92,6 +130,12 @@ PrinterUiContext* CreatePrinterUiContext(HANDLE printer, const DEVMODEW* input);
 /// Fills the paper, bin, resolution and feature-value tables. False, with every count 0, when the printer
 /// has no forms or there is no memory. A feature that the model lacks has count 0 and no table.
 bool LoadContextTables(PrinterUiContext* context);
+
+/// Frees a global block and forgets it; one that holds nothing is passed over.
+void FreeGlobalBlock(GlobalBlock& block);
+
+/// Frees all global blocks of the context, and with them the option tables.
+void FreeGlobalBlocks(PrinterUiContext* context);
 
 /// Gives the model back and destroys the heap. The sheet frees the global blocks first. Null is ignored.
 void ReleasePrinterUiContext(PrinterUiContext* context);

@@ -73,6 +73,54 @@ struct InsertPageInfo
 };
 static_assert(sizeof(InsertPageInfo) == 32);
 
+/// InsertPageInfo: what is inserted, and where.
+constexpr BYTE kInsertPropSheetPage = 3;
+constexpr BYTE kInsertByIndex = 4;
+
+/// Functions of the service function.
+constexpr UINT kServiceSetResult = 9;
+constexpr UINT kServiceInsertPage = 17;
+
+/// Result of a sheet that the user confirmed, for kServiceSetResult and in SetResultInfo.
+constexpr LRESULT kSheetConfirmed = 1;
+
+/// PropSheetUiInfoHeader: no Apply button, and a title that names a printer.
+constexpr WORD kHeaderNoApply = 2;
+constexpr WORD kHeaderPrinterTitle = 4;
+
+/// The common UI's own icon of a printer.
+constexpr ULONG_PTR kPrinterIcon = 64062;
+
+/// A property page. Its dialog is created with the address of this record, or of a copy, as parameter.
+struct PropSheetPage
+{
+    DWORD dwSize;
+    DWORD dwFlags;
+    HINSTANCE hInstance;
+    LPCWSTR pszTemplate;
+    HANDLE hIcon;
+    LPCWSTR pszTitle;
+    DLGPROC pfnDlgProc;
+    LPARAM lParam;
+    void* pfnCallback;
+    UINT* pcRefParent;
+    LPCWSTR pszHeaderTitle;
+    LPCWSTR pszHeaderSubTitle;
+    HANDLE hActCtx;
+};
+static_assert(sizeof(PropSheetPage) == 96 && offsetof(PropSheetPage, lParam) == 48);
+
+/// PropSheetPage::dwFlags.
+constexpr DWORD kPageUseTitle = 0x08;
+constexpr DWORD kPageHasHelp = 0x20;
+
+/// Notifications of a sheet to its pages.
+constexpr UINT kPageSetActive = static_cast<UINT>(-200);
+constexpr UINT kPageApply = static_cast<UINT>(-202);
+
+/// Asks a sheet's window for its tab control.
+constexpr UINT kSheetGetTabControl = WM_USER + 116;
+
 /// What a document sheet is asked for. Callers state in cbSize how much of it they have.
 struct DocumentPropertyHeader
 {
@@ -83,9 +131,14 @@ struct DocumentPropertyHeader
     PDEVMODEW pdmIn;
     PDEVMODEW pdmOut;
     DWORD cbOut; ///< receives the size of a settings record
-    DWORD fMode; ///< DM_ bits
+    DWORD fMode; ///< DM_ bits, and those below
 };
 static_assert(sizeof(DocumentPropertyHeader) == 48 && offsetof(DocumentPropertyHeader, fMode) == 44);
+
+/// Bits of DocumentPropertyHeader::fMode that the platform's public headers do not name.
+constexpr DWORD kModeAdvanced = 0x10;
+constexpr DWORD kModeNoPermission = 0x20;
+constexpr DWORD kModeUserDefault = 0x40;
 
 /// What a printer-properties sheet is asked for.
 struct DevicePropertyHeader

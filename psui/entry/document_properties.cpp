@@ -13,9 +13,6 @@ namespace {
 constexpr LONG kConfirmed = 1;
 constexpr LONG kCancelled = 2;
 
-/// A mode bit of the platform that its public headers do not name.
-constexpr DWORD kAdvanced = 0x10;
-
 /// Runs the document sheet when the mode asks for it, else merges without one. Positive for success, 0 when
 /// the user cancelled, negative for failure.
 LONG DocumentPropertiesCore(HWND window, HANDLE printer, WCHAR* deviceName, DEVMODEW* output, DEVMODEW* input,
@@ -54,7 +51,7 @@ LONG AdvancedDocumentProperties(HWND window, HANDLE printer, WCHAR* deviceName, 
 {
     if (!output)
         return kRecordSize;
-    const DWORD mode = DM_PROMPT | DM_COPY | kAdvanced;
+    const DWORD mode = DM_PROMPT | DM_COPY | kModeAdvanced;
     return DocumentPropertiesCore(window, printer, deviceName, output, input, mode) > 0 ? kConfirmed : 0;
 }
 

@@ -53,6 +53,23 @@ constexpr PaperWord kPapers[] = {
     {"B4JIS_BL_SG", 291, IDS_DISPLAY_B4JIS},
 };
 
+/// A4 to JE4 and the user-defined size, which open the vocabulary.
+struct BuiltinTable
+{
+    static constexpr int kPaperCount = 19;
+    OptionRow rows[kPaperCount + 1];
+};
+
+constexpr BuiltinTable kBuiltinTable = [] {
+    BuiltinTable table = {};
+    for (int i = 0; i < BuiltinTable::kPaperCount; ++i)
+        table.rows[i] = {static_cast<uint16_t>(kPapers[i].displayText),
+                         static_cast<uint32_t>(kPapers[i].paper)};
+    table.rows[BuiltinTable::kPaperCount] = {kOptionTableEnd, 0};
+    return table;
+}();
+static_assert(kBuiltinTable.rows[BuiltinTable::kPaperCount - 1].dwValue == DMPAPER_USER);
+
 /// A paper has the same place in each group of texts as its name has among the display texts, from A4 on.
 struct TextGroup
 {
@@ -80,9 +97,9 @@ const PaperWord* FindWord(Predicate predicate)
 
 } // namespace
 
-const PaperWord& PaperWordAt(int index)
+const OptionRow* BuiltinPaperTable()
 {
-    return kPapers[index];
+    return kBuiltinTable.rows;
 }
 
 const PaperWord* FindPaperWord(std::string_view name)

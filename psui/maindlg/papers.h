@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include "psui/entry/context.h"
+
 namespace psui {
 
 /// One paper of the vocabulary.
@@ -15,12 +17,8 @@ struct PaperWord
     UINT displayText;      ///< string id of the name on the main dialog
 };
 
-/// Papers of the list that is shown when there is no memory for the model's: the first ones of the
-/// vocabulary.
-constexpr int kBuiltinPapers = 18;
-
-/// Row `index` of the vocabulary; 0 to kBuiltinPapers - 1 are the papers above.
-const PaperWord& PaperWordAt(int index);
+/// The paper list that is offered when there is no memory for the model's; ended like every option table.
+const OptionRow* BuiltinPaperTable();
 
 /// The vocabulary's row for an option name, or for a paper id; null when there is none.
 const PaperWord* FindPaperWord(std::string_view name);

@@ -1,0 +1,11 @@
+#pragma once
+// The document sheet's page: the settings as text, and a button that opens the main dialog.
+#include <windows.h>
+
+namespace psui {
+
+/// Dialog procedure of the page. It is created with a PropSheetPage (ddi.h) whose parameter is the context.
+/// Alone in its sheet the page opens the main dialog at once, unseen, and hands its end on to the sheet.
+INT_PTR CALLBACK SummaryPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
+
+} // namespace psui
