@@ -93,8 +93,8 @@ void BuildBorderlessTail(const PrinterUiContext* context, MessageTail& text)
         tail.Text(IDS_MEDIA_GLOSSYHAGAKIATN);
         tail.Literal(TEXT("/"));
         tail.Text(IDS_MEDIA_GLOSSYHAGAKIURA);
-        tail.Literal(TEXT("\n\n"));
     }
+    tail.Literal(TEXT("\n\n"));
     tail.Heading(IDS_LABEL_QUALITY);
     tail.List(kBorderlessQualities);
 }

@@ -1,0 +1,238 @@
+// The document sheet without its window: what the sheet function answers for each reason.
+#include "tests/entry/fail_each.h"
+#include "tests/entry/sheet_caller.h"
+#include "tests/settings/administered.h"
+
+namespace {
+
+using psui::DriverDevMode;
+using test::Printer;
+using test::SheetCaller;
+
+constexpr LONG kRecordSize = 1852;
+
+struct DocumentSheet : testing::Test
+{
+    test::World world;
+    Printer printer{u"P1", test::kFullModel};
+    alignas(8) DriverDevMode output = {};
+    const DriverDevMode untouched = {};
+
+    void SetNumber(const WCHAR* name, DWORD number, DWORD type = REG_DWORD)
+    {
+        const test::Administered administered(printer);
+        SetPrinterDataW(administered.get(), const_cast<WCHAR*>(name), type, reinterpret_cast<BYTE*>(&number),
+                        sizeof(number));
+    }
+};
+
+TEST_F(DocumentSheet, InsertsItsPage)
+{
+    SheetCaller sheet(printer, DM_COPY, &output);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    EXPECT_EQ(sheet.info.Result, 0u);
+    const psui::PrinterUiContext* context = sheet.context();
+    ASSERT_TRUE(psui::IsValidContext(context));
+
+    ASSERT_EQ(sheet.calls.size(), 1u);
+    EXPECT_EQ(sheet.calls[0].sheet, &sheet);
+    EXPECT_EQ(sheet.calls[0].function, 17u);
+    EXPECT_EQ(sheet.calls[0].first, 0);
+    EXPECT_EQ(sheet.insertion.cbSize, 32);
+    EXPECT_EQ(sheet.insertion.Type, 3);
+    EXPECT_EQ(sheet.insertion.Mode, 4);
+    EXPECT_EQ(sheet.insertion.dwData2, 0u);
+    EXPECT_EQ(sheet.page.dwSize, 96u);
+    EXPECT_EQ(sheet.page.dwFlags, 0x28u);
+    EXPECT_EQ(sheet.page.hInstance, psui::hLangModule);
+    EXPECT_EQ(sheet.page.pszTemplate, MAKEINTRESOURCEW(100));
+    EXPECT_EQ(sheet.page.lParam, reinterpret_cast<LPARAM>(context));
+    WCHAR title[50];
+    psui::LoadLanguageString(1268, title, 50);
+    EXPECT_EQ(sheet.pageTitle, title);
+    EXPECT_EQ(context->ahPages[0], reinterpret_cast<HANDLE>(0x77));
+    EXPECT_EQ(context->awPageEnabled[0], 1);
+    EXPECT_EQ(context->dwCurrentFavourite, 255u);
+    EXPECT_EQ(context->dwPendingFavourite, 255u);
+    EXPECT_EQ(context->cPapers, 5u) << "the tables are loaded";
+}
+
+TEST_F(DocumentSheet, TakesTheModeAndThePrintersSwitches)
+{
+    const struct
+    {
+        DWORD mode, userDefault, permission;
+    } modes[] = {{0, 0, 1}, {DM_COPY | 0x40, 1, 1}, {0x20, 0, 0}, {0x60, 1, 0}};
+    for (const auto& c : modes) {
+        SheetCaller sheet(printer, c.mode, &output);
+        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        EXPECT_EQ(sheet.context()->bUserDefault, c.userDefault) << c.mode;
+        EXPECT_EQ(sheet.context()->bPermission, c.permission) << c.mode;
+    }
+    const struct
+    {
+        DWORD vsc, wu;
+        int flags;
+    } switches[] = {{1, 1, 3}, {0, 1, 0x82}, {1, 0, 0x81}, {0, 0, 0x80}, {2, 3, 3}};
+    for (const auto& c : switches) {
+        SetNumber(TEXT("VSC"), c.vsc);
+        SetNumber(TEXT("WU"), c.wu);
+        SheetCaller sheet(printer, DM_COPY, &output);
+        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        EXPECT_EQ(sheet.context()->bWebFlags, c.flags);
+        EXPECT_EQ(sheet.context()->wVscSetting, c.vsc);
+        EXPECT_EQ(sheet.context()->wWuSetting, c.wu);
+    }
+    SetNumber(TEXT("VSC"), 0, REG_BINARY);
+    SheetCaller sheet(printer, DM_COPY, &output);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    EXPECT_EQ(sheet.context()->wVscSetting, 1) << "a value that cannot be read counts as on";
+}
+
+TEST_F(DocumentSheet, SaysHowItsWindowIsHeaded)
+{
+    SheetCaller sheet(printer, DM_COPY, &output);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    psui::PropSheetUiInfoHeader header = {};
+    EXPECT_EQ(sheet.Call(psui::kSheetGetInfoHeader, reinterpret_cast<LPARAM>(&header)), 1);
+    EXPECT_EQ(header.Flags, 6);
+    EXPECT_EQ(header.pTitle, printer.name());
+    EXPECT_EQ(header.hInst, psui::hOwnModule);
+    EXPECT_EQ(header.IconID, 64062u);
+    EXPECT_EQ(sheet.Call(psui::kSheetGetInfoHeader), -1);
+}
+
+TEST_F(DocumentSheet, HandsTheRecordOutOnceConfirmed)
+{
+    const struct
+    {
+        DWORD mode;
+        LRESULT result;
+        bool hasOutput, written;
+    } cases[] = {{DM_COPY, 1, true, true},  {DM_UPDATE, 1, true, true},  {DM_COPY, 2, true, false},
+                 {DM_COPY, 0, true, false}, {DM_MODIFY, 1, true, false}, {DM_COPY, 1, false, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "mode " << c.mode << " result " << c.result);
+        output = untouched;
+        SheetCaller sheet(printer, c.mode, c.hasOutput ? &output : nullptr);
+        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        DriverDevMode& work = sheet.context()->dmWork;
+        test::SetAll(work, {{"dmOrientation", 2}, {"dwDatePrint", 0x86}, {"wWatermarkIndex", 5}});
+        sheet.context()->wCurrentWatermark = 3;
+        EXPECT_EQ(sheet.SetResult(c.result), c.written ? 1 : kRecordSize);
+        EXPECT_EQ(sheet.info.Result, c.written ? 1u : 0u);
+        EXPECT_EQ(sheet.header.cbOut, c.written ? 0u : 1852u);
+        if (c.written)
+            test::ExpectFields(
+                output,
+                {{"dmSize", 220}, {"dmOrientation", 2}, {"dwTailDatePrint", 0x86}, {"wWatermarkIndex", 3}});
+        else
+            EXPECT_EQ(test::Differences(output, untouched), "");
+    }
+}
+
+TEST_F(DocumentSheet, KeepsTheRecordsWatermarkWhenNoneIsCurrent)
+{
+    SheetCaller sheet(printer, DM_COPY, &output);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    test::Set(sheet.context()->dmWork, "wWatermarkIndex", 5);
+    sheet.context()->wCurrentWatermark = 0xFFFF;
+    EXPECT_EQ(sheet.SetResult(1), 1);
+    test::ExpectFields(output, {{"wWatermarkIndex", 5}});
+}
+
+TEST_F(DocumentSheet, RefusesWhatItCannotUse)
+{
+    {
+        SheetCaller sheet(printer, DM_COPY, &output);
+        sheet.info.lParamInit = 0;
+        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no header";
+    }
+    {
+        SheetCaller sheet(printer, DM_COPY, &output);
+        sheet.header.hPrinter = nullptr;
+        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no printer";
+    }
+    SheetCaller sheet(printer, DM_COPY, &output);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    for (const WORD reason : {4, 5, 77})
+        EXPECT_EQ(sheet.Call(reason), -1) << reason;
+    EXPECT_EQ(sheet.Call(psui::kSheetSetResult), -1) << "no result";
+    psui::PrinterUiContext* context = sheet.context();
+    context->pSelfCheck = nullptr;
+    for (const WORD reason : {1, 2, 3})
+        EXPECT_EQ(sheet.Call(reason), -1) << "a broken context, reason " << reason;
+    context->pSelfCheck = context;
+}
+
+TEST_F(DocumentSheet, LeavesNothingBehindWhenItsPageIsRefused)
+{
+    for (const LONG_PTR answer : {LONG_PTR{0}, LONG_PTR{-1}}) {
+        const host::Ledger before = host::OpenObjects();
+        SheetCaller sheet(printer, DM_COPY, &output);
+        sheet.pageHandle = answer;
+        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1);
+        EXPECT_EQ(sheet.info.UserData, 0u);
+        EXPECT_EQ(host::OpenObjects(), before);
+    }
+}
+
+TEST_F(DocumentSheet, EndsItsContextAndRefusesToBeUsedAgain)
+{
+    const host::Ledger before = host::OpenObjects();
+    SheetCaller sheet(printer, DM_COPY, &output);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    psui::GlobalBlock& block = sheet.context()->aGlobalBlocks[psui::kGlobalBlocks - 1];
+    block.hBlock = GlobalAlloc(GMEM_MOVEABLE, 10);
+    block.pLocked = GlobalLock(block.hBlock);
+    EXPECT_EQ(sheet.Call(psui::kSheetDestroy), 1);
+    EXPECT_EQ(sheet.info.UserData, 0u);
+    EXPECT_EQ(sheet.Call(psui::kSheetDestroy), -1);
+    EXPECT_EQ(host::OpenObjects(), before);
+}
+
+TEST_F(DocumentSheet, OpensWithoutALanguageModule)
+{
+    const HMODULE language = std::exchange(psui::hLangModule, nullptr);
+    {
+        SheetCaller sheet(printer, DM_COPY, &output);
+        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        EXPECT_EQ(sheet.pageTitle, u"");
+        EXPECT_EQ(sheet.page.hInstance, psui::hOwnModule);
+        EXPECT_EQ(sheet.context()->hLangRes, psui::hOwnModule);
+    }
+    psui::hLangModule = language;
+}
+
+TEST_F(DocumentSheet, SurvivesEveryFailedRequest)
+{
+    for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls,
+                                           test::kCallsOnwards, test::kReads<host::Misread::Huge>}) {
+        LONG opened = 0, confirmed = 0, destroyed = 0;
+        bool empty = false;
+        test::FailEach(
+            requests, [&] { output = untouched; },
+            [&] {
+                SheetCaller sheet(printer, DM_COPY, &output);
+                opened = sheet.Call(psui::kSheetInitialise);
+                if (opened != 1)
+                    return;
+                empty = sheet.context()->cPapers == 0;
+                confirmed = sheet.SetResult(1);
+                destroyed = sheet.Call(psui::kSheetDestroy);
+            },
+            [&](bool failed) {
+                if (failed && opened == -1) {
+                    EXPECT_EQ(test::Differences(output, untouched), "");
+                    return;
+                }
+                EXPECT_EQ(opened, 1);
+                EXPECT_EQ(confirmed, 1);
+                EXPECT_EQ(destroyed, 1);
+                EXPECT_TRUE(failed || !empty);
+                test::ExpectFields(output, {{"dmSize", 220}, {"dmDriverExtra", 1632}});
+            });
+    }
+}
+
+} // namespace

@@ -1,0 +1,86 @@
+#include "psui/maindlg/option_tables.h"
+
+#include "tests/entry/fail_each.h"
+#include "tests/maindlg/dialog_context.h"
+
+namespace {
+
+using psui::OptionTableIndex;
+using test::DialogContext;
+using test::World;
+
+/// Text ids and values of a table.
+std::string Rows(const psui::PrinterUiContext* context, int index)
+{
+    std::string rows;
+    for (const psui::OptionRow& row : psui::OptionTable(context, static_cast<OptionTableIndex>(index)))
+        rows += std::to_string(row.wStringId) + ":" + std::to_string(row.dwValue) + " ";
+    return rows;
+}
+
+constexpr const char* kBuiltin[] = {
+    "1240:1 1241:261 1243:263 1244:264 ",
+    "9130:9 9131:1 9132:5 9133:7 9134:13 9135:11 9136:70 9137:265 9138:266 9139:272 9140:273 9141:43 9142:82 "
+    "9143:28 9144:20 9145:27 9146:37 9147:91 1215:256 ",
+    "0:2 0:1 0:4 ",
+    "0:1 0:0 0:2 ",
+    "0:64 0:0 ",
+    "0:2 0:1 ",
+    "0:0 0:1 0:2 0:3 ",
+    "1280:0 1281:1 1282:2 1283:3 1284:4 ",
+};
+
+TEST(OptionTables, HoldTheNumbersOfTheModelsOptions)
+{
+    const World world;
+    const DialogContext context;
+    const struct
+    {
+        OptionTableIndex index;
+        const char* rows;
+    } cases[] = {
+        {psui::kPaperTable, "0:9 0:1 0:256 0:274 0:0 "},
+        {psui::kSourceTable, "0:7 0:1 0:0 0:4 "},
+        {psui::kColorTable, "0:1 0:2 "},
+        {psui::kThicknessTable, "0:4 "},
+        {psui::kIcmTable, ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Rows(context, c.index), "") << "before it is built";
+        psui::BuildOptionTable(context, c.index);
+        EXPECT_EQ(Rows(context, c.index), c.rows);
+        EXPECT_FALSE(psui::IsBuiltinTable(context, c.index));
+    }
+    EXPECT_EQ(psui::OptionValueAt(context, psui::kColorTable, 1, 77), 2u);
+    EXPECT_EQ(psui::OptionValueAt(context, psui::kColorTable, 2, 77), 77u);
+}
+
+TEST(OptionTables, OfferGlossyPostcardsInJapaneseOnly)
+{
+    constexpr std::string_view kModel = "*MediaType Plain_Paper: \"1\"\n*MediaType GlossyHagakiATN: \"272\"\n"
+                                        "*MediaType GlossyHagakiURA: \"273\"\n*MediaType Glossy_C: \"263\"\n";
+    for (const std::string language : {"eng", "jpn"}) {
+        const World world(language);
+        const DialogContext context(kModel);
+        psui::BuildOptionTable(context, psui::kMediaTable);
+        EXPECT_EQ(Rows(context, psui::kMediaTable),
+                  language == "jpn" ? "0:1 0:272 0:273 0:263 " : "0:1 0:263 ");
+    }
+}
+
+TEST(OptionTables, AreBuiltInWithoutMemory)
+{
+    const World world;
+    for (int index = 0; index < psui::kOptionTables; ++index) {
+        const DialogContext context;
+        const auto build = [&] { psui::BuildOptionTable(context, static_cast<OptionTableIndex>(index)); };
+        build();
+        const std::string whole = Rows(context, index);
+        test::FailEach(test::kAllocations, build, build, [&](bool failed) {
+            EXPECT_EQ(Rows(context, index), failed ? kBuiltin[index] : whole);
+            build();
+        });
+    }
+}
+
+} // namespace
