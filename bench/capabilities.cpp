@@ -6,7 +6,10 @@
 
 #include "bench/bench.h"
 #include "host/host.h"
+#include "psui/base/module.h"
+#include "psui/entry/context.h"
 #include "psui/entry/exports.h"
+#include "psui/maindlg/settings_summary.h"
 
 namespace bench {
 
@@ -149,6 +152,47 @@ void MeasureMerge(HMODULE library, HANDLE printer, double profileCost)
     PrintCalls(figure.calls);
 }
 
+// A document sheet from its first call to its last, with a common UI that takes every page.
+void MeasureSheet(HMODULE library, HANDLE printer, double profileCost)
+{
+    const auto sheet = reinterpret_cast<psui::DrvDocumentPropertySheetsFn>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DrvDocumentPropertySheets")));
+    psui::DocumentPropertyHeader header = {};
+    header.cbSize = sizeof(header);
+    header.hPrinter = printer;
+    psui::PropSheetUiInfo info = {};
+    info.lParamInit = reinterpret_cast<LPARAM>(&header);
+    info.pfnComPropSheet = [](HANDLE, UINT, LPARAM, LPARAM) -> LONG_PTR { return 1; };
+    const CallFigure figure = Measure(profileCost, [&] {
+        info.Reason = psui::kSheetInitialise;
+        if (sheet(&info, 0) < 0)
+            std::printf("  no sheet\n");
+        info.Reason = psui::kSheetDestroy;
+        sheet(&info, 0);
+    });
+    PrintFigure("own work of opening a sheet", figure.own, "us", 2000, false);
+    std::printf("  platform calls:");
+    PrintCalls(figure.calls);
+}
+
+// The settings summary of the printer's defaults, with the strings that the platform loads for it.
+void MeasureSummary(HANDLE printer, double profileCost)
+{
+    psui::hLangModule = LoadLibraryW(ProductFile("VMLANG.DLL").c_str());
+    const psui::ContextPtr context(psui::CreatePrinterUiContext(printer, nullptr));
+    std::vector<WCHAR> text(psui::kSummaryUnits);
+    const auto build = [&] {
+        psui::TextCursor cursor = {text.data(), psui::kSummaryUnits};
+        psui::BuildSettingsSummary(context.get(), cursor);
+    };
+    if (context) {
+        PrintFigure("own work of the summary text", Measure(profileCost, build).own, "us", 200, false);
+        PrintFigure("summary text with its strings", MedianMicroseconds(200, build), "us", 200, false);
+    }
+    FreeLibrary(psui::hLangModule);
+    psui::hLangModule = nullptr;
+}
+
 } // namespace
 
 void BenchCapabilities(const Settings& settings)
@@ -175,6 +219,8 @@ void BenchCapabilities(const Settings& settings)
                 profileCost * 1000);
     MeasureCapabilities(library, printer, profileCost);
     MeasureMerge(library, printer, profileCost);
+    MeasureSheet(library, printer, profileCost);
+    MeasureSummary(printer, profileCost);
     ClosePrinter(printer);
     FreeLibrary(library);
 }
