@@ -7,20 +7,14 @@
 #include <gtest/gtest.h>
 
 #include "psui/dialogs/watermark_store.h"
-#include "psui/settings/record.h"
-#include "tests/settings/support.h"
+#include "tests/maindlg/dialog_context.h"
 
 namespace {
 
 using test::FieldValue;
+using test::LanguageText;
 using test::SetAll;
 using test::World;
-
-std::u16string LanguageText(UINT id)
-{
-    WCHAR text[512];
-    return {text, static_cast<size_t>(psui::LoadLanguageString(id, text, 512))};
-}
 
 /// UTF-8, so that a difference can be read.
 std::string Readable(const std::u16string& text)

@@ -1,0 +1,273 @@
+// The summary page in the window of a sheet, with the language modules' own templates.
+#include <commctrl.h>
+
+#include "lang/ids/dialogs.h"
+#include "lang/ids/summary.h"
+#include "psui/maindlg/settings_summary.h"
+#include "tests/entry/sheet_caller.h"
+
+namespace {
+
+using psui::DriverDevMode;
+using test::Printer;
+using test::SheetCaller;
+
+constexpr UINT kGetTabControl = WM_USER + 116;
+
+/// A sheet's window: it knows its tab control and notes the commands that it gets.
+class SheetWindow
+{
+public:
+    explicit SheetWindow(int tabs)
+    {
+        commands.clear();
+        WNDCLASSW sheetClass = {};
+        sheetClass.lpfnWndProc = Procedure;
+        sheetClass.lpszClassName = TEXT("TestSheet");
+        RegisterClassW(&sheetClass);
+        window = CreateWindowExW(0, sheetClass.lpszClassName, TEXT("Sheet"), WS_POPUP | WS_VISIBLE, 10, 10,
+                                 500, 400, nullptr, nullptr, nullptr, nullptr);
+        EXPECT_NE(window, nullptr);
+        tabControl = CreateWindowExW(0, WC_TABCONTROLW, nullptr, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0,
+                                     500, 30, window, nullptr, nullptr, nullptr);
+        for (int i = 0; i < tabs; ++i) {
+            TCITEMW item = {};
+            item.mask = TCIF_TEXT;
+            item.pszText = const_cast<LPWSTR>(TEXT("Page"));
+            SendMessageW(tabControl, TCM_INSERTITEMW, i, reinterpret_cast<LPARAM>(&item));
+        }
+    }
+    ~SheetWindow()
+    {
+        DestroyWindow(window);
+        UnregisterClassW(TEXT("TestSheet"), nullptr);
+    }
+    SheetWindow(const SheetWindow&) = delete;
+    SheetWindow& operator=(const SheetWindow&) = delete;
+
+    HWND window = nullptr;
+    static inline HWND tabControl = nullptr;
+    static inline std::vector<int> commands;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        if (message == kGetTabControl)
+            return reinterpret_cast<LRESULT>(tabControl);
+        if (message == WM_COMMAND)
+            commands.push_back(LOWORD(wParam));
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+};
+
+void HandlePostedMessages()
+{
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+}
+
+class SummaryPage : public testing::TestWithParam<const char*>
+{
+protected:
+    test::World world_{GetParam()};
+    Printer printer_{u"P1", test::kFullModel};
+    alignas(8) DriverDevMode output_ = {};
+    int mainDialogs_ = 0;
+
+    void TearDown() override { host::SetIdleHook(nullptr); }
+
+    HWND OpenPage(SheetCaller& sheet, const SheetWindow& window)
+    {
+        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        const HWND page = CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window,
+                                             sheet.page.pfnDlgProc, reinterpret_cast<LPARAM>(&sheet.page));
+        EXPECT_NE(page, nullptr) << GetLastError();
+        ShowWindow(page, SW_SHOW);
+        return page;
+    }
+
+    /// Ends the main dialog with that button whenever it stands open, once `edit` has changed the record.
+    void AnswerMainDialog(SheetCaller& sheet, int button, std::function<void(DriverDevMode&)> edit = nullptr)
+    {
+        host::SetIdleHook([this, &sheet, button, edit] {
+            // The context is the page's parameter before it is the sheet's.
+            auto* context = reinterpret_cast<psui::PrinterUiContext*>(sheet.page.lParam);
+            if (!context || !context->hMainDialog)
+                return false;
+            if (edit)
+                edit(context->dmWork);
+            ++mainDialogs_;
+            PostMessageW(context->hMainDialog, WM_COMMAND, button, 0);
+            return true;
+        });
+    }
+
+    std::u16string SummaryOf(psui::PrinterUiContext* context) const
+    {
+        std::vector<WCHAR> text(psui::kSummaryUnits);
+        psui::TextCursor cursor = {text.data(), psui::kSummaryUnits};
+        psui::BuildSettingsSummary(context, cursor);
+        return text.data();
+    }
+
+    std::u16string Shown(HWND page) const
+    {
+        std::vector<WCHAR> text(psui::kSummaryUnits);
+        GetDlgItemTextW(page, IDC_SUMMARY, text.data(), psui::kSummaryUnits);
+        return text.data();
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Languages, SummaryPage, testing::Values("eng", "jpn"),
+                         [](const auto& language) { return std::string(language.param); });
+
+TEST_P(SummaryPage, ShowsTheSettingsBesideOtherPages)
+{
+    for (const DWORD mode : {DWORD{DM_COPY}, DM_COPY | psui::kModeNoPermission}) {
+        SheetCaller sheet(printer_, mode, &output_);
+        const SheetWindow window(2);
+        const HWND page = OpenPage(sheet, window);
+        EXPECT_EQ(sheet.context()->hSummaryPage, page);
+        EXPECT_EQ(Shown(page), SummaryOf(sheet.context()));
+        EXPECT_EQ(IsWindowEnabled(GetDlgItem(page, IDC_SETTINGS)) != FALSE, mode == DM_COPY);
+        HandlePostedMessages();
+        EXPECT_TRUE(window.commands.empty());
+        EXPECT_EQ(mainDialogs_, 0);
+    }
+}
+
+TEST_P(SummaryPage, ReopensTheMainDialogWithItsButton)
+{
+    SheetCaller sheet(printer_, DM_COPY, &output_);
+    const SheetWindow window(2);
+    const HWND page = OpenPage(sheet, window);
+    const std::u16string before = Shown(page);
+    AnswerMainDialog(sheet, IDCANCEL, [](DriverDevMode& work) { work.dmPublic.dmOrientation = 2; });
+    SendDlgItemMessageW(page, IDC_SETTINGS, BM_CLICK, 0, 0);
+    EXPECT_EQ(mainDialogs_, 1);
+    EXPECT_EQ(Shown(page), before) << "cancelled";
+    AnswerMainDialog(sheet, IDOK, [](DriverDevMode& work) { work.dmPublic.dmCopies = 12; });
+    SendDlgItemMessageW(page, IDC_SETTINGS, BM_CLICK, 0, 0);
+    EXPECT_EQ(mainDialogs_, 2);
+    EXPECT_NE(Shown(page), before);
+    EXPECT_EQ(Shown(page), SummaryOf(sheet.context()));
+    EXPECT_EQ(sheet.context()->hMainDialog, nullptr);
+}
+
+TEST_P(SummaryPage, StandsInForASheetOfItsOwn)
+{
+    for (const int button : {IDOK, IDCANCEL}) {
+        SheetCaller sheet(printer_, DM_COPY, &output_);
+        const SheetWindow window(1);
+        AnswerMainDialog(sheet, button);
+        mainDialogs_ = 0;
+        OpenPage(sheet, window);
+        EXPECT_EQ(mainDialogs_, 1);
+        RECT box = {};
+        GetWindowRect(window.window, &box);
+        EXPECT_EQ(box.left + box.top, 0);
+        EXPECT_EQ(box.right - box.left, 0);
+        EXPECT_EQ(box.bottom - box.top, 0);
+        HandlePostedMessages();
+        EXPECT_EQ(window.commands, std::vector<int>{button});
+    }
+}
+
+TEST_P(SummaryPage, CancelsItsSheetWithoutAMainDialog)
+{
+    SheetCaller sheet(printer_, DM_COPY, &output_);
+    const SheetWindow window(1);
+    const HMODULE language = std::exchange(psui::hLangModule, nullptr);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    psui::hLangModule = language;
+    const HWND page = CreateDialogParamW(language, MAKEINTRESOURCEW(IDD_SUMMARY), window.window,
+                                         sheet.page.pfnDlgProc, reinterpret_cast<LPARAM>(&sheet.page));
+    EXPECT_NE(page, nullptr);
+    HandlePostedMessages();
+    EXPECT_EQ(window.commands, std::vector<int>{IDCANCEL});
+}
+
+TEST_P(SummaryPage, ConfirmsTheSheetWhoseMainDialogIsOpen)
+{
+    SheetCaller sheet(printer_, DM_COPY, &output_);
+    const SheetWindow window(1);
+    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    sheet.context()->hMainDialog = window.window;
+    CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window, sheet.page.pfnDlgProc,
+                       reinterpret_cast<LPARAM>(&sheet.page));
+    HandlePostedMessages();
+    EXPECT_EQ(window.commands, std::vector<int>{IDOK});
+}
+
+TEST_P(SummaryPage, AppliesTheUsersOwnSize)
+{
+    SheetCaller sheet(printer_, DM_COPY, &output_);
+    const SheetWindow window(2);
+    const HWND page = OpenPage(sheet, window);
+    NMHDR apply = {};
+    apply.code = static_cast<UINT>(-202);
+    const struct
+    {
+        int paper, fields, newFields, width, length;
+    } cases[] = {{256, DM_COPIES, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, 1500, 2500},
+                 {9, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, DM_COPIES, 7, 8}};
+    for (const auto& c : cases) {
+        DriverDevMode& work = sheet.context()->dmWork;
+        test::SetAll(work, {{"dmPaperSize", c.paper},
+                            {"dmFields", c.fields},
+                            {"wCustomWidth", 1500},
+                            {"wCustomLength", 2500},
+                            {"dmPaperWidth", 7},
+                            {"dmPaperLength", 8}});
+        sheet.calls.clear();
+        SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&apply));
+        test::ExpectFields(
+            work, {{"dmFields", c.newFields}, {"dmPaperWidth", c.width}, {"dmPaperLength", c.length}});
+        ASSERT_EQ(sheet.calls.size(), 1u);
+        EXPECT_EQ(sheet.calls[0].function, 9u);
+        EXPECT_EQ(sheet.calls[0].first, 0x77);
+        EXPECT_EQ(sheet.calls[0].second, 1);
+    }
+}
+
+TEST_P(SummaryPage, GivesItsButtonTheFocusUnlessTheTabsHaveIt)
+{
+    SheetCaller sheet(printer_, DM_COPY, &output_);
+    const SheetWindow window(2);
+    const HWND page = OpenPage(sheet, window);
+    NMHDR active = {};
+    active.code = static_cast<UINT>(-200);
+    const struct
+    {
+        HWND before, after;
+    } cases[] = {{GetDlgItem(page, IDC_SUMMARY), GetDlgItem(page, IDC_SETTINGS)},
+                 {window.tabControl, window.tabControl}};
+    for (const auto& c : cases) {
+        SetFocus(c.before);
+        SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&active));
+        EXPECT_EQ(GetFocus(), c.before) << "before the sheet has set it";
+        HandlePostedMessages();
+        EXPECT_EQ(GetFocus(), c.after);
+    }
+}
+
+TEST_P(SummaryPage, CancelsItselfWithoutMemoryForItsText)
+{
+    SheetCaller sheet(printer_, DM_COPY, &output_);
+    const SheetWindow window(2);
+    const HWND page = OpenPage(sheet, window);
+    const std::u16string before = Shown(page);
+    sheet.context()->dmWork.dmPublic.dmCopies = 77;
+    host::FailAllocations(0, true);
+    SendMessageW(page, WM_INITDIALOG, 0, reinterpret_cast<LPARAM>(&sheet.page));
+    host::StopFailing();
+    EXPECT_EQ(Shown(page), before);
+    MSG message = {};
+    bool cancelled = false;
+    while (PeekMessageW(&message, page, WM_COMMAND, WM_COMMAND, PM_REMOVE))
+        cancelled = cancelled || LOWORD(message.wParam) == IDCANCEL;
+    EXPECT_TRUE(cancelled);
+}
+
+} // namespace

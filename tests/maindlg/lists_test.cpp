@@ -1,0 +1,333 @@
+// The lists of the tabs on the real dialogs of the language modules.
+#include "psui/maindlg/option_lists.h"
+
+#include "lang/ids/advanced_tab.h"
+#include "lang/ids/basic_tab.h"
+#include "lang/ids/dialogs.h"
+#include "lang/ids/strings.h"
+#include "lang/ids/user_paper.h"
+#include "psui/maindlg/combo_list.h"
+#include "psui/maindlg/option_tables.h"
+#include "tests/entry/fail_each.h"
+#include "tests/maindlg/dialog_context.h"
+#include "tests/maindlg/test_dialog.h"
+
+namespace {
+
+using test::DialogContext;
+using test::FieldValue;
+using test::LanguageText;
+using test::SetAll;
+using test::TestDialog;
+using test::World;
+
+/// Texts and item data of a list, an entry a line; the selected one is marked.
+std::u16string Entries(const TestDialog& dialog, int control)
+{
+    std::u16string entries;
+    const int count = static_cast<int>(dialog.Send(control, CB_GETCOUNT));
+    for (int entry = 0; entry < count; ++entry) {
+        WCHAR text[psui::kEntryUnits] = {};
+        dialog.Send(control, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text));
+        const std::string data = std::to_string(dialog.Send(control, CB_GETITEMDATA, entry));
+        entries += text + (u" = " + std::u16string(data.begin(), data.end()));
+        entries += entry == dialog.Send(control, CB_GETCURSEL) ? u" *\n" : u"\n";
+    }
+    return entries;
+}
+
+struct Expected
+{
+    UINT text; ///< string id; 0 for no text
+    int64_t value;
+};
+
+std::u16string EntriesOf(const std::vector<Expected>& expected, int selected)
+{
+    std::u16string entries;
+    for (int i = 0; i < static_cast<int>(expected.size()); ++i) {
+        const std::string data = std::to_string(expected[i].value);
+        entries += (expected[i].text ? LanguageText(expected[i].text) : u"") + u" = " +
+                   std::u16string(data.begin(), data.end()) + (i == selected ? u" *\n" : u"\n");
+    }
+    return entries;
+}
+
+class Lists : public testing::TestWithParam<const char*>
+{
+protected:
+    World world_{GetParam()};
+
+    bool Japanese() const { return std::string_view(GetParam()) == "jpn"; }
+};
+
+INSTANTIATE_TEST_SUITE_P(Languages, Lists, testing::Values("eng", "jpn"),
+                         [](const auto& language) { return std::string(language.param); });
+
+constexpr std::string_view kListModel = R"(*Paper A4: "9"
+*Paper A4_BL: "274"
+*Paper User: "256"
+*Paper Strange: "500"
+*Paper Ledger: "3"
+*MediaType Plain_Paper: "1"
+*MediaType GlossyHagakiATN: "272"
+*MediaType Velvet: "999"
+*MediaType Glossy_Paper: "262"
+*Tray Feeder: "7"
+*Tray Tray1: "1"
+*Tray Manual: "4"
+*Thickness Regular: "0"
+*Thickness Envelope: "4"
+)";
+
+TEST_P(Lists, OfMediaShowTheModelsNames)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_BASIC);
+    std::vector<Expected> expected = {{1240, 1}, {0, 999}, {1242, 262}};
+    if (Japanese())
+        expected.insert(expected.begin() + 1, {1251, 272});
+    const int last = static_cast<int>(expected.size()) - 1;
+    const struct
+    {
+        DWORD media;
+        int selected;
+    } cases[] = {{262, last}, {1, 0}, {999, last - 1}, {12345, 0}};
+    for (const auto& c : cases) {
+        psui::BuildMediaList(tab, context, c.media);
+        EXPECT_EQ(Entries(tab, IDC_MEDIA), EntriesOf(expected, c.selected)) << c.media;
+    }
+}
+
+TEST_P(Lists, OfPapersNameTheUsersOwnSize)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_BASIC);
+    const std::vector<Expected> expected = {{9130, 9}, {9151, 274}, {9162, 256}, {0, 500}, {9171, 3}};
+    psui::BuildPaperList(tab, context);
+    EXPECT_EQ(Entries(tab, IDC_PAPER), EntriesOf(expected, 0));
+    EXPECT_EQ(context->dwUserPaperPosition, 2u);
+
+    const std::u16string own = u"Poster A 17 units (" + LanguageText(IDS_CUSTOM_SIZE) + u")";
+    std::copy_n(u"Poster A 17 units", 17, context.record().dmPrivate.wszCustomName);
+    psui::BuildPaperList(tab, context);
+    std::u16string entries = EntriesOf(expected, 0);
+    const std::u16string unnamed = LanguageText(9162);
+    entries.replace(entries.find(unnamed), unnamed.size(), own + u"...");
+    EXPECT_EQ(Entries(tab, IDC_PAPER), entries);
+
+    psui::BuildFitPaperList(tab, context, IDC_PAPER);
+    EXPECT_EQ(Entries(tab, IDC_PAPER),
+              LanguageText(9130) + u" = 9 *\n" + own + u" = 256\n" + LanguageText(9171) + u" = 3\n");
+}
+
+TEST_P(Lists, OfPapersToFitToNeedNoOtherList)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_ADVANCED);
+    psui::BuildFitPaperList(tab, context, IDC_FIT_PAPER);
+    EXPECT_EQ(Entries(tab, IDC_FIT_PAPER), EntriesOf({{9130, 9}, {1215, 256}, {9171, 3}}, 0));
+}
+
+TEST_P(Lists, AreEmptyForAModelWithoutOptions)
+{
+    const DialogContext context(test::kEmptyModel);
+    const TestDialog tab(IDD_BASIC);
+    psui::BuildPaperList(tab, context);
+    psui::BuildMediaList(tab, context, 1);
+    psui::BuildSourceList(tab, context, 7);
+    for (const int control : {IDC_PAPER, IDC_MEDIA, IDC_SOURCE})
+        EXPECT_EQ(Entries(tab, control), u"") << control;
+    EXPECT_EQ(context->dwUserPaperPosition, psui::kNoUserPaper);
+}
+
+TEST_P(Lists, AreBuiltInWithoutMemory)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_BASIC), paperDialog(IDD_USER_PAPER);
+    std::vector<Expected> papers;
+    for (const psui::OptionRow& row : {psui::OptionRow{9130, 9},
+                                       {9131, 1},
+                                       {9132, 5},
+                                       {9133, 7},
+                                       {9134, 13},
+                                       {9135, 11},
+                                       {9136, 70},
+                                       {9137, 265},
+                                       {9138, 266},
+                                       {9139, 272},
+                                       {9140, 273},
+                                       {9141, 43},
+                                       {9142, 82},
+                                       {9143, 28},
+                                       {9144, 20},
+                                       {9145, 27},
+                                       {9146, 37},
+                                       {9147, 91},
+                                       {1215, 256}})
+        papers.push_back({row.wStringId, row.dwValue});
+    const auto build = [&](auto builder) {
+        host::FailAllocations(0, false);
+        builder();
+        host::StopFailing();
+    };
+    build([&] { psui::BuildPaperList(tab, context); });
+    EXPECT_EQ(Entries(tab, IDC_PAPER), EntriesOf(papers, 0));
+    EXPECT_EQ(context->dwUserPaperPosition, 18u);
+    build([&] { psui::BuildMediaList(tab, context, 263); });
+    EXPECT_EQ(Entries(tab, IDC_MEDIA), EntriesOf({{1240, 1}, {1241, 261}, {1243, 263}, {1244, 264}}, 2));
+    build([&] { psui::BuildSourceList(tab, context, 4); });
+    EXPECT_EQ(Entries(tab, IDC_SOURCE), EntriesOf({{1271, 2}, {1272, 1}, {1273, 4}}, 2));
+    build([&] { psui::BuildThicknessList(paperDialog, context, 3); });
+    EXPECT_EQ(Entries(paperDialog, IDC_THICKNESS),
+              EntriesOf({{1280, 0}, {1281, 1}, {1282, 2}, {1283, 3}, {1284, 4}}, 3));
+}
+
+TEST_P(Lists, OfSourcesGoByPlace)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_BASIC);
+    psui::BuildSourceList(tab, context, 4);
+    EXPECT_EQ(Entries(tab, IDC_SOURCE), EntriesOf({{1271, 7}, {1272, 1}, {1273, 4}}, 2));
+    EXPECT_TRUE(IsWindowEnabled(tab.Item(IDC_SOURCE)));
+}
+
+TEST_P(Lists, OfOneSourceAreNotShown)
+{
+    const DialogContext context("*Tray Feeder: \"7\"\n");
+    const TestDialog tab(IDD_BASIC);
+    psui::BuildSourceList(tab, context, 7);
+    EXPECT_EQ(Entries(tab, IDC_SOURCE), EntriesOf({{1270, 7}}, 0));
+    for (const int control : {IDC_SOURCE_LABEL, IDC_SOURCE}) {
+        EXPECT_FALSE(IsWindowEnabled(tab.Item(control)));
+        EXPECT_EQ(GetWindowLongPtrW(tab.Item(control), GWL_STYLE) & WS_VISIBLE, 0);
+    }
+    EXPECT_NE(tab.Text(IDC_SOURCE_LABEL).find(u"&&&~"), std::u16string::npos);
+}
+
+TEST_P(Lists, OfThicknessStandOnlyInTheirDialog)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_BASIC), paperDialog(IDD_USER_PAPER);
+    psui::BuildThicknessList(tab, context, 4);
+    EXPECT_EQ(psui::OptionTable(context, psui::kThicknessTable).size(), 2u);
+    psui::BuildThicknessList(paperDialog, context, 4);
+    EXPECT_EQ(Entries(paperDialog, IDC_THICKNESS), EntriesOf({{1280, 0}, {1284, 4}}, 1));
+}
+
+TEST_P(Lists, OfQualitiesKeepOrTakeTheLevel)
+{
+    const TestDialog tab(IDD_BASIC);
+    const std::vector<Expected> plain = {{8086, 0}, {8085, 1}, {8084, 2}, {8083, 3}};
+    const struct
+    {
+        const char* name;
+        void (*build)(HWND tab, psui::PrinterUiContext* context);
+        int media, level;
+        std::vector<Expected> entries;
+        int selected, newLevel, code;
+    } cases[] = {
+        {"kept", psui::BuildQualityList, 1, 1, plain, 2, 1, -2},
+        {"not offered", psui::BuildQualityList, 261, 1, {{8087, 0}, {8086, 1}}, -1, 1, 77},
+        {"media's own", psui::BuildDefaultQualityList, 1, 5, plain, 1, 2, -3},
+        {"photo's own", psui::BuildDefaultQualityList, 263, 0, {{8088, 0}, {8087, 1}, {8086, 2}}, 1, 4, -3},
+        {"no such media", psui::BuildDefaultQualityList, 265, 1, {}, -1, 1, 77},
+        {"single", psui::BuildSingleQualityList, 1, 1, {{8086, 0}}, 0, 3, -4},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const DialogContext context(kListModel);
+        SetAll(context.record(),
+               {{"dmMediaType", c.media}, {"bQualityLevel", c.level}, {"dmColor", 2}, {"shQuality", 77}});
+        c.build(tab, context);
+        EXPECT_EQ(Entries(tab, IDC_QUALITY), EntriesOf(c.entries, c.selected));
+        test::ExpectFields(context.record(), {{"bQualityLevel", c.newLevel}, {"shQuality", c.code}});
+    }
+}
+
+TEST_P(Lists, OfLayoutsAreFilledOnceAndFollowTheRecord)
+{
+    const DialogContext context(kListModel);
+    const TestDialog tab(IDD_BASIC);
+    const std::vector<Expected> layouts = {{8093, 1},  {8094, 2},  {8095, 4}, {8098, 9},
+                                           {8099, 16}, {8096, -4}, {8097, -9}};
+    const struct
+    {
+        int pages, selected;
+    } cases[] = {{1, 0}, {2, 1}, {4, 2}, {9, 3}, {16, 4}, {-4, 5}, {-9, 6}, {3, 0}};
+    for (const auto& c : cases) {
+        test::Set(context.record(), "dwPagesPerSheet", c.pages);
+        psui::BuildMultiplePageList(tab, context);
+        EXPECT_EQ(Entries(tab, IDC_LAYOUT), EntriesOf(layouts, c.selected)) << c.pages;
+    }
+    tab.Send(IDC_LAYOUT, CB_SETITEMDATA, 0, 55);
+    psui::BuildMultiplePageList(tab, context);
+    EXPECT_EQ(tab.Send(IDC_LAYOUT, CB_GETITEMDATA, 0), 55) << "filled a second time";
+}
+
+TEST_P(Lists, OfPageOrdersDependOnTheLayout)
+{
+    const TestDialog tab(IDD_BASIC);
+    const std::vector<Expected> many = {{8105, 0}, {8104, 1}, {8107, 2}, {8106, 3}},
+                                two = {{8100, 0}, {8101, 2}}, landscape = {{8102, 0}};
+    const struct
+    {
+        int pages, orientation, order;
+        const std::vector<Expected>& entries;
+        int selected;
+    } cases[] = {{4, 1, 3, many, 3},      {4, 2, 0, many, 0},      {1, 1, 9, many, -1},
+                 {2, 1, 0, two, 0},       {2, 1, 5, two, 0},       {2, 1, 2, two, 1},
+                 {2, 1, 7, two, 1},       {2, 2, 0, landscape, 0}, {2, 2, 3, landscape, 0},
+                 {2, 2, 4, landscape, -1}};
+    for (const auto& c : cases) {
+        const DialogContext context(kListModel);
+        SetAll(context.record(),
+               {{"dwPagesPerSheet", c.pages}, {"dmOrientation", c.orientation}, {"bPageOrder", c.order}});
+        psui::BuildPageOrderList(tab, context);
+        EXPECT_EQ(Entries(tab, IDC_PAGE_ORDER), EntriesOf(c.entries, c.selected))
+            << c.pages << ' ' << c.orientation << ' ' << c.order;
+    }
+}
+
+TEST_P(Lists, OfBorderLinesMendTheRecord)
+{
+    const TestDialog tab(IDD_BASIC);
+    psui::SetBorderLineItemHeight(tab);
+    RECT label = {};
+    GetWindowRect(tab.Item(IDC_BORDER_LINE_LABEL), &label);
+    const int item = static_cast<int>(label.bottom - label.top) - (Japanese() ? 4 : 5);
+    EXPECT_EQ(tab.Send(IDC_BORDER_LINE, CB_GETITEMHEIGHT, 0), item);
+    const struct
+    {
+        int line, selected, newLine;
+    } cases[] = {{0, 2, 0}, {1, 0, 1}, {2, 1, 2}, {3, 0, 3}, {4, 0, 1}, {255, 0, 1}};
+    for (const auto& c : cases) {
+        const DialogContext context(kListModel);
+        test::Set(context.record(), "bBorderLine", c.line);
+        psui::BuildBorderLineList(tab, context);
+        EXPECT_EQ(Entries(tab, IDC_BORDER_LINE), EntriesOf({{8008, 1}, {8009, 2}, {8007, 0}}, c.selected));
+        test::ExpectFields(context.record(), {{"bBorderLine", c.newLine}});
+    }
+    RECT dropped = {};
+    tab.Send(IDC_BORDER_LINE, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+    EXPECT_EQ(dropped.bottom - dropped.top, psui::DroppedHeight(tab.Item(IDC_BORDER_LINE), 4, 5));
+}
+
+TEST(ListEntries, AreFoundByTheirDataFromEitherEnd)
+{
+    const World world;
+    const TestDialog tab(IDD_BASIC);
+    {
+        psui::ComboFiller filler(tab, IDC_SOURCE);
+        for (const int value : {7, 1, 4, 1})
+            filler.Add(TEXT("x"), value);
+    }
+    EXPECT_TRUE(psui::SelectByItemData(tab, IDC_SOURCE, 1));
+    EXPECT_EQ(tab.Send(IDC_SOURCE, CB_GETCURSEL), 1);
+    EXPECT_TRUE(psui::SelectByItemData(tab, IDC_SOURCE, 1, true));
+    EXPECT_EQ(tab.Send(IDC_SOURCE, CB_GETCURSEL), 3);
+    EXPECT_FALSE(psui::SelectByItemData(tab, IDC_SOURCE, 9, true));
+    EXPECT_EQ(tab.Send(IDC_SOURCE, CB_GETCURSEL), 0);
+}
+
+} // namespace
