@@ -83,6 +83,7 @@ protected:
         const HWND page = CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window,
                                              sheet.page.pfnDlgProc, reinterpret_cast<LPARAM>(&sheet.page));
         EXPECT_NE(page, nullptr) << GetLastError();
+        EnableWindow(page, TRUE);
         ShowWindow(page, SW_SHOW);
         return page;
     }
