@@ -378,6 +378,9 @@ TEST(Edit, ClipboardTakesTheSelectionAndGivesIt)
     SendMessageW(edit, WM_PASTE, 0, 0);
     EXPECT_EQ(TextOf(edit), OnWine() ? TEXT(" twoonesecret") : TEXT(" twooneone"))
         << "a password is not copied";
+    EXPECT_TRUE(OpenClipboard(edit));
+    EXPECT_TRUE(EmptyClipboard());
+    EXPECT_TRUE(CloseClipboard());
 }
 
 TEST(Edit, AsksForTheColoursOfAFieldOrOfALabelWhenItCannotBeChanged)

@@ -53,6 +53,10 @@ TEST(EditText, InsertsWhatTheLimitAllowsInPlaceOfTheSelection)
         EXPECT_EQ(outcome.cut, each.cut) << text.Length();
         EXPECT_EQ(text.modified, each.changed);
     }
+    EditText lines({true, nullptr});
+    lines.SetLimit(2);
+    EXPECT_TRUE(lines.Insert(u"a\r\n").cut);
+    EXPECT_EQ(lines.Text(), u"a") << "a line break comes in whole or not at all";
 }
 
 TEST(EditText, FoldsEveryUnitThatComesIn)

@@ -25,6 +25,7 @@ EditText::Outcome InsertWhatFits(HWND window, const Edit& edit, EditText& text, 
         (FitsWithoutScrolling(window, edit, trial) ? fits : tooMany) = middle;
     }
     text = before;
+    fits = EditText::WholeCharacters(added, fits);
     if (fits == 0)
         return {false, true};
     outcome = text.Insert(added.substr(0, fits), undoable);

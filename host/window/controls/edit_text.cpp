@@ -27,6 +27,13 @@ bool IsBlank(char16_t unit)
 
 } // namespace
 
+size_t EditText::WholeCharacters(std::u16string_view text, size_t count)
+{
+    if (count >= text.size())
+        return text.size();
+    return count > 0 && BelongTogether(text[count - 1], text[count]) ? count - 1 : count;
+}
+
 std::u16string EditText::Admitted(std::u16string_view text) const
 {
     std::u16string admitted(text);
@@ -65,11 +72,7 @@ EditText::Outcome EditText::Insert(std::u16string_view with, bool undoable)
     const size_t kept = text_.size() - (End() - Start());
     const size_t room = limit_ > kept ? limit_ - kept : 0;
     const bool cut = with.size() > room;
-    if (cut) {
-        with = with.substr(0, room);
-        if (!with.empty() && IsHighSurrogate(with.back()))
-            with.remove_suffix(1);
-    }
+    with = with.substr(0, WholeCharacters(with, room));
     if (with.empty() && !HasSelection())
         return {false, cut};
     const std::u16string added = Admitted(with);

@@ -26,6 +26,9 @@ public:
 
     static constexpr size_t kDefaultLimit = 30000;
 
+    /// The most of the first `count` units of a text that splits no line break and no surrogate pair.
+    static size_t WholeCharacters(std::u16string_view text, size_t count);
+
     explicit EditText(Rules rules) : rules_(rules) {}
 
     const std::u16string& Text() const { return text_; }
