@@ -1,0 +1,108 @@
+#pragma once
+// The common property-sheet UI for printers.
+#include <windows.h>
+
+#define CPSUI_CANCEL 0
+#define CPSUI_OK     1
+
+#define CPSFUNC_ADD_PROPSHEETPAGEW   1
+#define CPSFUNC_ADD_PFNPROPSHEETUIW  5
+#define CPSFUNC_DELETE_HCOMPROPSHEET 6
+#define CPSFUNC_SET_HSTARTPAGE       7
+#define CPSFUNC_GET_PAGECOUNT        8
+#define CPSFUNC_SET_RESULT           9
+#define CPSFUNC_GET_HPSUIPAGES       10
+#define CPSFUNC_INSERT_PSUIPAGEW     17
+#define CPSFUNC_SET_PSUIPAGE_TITLEW  19
+
+#define HINSPSUIPAGE_FIRST ((HANDLE)(ULONG_PTR)0xFFFFFFFE)
+#define HINSPSUIPAGE_LAST  ((HANDLE)(ULONG_PTR)0xFFFFFFFF)
+
+#define PSUIPAGEINSERT_PFNPROPSHEETUI 2
+#define PSUIPAGEINSERT_PROPSHEETPAGE  3
+
+#define INSPSUIPAGE_MODE_BEFORE      0
+#define INSPSUIPAGE_MODE_AFTER       1
+#define INSPSUIPAGE_MODE_FIRST_CHILD 2
+#define INSPSUIPAGE_MODE_LAST_CHILD  3
+#define INSPSUIPAGE_MODE_INDEX       4
+
+#define PROPSHEETUI_REASON_INIT            0
+#define PROPSHEETUI_REASON_GET_INFO_HEADER 1
+#define PROPSHEETUI_REASON_DESTROY         2
+#define PROPSHEETUI_REASON_SET_RESULT      3
+#define PROPSHEETUI_REASON_GET_ICON        4
+#define PROPSHEETUI_REASON_BEFORE_INIT     5
+
+#define PROPSHEETUI_INFO_VERSION 0x0100
+#define PSUIINFO_UNICODE         0x0001
+
+#define PSUIHDRF_NOAPPLYNOW   0x0002
+#define PSUIHDRF_PROPTITLE    0x0004
+#define PSUIHDRF_USEHICON     0x0008
+#define PSUIHDRF_DEFTITLE     0x0010
+#define PSUIHDRF_EXACT_PTITLE 0x0020
+
+#define ERR_CPSUI_GETLASTERROR             -1
+#define ERR_CPSUI_ALLOCMEM_FAILED          -2
+#define ERR_CPSUI_INVALID_PDATA            -3
+#define ERR_CPSUI_NO_PROPSHEETPAGE         -8
+#define ERR_CPSUI_CREATEPROPPAGE_FAILED    -10
+#define ERR_CPSUI_FUNCTION_NOT_IMPLEMENTED -9999
+
+typedef LONG_PTR(CALLBACK* PFNCOMPROPSHEET)(HANDLE comPropSheet, UINT function, LPARAM param1, LPARAM param2);
+
+typedef struct _PROPSHEETUI_INFO
+{
+    WORD cbSize;
+    WORD Version;
+    WORD Flags;
+    WORD Reason;
+    HANDLE hComPropSheet;
+    PFNCOMPROPSHEET pfnComPropSheet;
+    LPARAM lParamInit;
+    ULONG_PTR UserData;
+    ULONG_PTR Result;
+} PROPSHEETUI_INFO, *PPROPSHEETUI_INFO;
+static_assert(sizeof(PROPSHEETUI_INFO) == 48);
+
+typedef LONG (*PFNPROPSHEETUI)(PPROPSHEETUI_INFO info, LPARAM param);
+
+typedef struct _PROPSHEETUI_INFO_HEADER
+{
+    WORD cbSize;
+    WORD Flags;
+    LPWSTR pTitle;
+    HWND hWndParent;
+    HINSTANCE hInst;
+    union {
+        HICON hIcon;
+        ULONG_PTR IconID;
+    };
+} PROPSHEETUI_INFO_HEADER, *PPROPSHEETUI_INFO_HEADER;
+static_assert(sizeof(PROPSHEETUI_INFO_HEADER) == 40);
+
+typedef struct _SETRESULT_INFO
+{
+    WORD cbSize;
+    WORD wReserved;
+    HANDLE hSetResult;
+    LRESULT Result;
+} SETRESULT_INFO, *PSETRESULT_INFO;
+static_assert(sizeof(SETRESULT_INFO) == 24);
+
+typedef struct _INSERTPSUIPAGE_INFO
+{
+    WORD cbSize;
+    BYTE Type;
+    BYTE Mode;
+    ULONG_PTR dwData1;
+    ULONG_PTR dwData2;
+    ULONG_PTR dwData3;
+} INSERTPSUIPAGE_INFO, *PINSERTPSUIPAGE_INFO;
+static_assert(sizeof(INSERTPSUIPAGE_INFO) == 32);
+
+extern "C" {
+HOSTAPI LONG WINAPI CommonPropertySheetUIW(HWND owner, PFNPROPSHEETUI sheetFunction, LPARAM param,
+                                           LPDWORD result);
+}
