@@ -30,21 +30,12 @@ constexpr char kTable[] = R"(
 
 std::atomic<unsigned> launchFailure{0};
 
-void Record(const std::string& kind, std::u16string_view text, std::u16string_view detail)
-{
-    const std::string storedText = Utf8(text);
-    const std::string storedDetail = Utf8(detail);
-    std::lock_guard lock(DatabaseLock());
-    Statement insert("INSERT INTO events(kind, text, detail) VALUES(?, ?, ?)");
-    insert.Text(kind).Text(storedText).Text(storedDetail).Run();
-}
-
 /// Records what a launch came to: `error` is 0 or below 32. Returns the result for the caller.
 UINT RecordLaunch(std::string kind, UINT error, std::u16string_view text, std::u16string_view detail)
 {
     if (error == 0)
         error = launchFailure;
-    Record(error == 0 ? kind : "failed " + kind, text, detail);
+    RecordEvent(error == 0 ? kind : "failed " + kind, text, detail);
     if (error != 0)
         SetLastError(error);
     return error == 0 ? kStarted : error;
@@ -125,6 +116,15 @@ bool CanOpen(std::u16string_view file, std::u16string_view folder)
 
 } // namespace
 
+void RecordEvent(const std::string& kind, std::u16string_view text, std::u16string_view detail)
+{
+    const std::string storedText = Utf8(text);
+    const std::string storedDetail = Utf8(detail);
+    std::lock_guard lock(DatabaseLock());
+    Statement insert("INSERT INTO events(kind, text, detail) VALUES(?, ?, ?)");
+    insert.Text(kind).Text(storedText).Text(storedDetail).Run();
+}
+
 bool OpenEvents(std::string* error)
 {
     std::lock_guard lock(DatabaseLock());
@@ -190,6 +190,6 @@ HINSTANCE WINAPI ShellExecuteW(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR paramet
 BOOL WINAPI MessageBeep(UINT kind)
 {
     HOST_CALL(MessageBeep, FALSE, ERROR_NOT_ENOUGH_MEMORY);
-    Record("beep", {}, Decimal(kind));
+    RecordEvent("beep", {}, Decimal(kind));
     return TRUE;
 }

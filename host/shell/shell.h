@@ -20,6 +20,9 @@ void ResetUser();
 /// Launches work again.
 void ResetLaunches();
 
+/// Adds to what host::Recorded lists.
+void RecordEvent(const std::string& kind, std::u16string_view text, std::u16string_view detail);
+
 /// Makes the table of recorded events.
 bool OpenEvents(std::string* error);
 

@@ -13,12 +13,16 @@ extern const CommandFamily kCheckFamily;
 extern const CommandFamily kEventFamily;
 extern const CommandFamily kMonitorFamily;
 extern const CommandFamily kHostFamily;
+extern const CommandFamily kPreferencesFamily;
+extern const CommandFamily kPropertiesFamily;
+extern const CommandFamily kSummaryFamily;
 
 std::span<const CommandFamily* const> CommandFamilies()
 {
     static constexpr const CommandFamily* kFamilies[] = {
-        &kPrinterFamily, &kCapsFamily,  &kConvertFamily, &kRecordFamily, &kModelFamily,
-        &kCheckFamily,   &kEventFamily, &kMonitorFamily, &kHostFamily,
+        &kPrinterFamily, &kCapsFamily,        &kConvertFamily,    &kRecordFamily,
+        &kModelFamily,   &kCheckFamily,       &kEventFamily,      &kMonitorFamily,
+        &kHostFamily,    &kPreferencesFamily, &kPropertiesFamily, &kSummaryFamily,
     };
     return kFamilies;
 }

@@ -1,0 +1,119 @@
+#include "tools/psuictl/desktop.h"
+
+#include <utility>
+
+#include "tools/psuictl/failure.h"
+#include "tools/psuictl/files.h"
+#include "tools/psuictl/png.h"
+
+namespace psuictl::platform {
+namespace {
+
+std::function<bool()> idleStep;
+UINT_PTR idleTimer = 0;
+
+// A timer's message comes when a queue has nothing else, in whatever loop of the thread is running.
+void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD)
+{
+    if (idleStep)
+        idleStep();
+}
+
+struct ModifierKey
+{
+    unsigned flag;
+    BYTE key;
+};
+
+constexpr ModifierKey kModifierKeys[] = {
+    {kShiftHeld, VK_SHIFT},
+    {kControlHeld, VK_CONTROL},
+    {kAltHeld, VK_MENU},
+};
+
+void Press(BYTE key, DWORD flags)
+{
+    keybd_event(key, static_cast<BYTE>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)), flags, 0);
+}
+
+/// A 32-bit picture that a window can print itself into.
+class Picture
+{
+public:
+    Picture(int width, int height) : dc_(CreateCompatibleDC(nullptr))
+    {
+        BITMAPINFO info = {};
+        info.bmiHeader.biSize = sizeof(info.bmiHeader);
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height; // top down
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        bitmap_ =
+            CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
+        before_ = bitmap_ ? SelectObject(dc_, bitmap_) : nullptr;
+    }
+    ~Picture()
+    {
+        if (before_)
+            SelectObject(dc_, before_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+
+    HDC dc() const { return dc_; }
+    const uint32_t* pixels() const { return before_ ? pixels_ : nullptr; }
+
+private:
+    HDC dc_;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ before_ = nullptr;
+    uint32_t* pixels_ = nullptr;
+};
+
+} // namespace
+
+IdleCalls::IdleCalls(std::function<bool()> step)
+{
+    idleStep = std::move(step);
+    idleTimer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnTimer);
+}
+
+IdleCalls::~IdleCalls()
+{
+    KillTimer(nullptr, idleTimer);
+    idleStep = nullptr;
+}
+
+void PressKey(int key, unsigned modifiers)
+{
+    for (const ModifierKey& each : kModifierKeys) {
+        if (modifiers & each.flag)
+            Press(each.key, 0);
+    }
+    Press(static_cast<BYTE>(key), 0);
+    Press(static_cast<BYTE>(key), KEYEVENTF_KEYUP);
+    for (const ModifierKey& each : kModifierKeys) {
+        if (modifiers & each.flag)
+            Press(each.key, KEYEVENTF_KEYUP);
+    }
+}
+
+void Shoot(HWND window, const std::string& file)
+{
+    RECT frame = {};
+    GetWindowRect(window, &frame);
+    const int width = frame.right - frame.left, height = frame.bottom - frame.top;
+    const Picture picture(width, height);
+    if (!picture.pixels() || !PrintWindow(window, picture.dc(), 0))
+        throw Failure("the dialog cannot be pictured; look at its size");
+    GdiFlush();
+    const std::string png =
+        EncodePng(picture.pixels(), static_cast<size_t>(width), static_cast<size_t>(height));
+    SaveFile(file, png.data(), png.size());
+}
+
+void OpenDisplay() {} // Windows shows every window itself
+
+} // namespace psuictl::platform
