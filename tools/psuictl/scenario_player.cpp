@@ -314,13 +314,13 @@ Outcome Choose(const Scene& scene)
 {
     CommonDialogAnswer answer;
     switch (scene.step.kind) {
-    case StepKind::ChooseFile:
+    case StepKind::GiveFile:
         answer = {CommonDialogKind::File, HostPath(scene.text(0)), 0};
         break;
-    case StepKind::ChooseColor:
+    case StepKind::GiveColor:
         answer = {CommonDialogKind::Color, {}, static_cast<DWORD>(scene.number(0))};
         break;
-    case StepKind::ChooseFont:
+    case StepKind::GiveFont:
         answer = {CommonDialogKind::Font, Wide(scene.text(0)), static_cast<DWORD>(scene.number(1))};
         break;
     default:
@@ -533,10 +533,10 @@ constexpr Player kPlayers[] = {
     {StepKind::MouseMove, Mouse},
     {StepKind::MouseUp, Mouse},
     {StepKind::Answer, Answer},
-    {StepKind::ChooseFile, Choose},
-    {StepKind::ChooseColor, Choose},
-    {StepKind::ChooseFont, Choose},
-    {StepKind::ChooseNothing, Choose},
+    {StepKind::GiveFile, Choose},
+    {StepKind::GiveColor, Choose},
+    {StepKind::GiveFont, Choose},
+    {StepKind::GiveNothing, Choose},
     {StepKind::Advance, Advance},
     {StepKind::Wait, Wait},
     {StepKind::Close, Close},
