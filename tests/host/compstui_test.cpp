@@ -235,8 +235,7 @@ TEST(CommonSheet, TurnsToAnotherPageOnlyWhenTheShownOneLets)
     };
     sheet.Run();
     EXPECT_EQ(refused, 0);
-    EXPECT_EQ(first.told,
-              (std::vector<UINT>{PSN_SETACTIVE, PSN_KILLACTIVE, PSN_KILLACTIVE, PSN_RESET}));
+    EXPECT_EQ(first.told, (std::vector<UINT>{PSN_SETACTIVE, PSN_KILLACTIVE, PSN_KILLACTIVE, PSN_RESET}));
     EXPECT_EQ(second.told, (std::vector<UINT>{PSN_SETACTIVE, PSN_QUERYCANCEL, PSN_RESET}));
 }
 

@@ -18,12 +18,17 @@ public:
     IdleCalls& operator=(const IdleCalls&) = delete;
 };
 
-/// Presses and releases a key (VK_ code) while the modifier keys of `modifiers` (HOTKEYF_ bits as in
-/// kShiftHeld...) are down, as a keyboard does: it goes to the window with the focus.
 inline constexpr unsigned kShiftHeld = 1;
 inline constexpr unsigned kControlHeld = 2;
 inline constexpr unsigned kAltHeld = 4;
+
+/// Presses and releases a key (VK_ code) while the modifier keys of the bits `modifiers` are held, as a
+/// keyboard does: it goes to the window with the focus.
 void PressKey(int key, unsigned modifiers);
+
+/// Lets the clock of dialogs go forward. False where it cannot be put forward and the time has to be waited
+/// for.
+bool PassTime(unsigned milliseconds);
 
 /// Writes a picture of the window to a PNG file. Throws Failure.
 void Shoot(HWND window, const std::string& file);

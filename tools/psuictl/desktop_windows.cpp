@@ -100,6 +100,11 @@ void PressKey(int key, unsigned modifiers)
     }
 }
 
+bool PassTime(unsigned)
+{
+    return false;
+}
+
 void Shoot(HWND window, const std::string& file)
 {
     RECT frame = {};

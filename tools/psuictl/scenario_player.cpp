@@ -332,7 +332,9 @@ Outcome Choose(const Scene& scene)
 
 Outcome Advance(const Scene& scene)
 {
-    return scene.waited >= std::chrono::milliseconds(scene.number(0)) ? Outcome() : NotYet("");
+    const bool passed = platform::PassTime(static_cast<unsigned>(scene.number(0))) ||
+                        scene.waited >= std::chrono::milliseconds(scene.number(0));
+    return passed ? Outcome() : NotYet("");
 }
 
 Outcome Wait(const Scene& scene)
