@@ -36,7 +36,7 @@ void Press(BYTE key, DWORD flags)
     keybd_event(key, static_cast<BYTE>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)), flags, 0);
 }
 
-/// A 32-bit picture that a window can print itself into.
+/// A 32-bit picture in memory.
 class Picture
 {
 public:
@@ -111,8 +111,13 @@ void Shoot(HWND window, const std::string& file)
     GetWindowRect(window, &frame);
     const int width = frame.right - frame.left, height = frame.bottom - frame.top;
     const Picture picture(width, height);
-    if (!picture.pixels() || !PrintWindow(window, picture.dc(), 0))
+    if (!picture.pixels())
         throw Failure("the dialog cannot be pictured; look at its size");
+    // The dialog is on top, so the screen shows it; printing a window would leave its children out.
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    const HDC screen = GetDC(nullptr);
+    BitBlt(picture.dc(), 0, 0, width, height, screen, frame.left, frame.top, SRCCOPY);
+    ReleaseDC(nullptr, screen);
     GdiFlush();
     const std::string png =
         EncodePng(picture.pixels(), static_cast<size_t>(width), static_cast<size_t>(height));

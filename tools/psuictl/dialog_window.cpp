@@ -42,6 +42,14 @@ HWND FindBelow(HWND parent, int64_t id, bool visibleOnly)
     return nullptr;
 }
 
+WideString RawText(HWND window)
+{
+    WideString text(static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, 0);
+    text.resize(static_cast<size_t>(
+        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return text;
+}
+
 std::string SingleLineFeeds(WideString text)
 {
     text.erase(std::remove(text.begin(), text.end(), WCHAR{'\r'}), text.end());
@@ -149,10 +157,7 @@ HWND FindControl(HWND dialog, int64_t id)
 
 std::string WindowText(HWND window)
 {
-    WideString text(static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, 0);
-    text.resize(static_cast<size_t>(
-        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-    return SingleLineFeeds(text);
+    return SingleLineFeeds(RawText(window));
 }
 
 std::string MessageText(HWND dialog)
@@ -227,16 +232,17 @@ void PostClick(HWND window, POINT place, bool twice)
 
 std::optional<int> FirstTabStop(HWND edit)
 {
-    const std::string text = WindowText(edit);
-    const size_t tab = Wide(text).find(WCHAR{'\t'});
-    if (tab == WideString::npos || text.find('\n') < text.find('\t'))
+    const WideString text = RawText(edit);
+    const size_t tab = text.find(WCHAR{'\t'});
+    if (tab == WideString::npos)
         return std::nullopt;
-    const auto positionOf = [=](size_t unit) {
-        return static_cast<int>(LOWORD(SendMessageW(edit, EM_POSFROMCHAR, unit, 0)));
+    const size_t line = text.rfind(WCHAR{'\n'}, tab) + 1; // 0 where there is none
+    const auto columnOf = [=](size_t unit) {
+        return static_cast<SHORT>(LOWORD(SendMessageW(edit, EM_POSFROMCHAR, unit, 0)));
     };
     RECT measure = {0, 0, kTestUnits, 0};
     MapDialogRect(GetParent(edit), &measure);
-    const int pixels = positionOf(tab + 1) - positionOf(0);
+    const int pixels = columnOf(tab + 1) - columnOf(line);
     return (pixels * kTestUnits + measure.right / 2) / std::max<LONG>(measure.right, 1);
 }
 

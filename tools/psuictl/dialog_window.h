@@ -44,8 +44,8 @@ POINT CentreOf(HWND window);
 /// Posts one mouse message, with the pointer at that place of the window.
 void PostMouse(HWND window, UINT message, WPARAM buttons, POINT place);
 
-/// The distance in dialog units from the start of a multi-line edit control's text to what follows its first
-/// tab. Nothing when there is no tab.
+/// The distance in dialog units from the start of its line to what follows the first tab in a multi-line edit
+/// control. Nothing when there is no tab.
 std::optional<int> FirstTabStop(HWND edit);
 
 } // namespace psuictl

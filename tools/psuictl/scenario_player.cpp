@@ -450,7 +450,7 @@ Outcome ExpectTabStop(const Scene& scene)
 {
     return WithControl(scene, [&](HWND control) {
         const std::optional<int> stop = FirstTabStop(control);
-        return stop ? ExpectNumber(scene.number(1), *stop) : NotYet("the first line of the text has no tab");
+        return stop ? ExpectNumber(scene.number(1), *stop) : NotYet("the text has no tab");
     });
 }
 

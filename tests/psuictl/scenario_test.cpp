@@ -1,0 +1,112 @@
+#include "tests/psuictl/psuictl_run.h"
+
+namespace {
+
+const std::filesystem::path kScenarios = PSUI_SOURCE_DIR "/tests/psuictl/scenarios";
+
+class Scenario : public PsuictlTest
+{
+protected:
+    Scenario()
+    {
+        AddPrinter("palette940.ppd");
+        Output({"record", "default", "P", "-o", "in.dm", "--set", "dmCopies=3"});
+    }
+
+    std::vector<std::string> Line(const std::string& file, std::vector<std::string> options) const
+    {
+        std::vector<std::string> line = {"preferences", "P", "--scenario", file, "--shots", "."};
+        line.insert(line.end(), options.begin(), options.end());
+        return line;
+    }
+};
+
+TEST_F(Scenario, PlaysOnPreferences)
+{
+    const struct
+    {
+        const char* file;
+        std::vector<std::string> options;
+    } rows[] = {
+        {"confirm_writes_record", {"--pages", "2", "--record", "in.dm"}},
+        {"cancel_leaves_record", {"--pages", "2", "--record", "in.dm"}},
+        {"close_cancels", {"--pages", "2"}},
+        {"escape_cancels", {"--pages", "2"}},
+        {"summary_page", {"--pages", "2"}},
+        {"no_permission", {"--pages", "2", "--no-permission"}},
+        {"tab_stop_english", {"--pages", "2"}},
+        {"tab_stop_japanese", {"--pages", "2", "--language", "jpn"}},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = Run(Line((kScenarios / row.file).string() + ".txt", row.options));
+        EXPECT_EQ(outcome.code, 0) << row.file << "\n" << outcome;
+    }
+    EXPECT_EQ(ReadText(Path("summary.png")).substr(1, 3), "PNG");
+}
+
+TEST_F(Scenario, WritesConfirmedRecordOnly)
+{
+    WriteText(Path("ok.txt"), "wait IDC_SUMMARY\nok\n");
+    WriteText(Path("cancel.txt"), "wait IDC_SUMMARY\ncancel\n");
+    const nlohmann::json cancelled =
+        JsonOutput(Line("cancel.txt", {"--pages", "2", "--record", "in.dm", "-o", "cancelled.dm"}));
+    EXPECT_EQ(cancelled["confirmed"], false);
+    EXPECT_FALSE(std::filesystem::exists(Path("cancelled.dm")));
+    const nlohmann::json confirmed =
+        JsonOutput(Line("ok.txt", {"--pages", "2", "--record", "in.dm", "-o", "confirmed.dm"}));
+    EXPECT_EQ(confirmed["confirmed"], true);
+    EXPECT_EQ(confirmed["steps"], 2);
+    EXPECT_EQ(JsonOutput({"record", "show", "confirmed.dm", "--field", "dmCopies"})["dmCopies"], 3);
+}
+
+TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
+{
+    const struct
+    {
+        const char* steps;
+        int code;
+        const char* complaint; ///< a part of it
+    } rows[] = {
+        {"wait IDC_SUMMARY\nexpect enabled IDC_SETTINGS off\n", 1,
+         "s.txt:2: expect enabled IDC_SETTINGS off: expected off, found on"},
+        {"wait IDC_SUMMARY\nexpect record dmCopies 2\n", 1,
+         "s.txt:2: expect record dmCopies 2: expected 2, found 1"},
+        {"wait IDC_SUMMARY\nok\nexpect result cancel\n", 1,
+         "s.txt:3: expect result cancel: expected cancel, found ok"},
+        {"wait IDC_SUMMARY\nok\nclick IDC_SETTINGS\n", 1, "s.txt:3: click IDC_SETTINGS: no dialog is open"},
+        {"wait IDC_SUMMARY\nexpect record nobody 1\n", 1, "'nobody' is no field of the record"},
+        {"wait IDC_SUMMARY\n", 1, "the scenario ends while the dialog \"P Properties\" is still open"},
+        {"wait IDC_SUMMARY\nclack\n", 2, "s.txt:2: 'clack' is no step"},
+    };
+    for (const auto& row : rows) {
+        WriteText(Path("s.txt"), row.steps);
+        const Outcome outcome = Run(Line("s.txt", {"--pages", "2"}));
+        EXPECT_EQ(outcome.code, row.code) << row.steps << outcome;
+        EXPECT_NE(outcome.err.find(row.complaint), std::string::npos) << row.steps << outcome;
+    }
+}
+
+TEST_F(Scenario, NeedsSomebodyToAnswer)
+{
+    EXPECT_EQ(Run({"preferences", "P"}).code, 2);
+    EXPECT_EQ(Run({"preferences", "P", "--scenario", "nowhere.txt"}).code, 1);
+}
+
+TEST_F(Scenario, SummaryPrintsSettingsInBothLanguages)
+{
+    const nlohmann::json english = JsonOutput({"summary", "P", "--record", "in.dm"});
+    const nlohmann::json japanese = JsonOutput({"--language", "jpn", "summary", "P", "--record", "in.dm"});
+    ASSERT_EQ(english.size(), japanese.size());
+    size_t values = 0, same = 0;
+    bool copies = false;
+    for (size_t i = 0; i < english.size(); ++i) {
+        values += english[i]["value"] != "";
+        same += english[i]["label"] != "" && english[i]["label"] == japanese[i]["label"];
+        copies = copies || (english[i]["label"] == "Copies" && english[i]["value"] == "3");
+    }
+    EXPECT_GT(values, 10u);
+    EXPECT_EQ(same, 0u) << japanese.dump(1);
+    EXPECT_TRUE(copies) << english.dump(1);
+}
+
+} // namespace
