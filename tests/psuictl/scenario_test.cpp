@@ -10,7 +10,8 @@ protected:
     Scenario()
     {
         AddPrinter("palette940.ppd");
-        Output({"record", "default", "P", "-o", "in.dm", "--set", "dmCopies=3"});
+        Output({"record", "default", "P", "-o", "default.dm"});
+        Output({"record", "set", "default.dm", "dmCopies=3", "dmFields=0x02011B03", "-o", "in.dm"});
     }
 
     std::vector<std::string> Line(const std::string& file, std::vector<std::string> options) const
@@ -56,7 +57,7 @@ TEST_F(Scenario, WritesConfirmedRecordOnly)
         JsonOutput(Line("ok.txt", {"--pages", "2", "--record", "in.dm", "-o", "confirmed.dm"}));
     EXPECT_EQ(confirmed["confirmed"], true);
     EXPECT_EQ(confirmed["steps"], 2);
-    EXPECT_EQ(JsonOutput({"record", "show", "confirmed.dm", "--field", "dmCopies"})["dmCopies"], 3);
+    EXPECT_EQ(JsonOutput({"record", "show", "confirmed.dm"})["dmCopies"], 3);
 }
 
 TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
