@@ -6,4 +6,5 @@ cd "$(dirname "$0")/.."
 build=${1:-build/windows}
 shift || true
 source scripts/wine-env.sh
-wine "$build/tests/host/conformance.exe" --gtest_brief=1 "$@" 2>&1 | tr -d '\r'
+if [ -z "${DISPLAY:-}" ]; then run=(xvfb-run -a wine); else run=(wine); fi # tests open windows
+"${run[@]}" "$build/tests/host/conformance.exe" --gtest_brief=1 "$@" 2>&1 | tr -d '\r'

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 jobs=$(nproc)
-steps=${STEPS:-format asan tsan windows conformance compare fuzz}
+steps=${STEPS:-format asan tsan windows conformance scenarios compare fuzz}
 
 configure_and_build() { # preset, further build arguments
     cmake --preset "$1" >"build/$1.configure.log" 2>&1 || { cat "build/$1.configure.log"; return 1; }
@@ -24,6 +24,7 @@ step_tsan() {
 
 step_windows() { configure_and_build windows; }
 step_conformance() { scripts/conformance-wine.sh build/windows; }
+step_scenarios() { scripts/scenarios-wine.sh build/windows; }
 step_compare() { scripts/compare-wine.sh build/asan build/windows; }
 step_fuzz() { scripts/fuzz.sh "${FUZZ:-20}"; }
 

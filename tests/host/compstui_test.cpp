@@ -19,6 +19,7 @@ using Text = std::basic_string<WCHAR>;
 
 constexpr WORD kBeforeInitialise = 5;
 constexpr int kApplyButton = 0x3021;
+constexpr int kOpenings = 1000;
 
 /// A page's template without controls.
 struct EmptyPage
@@ -354,7 +355,7 @@ TEST(CommonSheet, RefusesHandlesThatAreNone)
 
 TEST(CommonSheet, ComesAndGoesThousandTimes)
 {
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < kOpenings; ++i) {
         Page page;
         ConfirmOnApply(page);
         page.onInitialise = [](HWND window) { Press(window, IDOK); };
