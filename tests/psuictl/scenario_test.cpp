@@ -101,19 +101,24 @@ TEST_F(Scenario, NeedsSomebodyToAnswer)
 
 TEST_F(Scenario, SummaryPrintsSettingsInBothLanguages)
 {
-    const nlohmann::json english = JsonOutput({"summary", "P", "--record", "in.dm"});
-    const nlohmann::json japanese = JsonOutput({"--language", "jpn", "summary", "P", "--record", "in.dm"});
-    ASSERT_EQ(english.size(), japanese.size());
-    size_t values = 0, same = 0;
-    bool copies = false;
-    for (size_t i = 0; i < english.size(); ++i) {
-        values += english[i]["value"] != "";
-        same += english[i]["label"] != "" && english[i]["label"] == japanese[i]["label"];
-        copies = copies || (english[i]["label"] == "Copies" && english[i]["value"] == "3");
+    const struct
+    {
+        const char* language;
+        const char* copies;
+        const char* number;
+    } rows[] = {{"eng", "Copies", "3"}, {"jpn", "部数", "3部"}};
+    for (const auto& row : rows) {
+        const nlohmann::json lines =
+            JsonOutput({"--language", row.language, "summary", "P", "--record", "in.dm"});
+        size_t values = 0;
+        bool copies = false;
+        for (const nlohmann::json& line : lines) {
+            values += line["value"] != "";
+            copies = copies || (line["label"] == row.copies && line["value"] == row.number);
+        }
+        EXPECT_GT(values, 20u) << lines.dump(1);
+        EXPECT_TRUE(copies) << lines.dump(1);
     }
-    EXPECT_GT(values, 10u);
-    EXPECT_EQ(same, 0u) << japanese.dump(1);
-    EXPECT_TRUE(copies) << english.dump(1);
 }
 
 } // namespace
