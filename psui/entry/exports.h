@@ -56,8 +56,15 @@ BOOL WINAPI DevQueryPrintEx(psui::DevQueryPrintInfo* query);
 /// Without `info`, `param` is a DocumentPropertyHeader (ddi.h), of which cbSize bytes are used, and nothing
 /// is shown: cbOut receives the size of a settings record, and when fMode has DM_UPDATE or DM_COPY, pdmOut
 /// receives the printer's defaults merged with pdmIn, whole without pdmIn, else no larger than pdmIn states.
-/// Returns 1; 1852 when the mode is 0 or there is no pdmOut; -1 for a missing header, a printer that cannot
-/// be used, and for every reason that is refused.
+/// Returns 1; 1852 when the mode is 0 or there is no pdmOut; -1 for a missing header and a printer that
+/// cannot be used.
+///
+/// With `info`, the common property-sheet UI calls it for each reason of a sheet, on the sheet's thread.
+/// lParamInit is the header as above and stays readable until the sheet is destroyed; `param` is the reason's
+/// own record (ddi.h). Initialise inserts one page and keeps the context in UserData. A confirmed result
+/// hands the record out as above when fMode has DM_UPDATE or DM_COPY.
+/// Returns 1; 1852, with cbOut set and nothing handed out, for any other result; -1 for a missing header,
+/// printer, page or context, and for a reason it does not know.
 LONG WINAPI DrvDocumentPropertySheets(psui::PropSheetUiInfo* info, LPARAM param);
 
 /// Shows (DM_PROMPT) or merges a document's settings. `output` and `input` as pdmOut and pdmIn above; the

@@ -3,7 +3,10 @@
 #include <iterator>
 
 #include "lang/ids/strings.h"
+#include "lang/ids/summary.h"
 #include "psui/base/format.h"
+#include "psui/base/memory.h"
+#include "psui/entry/main_dialog.h"
 #include "psui/maindlg/flags.h"
 #include "psui/maindlg/media.h"
 #include "psui/maindlg/papers.h"
@@ -301,6 +304,17 @@ void BuildSettingsSummary(PrinterUiContext* context, TextCursor& cursor)
     AddDeviceOptions(out);
     if (IsJapaneseLanguage())
         AddFavourite(out);
+}
+
+int FillSettingsSummary(HWND page, PrinterUiContext* context)
+{
+    const HeapPtr<WCHAR> text = AllocateZeroed<WCHAR>(kSummaryUnits);
+    if (!text)
+        return 0;
+    TextCursor cursor = {text.get(), kSummaryUnits};
+    BuildSettingsSummary(context, cursor);
+    SetDlgItemTextW(page, IDC_SUMMARY, text.get());
+    return 1;
 }
 
 } // namespace psui

@@ -170,7 +170,7 @@ TEST_F(DocumentSettings, AnswerAHeaderWithinTheBytesThatItStates)
     EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), -1);
 }
 
-TEST_F(DocumentSettings, AreRefusedToASheetForEveryReason)
+TEST_F(DocumentSettings, AreRefusedToASheetThatWasNotInitialised)
 {
     for (WORD reason = 0; reason < 8; ++reason) {
         psui::PropSheetUiInfo info = {};

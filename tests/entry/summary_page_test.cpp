@@ -4,6 +4,7 @@
 #include "lang/ids/dialogs.h"
 #include "lang/ids/summary.h"
 #include "psui/maindlg/settings_summary.h"
+#include "tests/entry/fail_each.h"
 #include "tests/entry/sheet_caller.h"
 
 namespace {
@@ -251,6 +252,25 @@ TEST_P(SummaryPage, GivesItsButtonTheFocusUnlessTheTabsHaveIt)
         HandlePostedMessages();
         EXPECT_EQ(GetFocus(), c.after);
     }
+}
+
+TEST_P(SummaryPage, OpensAndClosesEvenlyWhateverFails)
+{
+    const SheetWindow window(2);
+    for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls})
+        test::FailEach(
+            requests, [] {},
+            [&] {
+                SheetCaller sheet(printer_, DM_COPY, &output_);
+                if (sheet.Call(psui::kSheetInitialise) != 1)
+                    return;
+                const HWND page =
+                    CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window,
+                                       sheet.page.pfnDlgProc, reinterpret_cast<LPARAM>(&sheet.page));
+                DestroyWindow(page);
+                HandlePostedMessages();
+            },
+            [](bool) {});
 }
 
 TEST_P(SummaryPage, CancelsItselfWithoutMemoryForItsText)
