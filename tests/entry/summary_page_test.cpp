@@ -121,6 +121,16 @@ protected:
     }
 };
 
+/// Pixels between the start of the first line with a value and the value.
+int ValueColumn(HWND page, const std::u16string& text)
+{
+    const auto place = [&](size_t at) {
+        return static_cast<short>(LOWORD(SendDlgItemMessageW(page, IDC_SUMMARY, EM_POSFROMCHAR, at, 0)));
+    };
+    const size_t tab = text.find(u'\t');
+    return place(tab + 1) - place(text.rfind(u'\n', tab) + 1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, SummaryPage, testing::Values("eng", "jpn"),
                          [](const auto& language) { return std::string(language.param); });
 
@@ -132,6 +142,9 @@ TEST_P(SummaryPage, ShowsTheSettingsBesideOtherPages)
         const HWND page = OpenPage(sheet, window);
         EXPECT_EQ(sheet.context()->hSummaryPage, page);
         EXPECT_EQ(Shown(page), SummaryOf(sheet.context()));
+        RECT column = {0, 0, std::string_view(GetParam()) == "jpn" ? 120 : 150, 0};
+        MapDialogRect(page, &column);
+        EXPECT_NEAR(ValueColumn(page, Shown(page)), column.right, 1);
         EXPECT_EQ(IsWindowEnabled(GetDlgItem(page, IDC_SETTINGS)) != FALSE, mode == DM_COPY);
         HandlePostedMessages();
         EXPECT_TRUE(window.commands.empty());
