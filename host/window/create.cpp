@@ -219,6 +219,8 @@ void Dismantle(HWND handle)
         return;
     if (window->dialog != nullptr && window->dialog->font != nullptr)
         DeleteObject(window->dialog->font);
+    if (window->systemMenu != nullptr)
+        DestroyMenu(window->systemMenu);
     Forget(*window);
 }
 

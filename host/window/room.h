@@ -103,6 +103,7 @@ struct Window
     bool internalDialog = false;         // a message box: its procedure is the layer's own
     std::array<ScrollBar, 2> scrollBars; // by SB_HORZ, SB_VERT
     std::unique_ptr<DialogState> dialog;
+    HMENU systemMenu = nullptr;       // a program's copy
     std::shared_ptr<Surface> surface; // of top-level windows, once painted
 };
 
