@@ -116,6 +116,10 @@ BOOL WINAPI SystemParametersInfoW(UINT action, UINT parameter, PVOID data, UINT)
         return FailWith(ERROR_INVALID_PARAMETER);
     if (action == SPI_GETNONCLIENTMETRICS)
         return CopyMetrics(data);
+    if (action == SPI_GETWORKAREA) {
+        *static_cast<RECT*>(data) = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+        return TRUE;
+    }
     if (action != SPI_GETICONTITLELOGFONT || parameter != sizeof(LOGFONTW))
         return FailWith(ERROR_INVALID_PARAMETER);
     const LOGFONTW font = DesktopFont(FW_NORMAL);
