@@ -123,11 +123,14 @@ LONG_PTR SetLong(HWND handle, int index, LONG_PTR value, size_t size)
     return field != nullptr ? std::exchange(*field, value) : FailWith(ERROR_INVALID_INDEX);
 }
 
-/// A property's name: atoms are written like the platform writes them, "#1234".
+/// A property's name without regard to case; atoms are written like the platform writes them, "#1234".
 std::u16string PropertyName(LPCWSTR name)
 {
-    if (!IS_INTRESOURCE(name))
-        return name;
+    if (!IS_INTRESOURCE(name)) {
+        std::u16string folded(name);
+        std::transform(folded.begin(), folded.end(), folded.begin(), UpperCase);
+        return folded;
+    }
     return u"#" + Utf16(std::to_string(reinterpret_cast<uintptr_t>(name)));
 }
 
