@@ -66,6 +66,25 @@ void Repaint(HWND window)
     InvalidateRect(window, nullptr, FALSE);
 }
 
+LRESULT PaintFieldFrame(HWND window, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = DefWindowProcW(window, WM_NCPAINT, wParam, lParam);
+    const LONG_PTR extended = GetWindowLongPtrW(window, GWL_EXSTYLE);
+    if (!HasStyle(window, WS_BORDER) && !(extended & WS_EX_CLIENTEDGE))
+        return result;
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    const HDC dc = GetWindowDC(window);
+    theme::DrawFieldBorder(dc, {0, 0, rect.right - rect.left, rect.bottom - rect.top}, LookOf(window));
+    ReleaseDC(window, dc);
+    return result;
+}
+
+void RepaintField(HWND window)
+{
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+}
+
 ControlPaint::ControlPaint(HWND window, WPARAM dcOfMessage, HFONT font)
     : window_(window), began_(dcOfMessage == 0),
       dc_(began_ ? BeginPaint(window, &paint_) : reinterpret_cast<HDC>(dcOfMessage)),

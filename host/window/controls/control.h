@@ -74,6 +74,11 @@ theme::Look LookOf(HWND window);
 /// Marks the whole window for painting, without erasing it first.
 void Repaint(HWND window);
 
+/// WM_NCPAINT of a field: the system's frame, with the shared border where the window has one. RepaintField()
+/// marks the frame as well, whose colour follows the focus.
+LRESULT PaintFieldFrame(HWND window, WPARAM wParam, LPARAM lParam);
+void RepaintField(HWND window);
+
 /// The surface for WM_PAINT and WM_PRINTCLIENT: the device context handed in with the message, or the
 /// window's own from BeginPaint. The font is selected while it lives (null: the system's).
 class ControlPaint

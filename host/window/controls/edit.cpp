@@ -33,7 +33,7 @@ LRESULT OnSetFocus(HWND window, Edit& edit, WPARAM, LPARAM)
     CreateCaret(window, nullptr, kCaretWidth, edit.lineHeight);
     PlaceCaret(window, edit);
     ShowCaret(window);
-    Repaint(window);
+    RepaintField(window);
     NotifyParent(window, EN_SETFOCUS);
     return 0;
 }
@@ -42,7 +42,7 @@ LRESULT OnKillFocus(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     EditMouseUp(window, edit, wParam, lParam);
     DestroyCaret();
-    Repaint(window);
+    RepaintField(window);
     NotifyParent(window, EN_KILLFOCUS);
     return 0;
 }
@@ -416,6 +416,11 @@ LRESULT OnPaint(HWND window, Edit& edit, WPARAM wParam, LPARAM)
     return 0;
 }
 
+LRESULT OnPaintFrame(HWND window, Edit&, WPARAM wParam, LPARAM lParam)
+{
+    return PaintFieldFrame(window, wParam, lParam);
+}
+
 LRESULT OnEraseBackground(HWND, Edit&, WPARAM, LPARAM)
 {
     return TRUE;
@@ -423,7 +428,7 @@ LRESULT OnEraseBackground(HWND, Edit&, WPARAM, LPARAM)
 
 LRESULT OnEnable(HWND window, Edit&, WPARAM, LPARAM)
 {
-    Repaint(window);
+    RepaintField(window);
     return 0;
 }
 
@@ -467,6 +472,7 @@ LRESULT OnCreate(HWND window, Edit& edit, WPARAM, LPARAM lParam)
 
 constexpr MessageHandler<Edit> kHandlers[] = {
     {WM_CREATE, OnCreate},
+    {WM_NCPAINT, OnPaintFrame},
     {WM_PAINT, OnPaint},
     {WM_PRINTCLIENT, OnPaint},
     {WM_ERASEBKGND, OnEraseBackground},
