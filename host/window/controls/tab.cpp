@@ -326,6 +326,7 @@ constexpr MessageRow<TabControl> kMessages[] = {
     {WM_KEYDOWN, OnKeyDown},
     {WM_LBUTTONDOWN, OnButtonDown},
     {WM_LBUTTONUP, OnButtonUp},
+    {WM_LBUTTONDBLCLK, OnButtonDown},
     {TCM_GETITEMCOUNT, OnGetItemCount},
     {TCM_DELETEITEM, OnDeleteItem},
     {TCM_DELETEALLITEMS, OnDeleteAllItems},

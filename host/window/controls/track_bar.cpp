@@ -232,6 +232,7 @@ constexpr MessageRow<TrackBar> kMessages[] = {
     {WM_MOUSEMOVE, OnTrackMouseMove},
     {WM_LBUTTONDOWN, OnTrackButtonDown},
     {WM_LBUTTONUP, OnTrackButtonUp},
+    {WM_LBUTTONDBLCLK, OnTrackButtonDown},
     {WM_CAPTURECHANGED, OnTrackCaptureChanged},
     {TBM_GETPOS, OnGetPos},
     {TBM_GETRANGEMIN, OnGetRangeMin},
