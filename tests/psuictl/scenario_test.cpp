@@ -93,6 +93,15 @@ TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
     }
 }
 
+TEST_F(Scenario, LeavesNothingOpenAfterThousandTimes)
+{
+    WriteText(Path("both.txt"),
+              "wait IDC_SUMMARY\nclick IDC_SETTINGS\nwait IDC_SUPPORT\ncancel\nwait IDC_SUMMARY\nok\n");
+    const nlohmann::json json = JsonOutput(Line("both.txt", {"--pages", "2", "--repeat", "1000"}));
+    EXPECT_EQ(json["growth"], nlohmann::json::object());
+    EXPECT_EQ(json["confirmed"], true);
+}
+
 TEST_F(Scenario, NeedsSomebodyToAnswer)
 {
     EXPECT_EQ(Run({"preferences", "P"}).code, 2);

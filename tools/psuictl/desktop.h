@@ -2,6 +2,8 @@
 // Dialogs with nobody in front of them: what differs between Windows and our platform layer.
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <windows.h>
 
@@ -36,5 +38,8 @@ void Shoot(HWND window, const std::string& file);
 /// Whether dialogs can be shown to a user here; opens the display where one has to be opened. Throws Failure
 /// when there is none.
 void OpenDisplay();
+
+/// What this process holds of the system, by kind: windows, drawing objects, memory and the like.
+std::vector<std::pair<std::string, int64_t>> OpenObjects();
 
 } // namespace psuictl::platform

@@ -20,6 +20,36 @@ constexpr ModifierKey kModifierKeys[] = {
     {kAltHeld, VK_MENU},
 };
 
+struct Kind
+{
+    const char* name;
+    int64_t host::Ledger::*count;
+};
+
+constexpr Kind kKinds[] = {
+    {"files", &host::Ledger::files},
+    {"finds", &host::Ledger::finds},
+    {"mappings", &host::Ledger::mappings},
+    {"heaps", &host::Ledger::heaps},
+    {"blocks", &host::Ledger::blocks},
+    {"bytes", &host::Ledger::bytes},
+    {"modules", &host::Ledger::modules},
+    {"criticalSections", &host::Ledger::criticalSections},
+    {"keys", &host::Ledger::keys},
+    {"printers", &host::Ledger::printers},
+    {"deviceContexts", &host::Ledger::deviceContexts},
+    {"bitmaps", &host::Ledger::bitmaps},
+    {"brushes", &host::Ledger::brushes},
+    {"fonts", &host::Ledger::fonts},
+    {"icons", &host::Ledger::icons},
+    {"palettes", &host::Ledger::palettes},
+    {"pens", &host::Ledger::pens},
+    {"regions", &host::Ledger::regions},
+    {"windows", &host::Ledger::windows},
+    {"classes", &host::Ledger::classes},
+    {"menus", &host::Ledger::menus},
+};
+
 } // namespace
 
 IdleCalls::IdleCalls(std::function<bool()> step)
@@ -55,6 +85,15 @@ void Shoot(HWND window, const std::string& file)
 {
     if (!host::ShootWindow(window, file))
         throw Failure("the picture '" + file + "' cannot be written; check its folder");
+}
+
+std::vector<std::pair<std::string, int64_t>> OpenObjects()
+{
+    const host::Ledger ledger = host::OpenObjects();
+    std::vector<std::pair<std::string, int64_t>> objects;
+    for (const Kind& kind : kKinds)
+        objects.emplace_back(kind.name, ledger.*kind.count);
+    return objects;
 }
 
 void OpenDisplay()

@@ -124,6 +124,16 @@ void Shoot(HWND window, const std::string& file)
     SaveFile(file, png.data(), png.size());
 }
 
+std::vector<std::pair<std::string, int64_t>> OpenObjects()
+{
+    const HANDLE process = GetCurrentProcess();
+    DWORD handles = 0;
+    GetProcessHandleCount(process, &handles);
+    return {{"gdi", GetGuiResources(process, GR_GDIOBJECTS)},
+            {"windows", GetGuiResources(process, GR_USEROBJECTS)},
+            {"handles", handles}};
+}
+
 void OpenDisplay() {} // Windows shows every window itself
 
 } // namespace psuictl::platform

@@ -37,6 +37,11 @@ constexpr Parameter kShotsParameter = {"--shots", "DIR", "folder for the picture
 constexpr Parameter kDisplayParameter = {"--display", nullptr, "show the dialogs on the desktop",
                                          ParameterKind::Flag};
 
+constexpr Parameter kRepeatParameter = {
+    "--repeat", "N",
+    "open the sheet so often, and tell what more is open afterwards than after the first time",
+    ParameterKind::Number};
+
 constexpr Parameter kPreferencesParameters[] = {
     kPrinterParameter,
     kRecordParameter,
@@ -45,12 +50,13 @@ constexpr Parameter kPreferencesParameters[] = {
     kPermissionParameter,
     kScenarioParameter,
     kShotsParameter,
+    kRepeatParameter,
     kDisplayParameter,
 };
 
 constexpr Parameter kPropertiesParameters[] = {
-    kPrinterParameter,  kPagesParameter, kPermissionParameter,
-    kScenarioParameter, kShotsParameter, kDisplayParameter,
+    kPrinterParameter, kPagesParameter,  kPermissionParameter, kScenarioParameter,
+    kShotsParameter,   kRepeatParameter, kDisplayParameter,
 };
 
 constexpr Parameter kSummaryParameters[] = {kPrinterParameter, kRecordParameter};
@@ -183,15 +189,58 @@ void CheckRun(const SheetRun& run)
                           : "the library refuses the sheet; check the printer's model description");
 }
 
-void PrintResult(const Session& session, std::ostream& out, const SheetRun& run, size_t steps)
+/// What is open after the last time beyond what was open after the first: by kind.
+using Growth = std::vector<std::pair<std::string, int64_t>>;
+
+Growth GrowthSince(const Growth& before)
 {
-    const bool confirmed = run.result != 0;
-    if (session.json)
-        return PrintJson(out, {{"result", run.result}, {"confirmed", confirmed}, {"steps", steps}});
+    Growth growth;
+    const Growth now = platform::OpenObjects();
+    for (size_t i = 0; i < now.size(); ++i) {
+        if (now[i].second != before[i].second)
+            growth.emplace_back(now[i].first, now[i].second - before[i].second);
+    }
+    return growth;
+}
+
+/// How the last sheet ended.
+struct Played
+{
+    SheetRun run;
+    size_t steps = 0;
+    Bytes output; ///< the caller's record
+    Growth growth;
+};
+
+void PrintResult(const Session& session, std::ostream& out, const Played& played)
+{
+    const bool confirmed = played.run.result != 0;
+    if (session.json) {
+        Json growth = Json::object();
+        for (const auto& [kind, count] : played.growth)
+            growth[kind] = count;
+        return PrintJson(out, {{"result", played.run.result},
+                               {"confirmed", confirmed},
+                               {"steps", played.steps},
+                               {"growth", growth}});
+    }
     out << (confirmed ? "Confirmed" : "Cancelled");
-    if (steps > 0)
-        out << " after " << Counted(steps, "step");
+    if (played.steps > 0)
+        out << " after " << Counted(played.steps, "step");
     out << ".\n";
+    for (const auto& [kind, count] : played.growth)
+        out << "More " << kind << " open than after the first time: " << count << ".\n";
+}
+
+/// Lets `play` show a sheet as often as the command line asks.
+Played Repeat(const Arguments& arguments, const std::function<Played()>& play)
+{
+    Played played = play();
+    const Growth before = platform::OpenObjects();
+    for (int64_t left = arguments.Number("repeat").value_or(1); left > 1; --left)
+        played = play();
+    played.growth = GrowthSince(before);
+    return played;
 }
 
 size_t PageCount(const Arguments& arguments)
@@ -202,7 +251,7 @@ size_t PageCount(const Arguments& arguments)
     return static_cast<size_t>(pages);
 }
 
-ExitCode RunPreferences(const Session& session, const Arguments& arguments)
+Played PlayPreferences(const Session& session, const Arguments& arguments)
 {
     DocumentRequest request(session, arguments);
     CommonSheet sheet(request.Function(), request.header(), PageCount(arguments));
@@ -213,14 +262,10 @@ ExitCode RunPreferences(const Session& session, const Arguments& arguments)
     closed = true;
     CheckRun(run);
     audience.Finish(arguments.Text("scenario"), run.result);
-    const std::string target = arguments.Text("output");
-    PrintResult(session, target == "-" ? session.complaints : session.out, run, audience.steps());
-    if (run.result != 0 && !target.empty())
-        SaveFile(target, request.output().data(), request.output().size());
-    return kDone;
+    return {run, audience.steps(), request.output(), {}};
 }
 
-ExitCode RunProperties(const Session& session, const Arguments& arguments)
+Played PlayProperties(const Session& session, const Arguments& arguments)
 {
     DeviceRequest request(session, arguments);
     CommonSheet sheet(request.Function(), request.header(), PageCount(arguments));
@@ -228,7 +273,22 @@ ExitCode RunProperties(const Session& session, const Arguments& arguments)
     const SheetRun run = sheet.Run();
     CheckRun(run);
     audience.Finish(arguments.Text("scenario"), run.result);
-    PrintResult(session, session.out, run, audience.steps());
+    return {run, audience.steps(), {}, {}};
+}
+
+ExitCode RunPreferences(const Session& session, const Arguments& arguments)
+{
+    const Played played = Repeat(arguments, [&] { return PlayPreferences(session, arguments); });
+    const std::string target = arguments.Text("output");
+    PrintResult(session, target == "-" ? session.complaints : session.out, played);
+    if (played.run.result != 0 && !target.empty())
+        SaveFile(target, played.output.data(), played.output.size());
+    return kDone;
+}
+
+ExitCode RunProperties(const Session& session, const Arguments& arguments)
+{
+    PrintResult(session, session.out, Repeat(arguments, [&] { return PlayProperties(session, arguments); }));
     return kDone;
 }
 
