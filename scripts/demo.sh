@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The main job, start to end: builds the product, installs a sample printer from its model description into a
-# fresh host, and prints what the library's entry points answer for it.
+# fresh host, prints what the library's entry points answer for it and its settings in words, in both languages, and
+# takes a picture of its printing preferences. Where there is a display, they stay open on it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mkdir -p build
@@ -23,3 +24,9 @@ psuictl printer list
 psuictl caps "$printer"
 psuictl convert "$printer" --mode 4 -o "$root/default.dm"
 psuictl record show "$root/default.dm"
+psuictl summary "$printer"
+psuictl --language jpn summary "$printer"
+mkdir -p build/shots
+psuictl preferences "$printer" --pages 2 --scenario scripts/demo.txt --shots build/shots
+echo "The picture is build/shots/summary.png."
+if [ -n "${DISPLAY:-}" ]; then psuictl preferences "$printer" --pages 2 --display; fi

@@ -14,8 +14,8 @@
 namespace psuictl {
 namespace {
 
-constexpr std::chrono::seconds kPatience{5}; ///< for what a step needs to come about
-constexpr DWORD kPause = 1;                  // ms between looks
+constexpr unsigned kPatience = 5000; // ms, for what a step needs to come about
+constexpr unsigned kPause = 10;      // ms between looks
 constexpr int kMaxClosings = 100;
 
 /// How a step went.
@@ -47,8 +47,8 @@ struct Scene
 {
     const Step& step;
     const Stage& stage;
-    HWND dialog; ///< on top; null when none is open
-    std::chrono::steady_clock::duration waited;
+    HWND dialog;                   ///< on top; null when none is open
+    unsigned waited;               ///< ms since the step was first tried
     std::optional<int64_t> result; ///< of the sheet, once it is closed
     size_t eventsBefore;
 
@@ -332,8 +332,8 @@ Outcome Choose(const Scene& scene)
 
 Outcome Advance(const Scene& scene)
 {
-    const bool passed = platform::PassTime(static_cast<unsigned>(scene.number(0))) ||
-                        scene.waited >= std::chrono::milliseconds(scene.number(0));
+    const bool passed =
+        platform::PassTime(static_cast<unsigned>(scene.number(0))) || scene.waited >= scene.number(0);
     return passed ? Outcome() : NotYet("");
 }
 
@@ -598,18 +598,17 @@ void ScenarioPlayer::Fail(const Step& step, const std::string& reason)
 
 bool ScenarioPlayer::PlayStep()
 {
-    const Clock::time_point now = Clock::now();
-    if (!waiting_)
-        waiting_ = now;
     const Step& step = steps_[next_];
-    const Outcome outcome = PlayOn({step, stage_, TopDialog(), now - *waiting_, result_, eventsBefore_});
+    const Outcome outcome = PlayOn({step, stage_, TopDialog(), waited_, result_, eventsBefore_});
     // A sheet that is closed changes no more, so there is nothing to wait for; only the passing of time.
-    const bool patient = step.kind == StepKind::Advance || (!result_ && now - *waiting_ < kPatience);
+    const bool patient = step.kind == StepKind::Advance || (!result_ && waited_ < kPatience);
     if (outcome.kind == Outcome::NotYet && patient) {
-        Sleep(kPause);
+        if (!platform::PassTime(kPause))
+            Sleep(kPause);
+        waited_ += kPause;
         return true;
     }
-    waiting_.reset();
+    waited_ = 0;
     ++next_;
     if (outcome.kind != Outcome::Done)
         Fail(step, outcome.reason);
@@ -631,7 +630,6 @@ bool ScenarioPlayer::CloseWhatIsOpen()
         std::_Exit(kFailed);
     }
     PostMessageW(dialog, WM_CLOSE, 0, 0);
-    Sleep(kPause);
     return true;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 // Plays a scenario on the dialogs of the calling thread.
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -49,8 +48,6 @@ public:
     size_t played() const { return next_; }
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     bool PlayStep();
     bool CloseWhatIsOpen();
     void Fail(const Step& step, const std::string& reason);
@@ -58,8 +55,8 @@ private:
     std::vector<Step> steps_;
     Stage stage_;
     size_t next_ = 0;
-    bool playing_ = false;                     ///< a step that is being played made a loop run
-    std::optional<Clock::time_point> waiting_; ///< since when the next step waits for what it needs
+    bool playing_ = false; ///< a step that is being played made a loop run
+    unsigned waited_ = 0;  ///< ms that the next step has waited for what it needs
     std::optional<int64_t> result_;
     size_t eventsBefore_ = 0; ///< recorded before the scenario began
     int closings_ = 0;
