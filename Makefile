@@ -1,6 +1,6 @@
 # The commands of the README. Each installs what it needs first (nothing when nothing is missing).
 JOBS := $(shell nproc)
-.PHONY: all setup demo test windows bench fuzz format clean
+.PHONY: all setup demo test windows bench fuzz shots format clean
 
 all: setup
 	@cmake --preset debug >/dev/null && cmake --build --preset debug -j $(JOBS)
@@ -23,6 +23,9 @@ bench: setup
 
 fuzz: setup
 	@scripts/fuzz.sh $(FUZZ)
+
+shots: setup
+	@scripts/shots.sh
 
 format: setup
 	@git ls-files '*.cpp' '*.h' '*.c' | xargs clang-format -i

@@ -95,7 +95,7 @@ void CheckFilling(const Language& language, const Filling& row, const Meter& met
     const WideString start = row.label ? TextOf(language, row.label) + row.separator : WideString();
     for (unsigned id = row.first; id <= row.last; ++id) {
         const WideString text = TextOf(language, id);
-        if (text.empty())
+        if (text.empty() && row.first)
             continue;
         Control filled = *control;
         filled.text = start + text;
