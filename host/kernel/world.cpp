@@ -180,9 +180,12 @@ void CountOpen(int64_t Ledger::*entry, int64_t amount)
 Ledger OpenObjects()
 {
     constexpr int64_t Ledger::*kEntries[] = {
-        &Ledger::files,  &Ledger::finds,   &Ledger::mappings,         &Ledger::heaps, &Ledger::blocks,
-        &Ledger::bytes,  &Ledger::modules, &Ledger::criticalSections, &Ledger::keys,  &Ledger::printers,
-        &Ledger::tokens, &Ledger::windows, &Ledger::classes,          &Ledger::menus,
+        &Ledger::files,   &Ledger::finds,    &Ledger::mappings,       &Ledger::heaps,
+        &Ledger::blocks,  &Ledger::bytes,    &Ledger::modules,        &Ledger::criticalSections,
+        &Ledger::keys,    &Ledger::printers, &Ledger::tokens,         &Ledger::windows,
+        &Ledger::classes, &Ledger::menus,    &Ledger::deviceContexts, &Ledger::bitmaps,
+        &Ledger::brushes, &Ledger::fonts,    &Ledger::icons,          &Ledger::palettes,
+        &Ledger::pens,    &Ledger::regions,
     };
     Ledger now;
     for (int64_t Ledger::*entry : kEntries)

@@ -32,6 +32,14 @@ class LedgerCheck : public testing::EmptyTestEventListener
         EXPECT_EQ(after.criticalSections, before_.criticalSections);
         EXPECT_EQ(after.keys, before_.keys);
         EXPECT_EQ(after.printers, before_.printers);
+        EXPECT_EQ(after.deviceContexts, before_.deviceContexts);
+        EXPECT_EQ(after.bitmaps, before_.bitmaps);
+        EXPECT_EQ(after.brushes, before_.brushes);
+        EXPECT_EQ(after.fonts, before_.fonts);
+        EXPECT_EQ(after.icons, before_.icons);
+        EXPECT_EQ(after.palettes, before_.palettes);
+        EXPECT_EQ(after.pens, before_.pens);
+        EXPECT_EQ(after.regions, before_.regions);
     }
 
     host::Ledger before_;
