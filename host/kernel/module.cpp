@@ -55,7 +55,18 @@ constexpr BuiltInModule kBuiltInModules[] = {
     {u"advapi32.dll", true}, {u"comdlg32.dll", false}, {u"compstui.dll", false}, {u"gdi32.dll", true},
     {u"kernel32.dll", true}, {u"shell32.dll", true},   {u"spoolss.dll", false},  {u"user32.dll", true},
     {u"version.dll", true},  {u"winspool.drv", true},
+    {u"hhctrl.ocx", false},  {u"ole32.dll", true},
 };
+
+/// Functions that programs ask for by number.
+struct NumberedFunction
+{
+    std::u16string_view module;
+    WORD number;
+    const char* name;
+};
+
+constexpr NumberedFunction kNumberedFunctions[] = {{u"hhctrl.ocx", 15, "HtmlHelpW"}};
 
 std::recursive_mutex moduleLock;
 std::vector<std::unique_ptr<Module>> modules; // in the order of loading
@@ -265,6 +276,16 @@ Module* AddBuiltIn(const BuiltInModule& builtIn)
     return modules.back().get();
 }
 
+/// The name of a built-in module's function, or null.
+const char* NameOfNumber(const Module& module, WORD number)
+{
+    for (const NumberedFunction& each : kNumberedFunctions) {
+        if (each.number == number && EqualNoCase(BaseName(module.path), each.module))
+            return each.name;
+    }
+    return nullptr;
+}
+
 bool IsBareName(std::u16string_view name)
 {
     return BaseName(name).size() == name.size() && name.find(u':') == std::u16string_view::npos;
@@ -393,8 +414,9 @@ FARPROC WINAPI GetProcAddress(HMODULE handle, LPCSTR name)
         SetLastError(ERROR_MOD_NOT_FOUND);
         return nullptr;
     }
+    const char* const symbolName = IS_INTRESOURCE(name) ? NameOfNumber(*module, LOWORD(name)) : name;
     void* const symbol =
-        module->dataOnly || IS_INTRESOURCE(name) ? nullptr : OwnSymbol(module->library, name);
+        module->dataOnly || symbolName == nullptr ? nullptr : OwnSymbol(module->library, symbolName);
     if (symbol == nullptr)
         SetLastError(ERROR_PROC_NOT_FOUND);
     return reinterpret_cast<FARPROC>(symbol);

@@ -20,6 +20,9 @@ void ResetUser();
 /// Launches work again.
 void ResetLaunches();
 
+/// Help windows are closed.
+void ResetHelp();
+
 /// Adds to what host::Recorded lists.
 void RecordEvent(const std::string& kind, std::u16string_view text, std::u16string_view detail);
 

@@ -67,6 +67,7 @@ void CloseShellRoom()
     RunInSpooler({});
     ResetUser();
     ResetFolders();
+    ResetHelp();
     ResetLaunches();
     ResetEnvironment();
 }

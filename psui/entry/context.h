@@ -111,6 +111,11 @@ struct PrinterUiContext
     HWND hBasicTab;
     HWND hAdvancedTab;
     HWND hFavouritesTab;
+    HWND hHelpWindow;        ///< the one opened last
+    HWND hContextHelpWindow; ///< the one opened last
+    DWORD bLinkHover;        ///< 1 while the pointer is over the web link
+    DWORD bContextHelpMode;  ///< 1 from the title bar's help button to the next click
+    DWORD bBannerDiagnostics;
     DWORD bUserDefault; ///< the caller's mode has the user-default bit
     WORD wCurrentWatermark;
     HANDLE ahPages[kDocumentPages];

@@ -29,6 +29,7 @@ constexpr uint8_t kQualityPhotoFine = 5;
 
 // wModelType
 constexpr uint16_t kModelA3 = 0x0001;
+constexpr uint16_t kModelFavouritesFirst = 0x0002;    ///< opens on the favourites tab
 constexpr uint16_t kModelBordersBestQuality = 0x0010; ///< no borderless printing in the best quality
 constexpr uint16_t kModelNotice = 0x0100;             ///< has the notice on postcards and photo papers
 constexpr uint16_t kModelNoticeInJapan = 0x0200;      ///< has it in Japanese only

@@ -156,7 +156,7 @@ struct PrivateDevMode
     uint16_t unnamed680;
     int16_t unnamed682;
     uint8_t reserved684[3];
-    uint8_t unnamed687;
+    uint8_t bTailReverse;
     uint16_t unnamed688;
     uint8_t reserved690[2];
     uint32_t dwWatermarkFlags; ///< bit 0: a watermark is printed
@@ -248,7 +248,7 @@ PSUI_AT(wszClientProcess, 600);
 PSUI_AT(wTailSize, 666);
 PSUI_AT(dwPagesPerSheet, 672);
 PSUI_AT(bTailCollate, 678);
-PSUI_AT(unnamed687, 687);
+PSUI_AT(bTailReverse, 687);
 PSUI_AT(dwWatermarkFlags, 692);
 PSUI_AT(lfWatermarkFont, 740);
 PSUI_AT(crWatermark, 832);

@@ -298,7 +298,7 @@ inline constexpr DevModeField kDevModeFields[] = {
     PSUI_NUMBER(unnamed680, U16),
     PSUI_NUMBER(unnamed682, I16),
     PSUI_RESERVED(reserved684),
-    PSUI_NUMBER(unnamed687, U8),
+    PSUI_NUMBER(bTailReverse, U8),
     PSUI_NUMBER(unnamed688, U16),
     PSUI_RESERVED(reserved690),
     PSUI_BITS(dwWatermarkFlags, U32, kWatermark),

@@ -19,7 +19,7 @@ bool NeedsClientProcess(const DriverDevMode* record, bool datePrinted)
     const PrivateDevMode& priv = record->dmPrivate;
     const int pages = priv.dwPagesPerSheet;
     return record->dmPublic.dmCopies > 1 || record->dmPublic.dmCollate == DMCOLLATE_TRUE || pages >= 2 ||
-           pages < 1 || (priv.dwWatermarkFlags & kWatermarkOn) != 0 || datePrinted || priv.unnamed687 != 0;
+           pages < 1 || (priv.dwWatermarkFlags & kWatermarkOn) != 0 || datePrinted || priv.bTailReverse != 0;
 }
 
 bool CalledFromFlwApp()

@@ -36,8 +36,8 @@ TEST_F(RefreshTail, NamesTheClientProcessWhenSomethingNeedsIt)
                                    {"dwPagesPerSheet", -4},
                                    {"dwWatermarkFlags", 1},
                                    {"dwTailDatePrint", 0x80},
-                                   {"unnamed687", 1},
-                                   {"unnamed687", 200}}) {
+                                   {"bTailReverse", 1},
+                                   {"bTailReverse", 200}}) {
         EXPECT_EQ(ClientAfter({need}), u"vmsplf.exe") << need.name << need.value;
     }
     for (const FieldValue& none : {FieldValue{"dmCopies", 1},

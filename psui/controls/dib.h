@@ -1,0 +1,28 @@
+#pragma once
+// A bitmap resource of this library, read as a device-independent image.
+#include <cstdint>
+
+#include <windows.h>
+
+namespace psui {
+
+/// Where the pieces of an image lie. The memory is the module's and is never freed.
+struct DibView
+{
+    const BITMAPINFO* info = nullptr; ///< null when there is no sound image
+    const RGBQUAD* colors = nullptr;
+    uint32_t colorCount = 0; ///< 0 when the pixels hold their colours themselves
+    const void* pixels = nullptr;
+
+    int Width() const { return info->bmiHeader.biWidth; }
+    int Height() const { return info->bmiHeader.biHeight; }
+};
+
+/// Bitmap resource `id` of this library: uncompressed, bottom up, of 1, 4, 8, 24 or 32 bits a pixel, with all
+/// of its colours and pixels inside of the resource. Anything else has a null `info`.
+DibView FindDib(UINT id);
+
+/// A logical palette of the image's colours; null when it has none or memory fails. The caller deletes it.
+HPALETTE PaletteOf(const RGBQUAD* colors, uint32_t count);
+
+} // namespace psui
