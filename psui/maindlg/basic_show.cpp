@@ -114,8 +114,10 @@ void ShowSource(HWND tab, PrinterUiContext* context)
 void PrepareCopies(HWND tab, const PrinterUiContext* context)
 {
     SendDlgItemMessageW(tab, IDC_COPIES, EM_SETLIMITTEXT, kCopyDigits, 0);
-    SendDlgItemMessageW(tab, IDC_COPIES_SPIN, UDM_SETBUDDY,
-                        reinterpret_cast<WPARAM>(GetDlgItem(tab, IDC_COPIES)), 0);
+    // A buddy makes room for the arrows whenever it is set.
+    const auto edit = reinterpret_cast<LRESULT>(GetDlgItem(tab, IDC_COPIES));
+    if (SendDlgItemMessageW(tab, IDC_COPIES_SPIN, UDM_GETBUDDY, 0, 0) != edit)
+        SendDlgItemMessageW(tab, IDC_COPIES_SPIN, UDM_SETBUDDY, static_cast<WPARAM>(edit), 0);
     SendDlgItemMessageW(tab, IDC_COPIES_SPIN, UDM_SETRANGE32, kFewestCopies, kMostCopies);
     ShowCopies(tab, context);
 }
