@@ -302,20 +302,22 @@ TEST(PreviewClicks, HitThePageThatIsShown)
     }
 }
 
+void ExpectAt(POINT place, LONG x, LONG y)
+{
+    EXPECT_EQ(place.x, x);
+    EXPECT_EQ(place.y, y);
+}
+
 TEST(Placement, KeepsDialogsOnTheScreen)
 {
-    const auto at = [](POINT point) { return std::pair<LONG, LONG>(point.x, point.y); };
-    EXPECT_EQ(at(CentredPlace({100, 100, 500, 400}, {200, 100}, {1280, 1024})),
-              std::pair<LONG, LONG>(200, 180));
-    EXPECT_EQ(at(CentredPlace({1200, 1000, 1280, 1024}, {200, 100}, {1280, 1024})),
-              std::pair<LONG, LONG>(1080, 924));
-    EXPECT_EQ(at(CentredPlace({0, 0, 50, 50}, {2000, 100}, {1280, 1024})), std::pair<LONG, LONG>(0, 0));
-    EXPECT_EQ(at(SubDialogPlace({300, 200, 600, 500}, {400, 300}, {0, 0, 1280, 984})),
-              std::pair<LONG, LONG>(300, 200));
-    EXPECT_EQ(at(SubDialogPlace({1000, 900, 1200, 960}, {400, 300}, {0, 0, 1280, 984})),
-              std::pair<LONG, LONG>(880, 684));
-    EXPECT_EQ(at(SubDialogPlace({-50, -20, 600, 500}, {400, 300}, {0, 0, 1280, 984})),
-              std::pair<LONG, LONG>(0, 0));
+    constexpr SIZE kScreen = {1280, 1024};
+    constexpr RECT kWorkArea = {0, 0, 1280, 984};
+    ExpectAt(CentredPlace({100, 100, 500, 400}, {200, 100}, kScreen), 200, 180);
+    ExpectAt(CentredPlace({1200, 1000, 1280, 1024}, {200, 100}, kScreen), 1080, 924);
+    ExpectAt(CentredPlace({0, 0, 50, 50}, {2000, 100}, kScreen), 0, 0);
+    ExpectAt(SubDialogPlace({300, 200, 600, 500}, {400, 300}, kWorkArea), 300, 200);
+    ExpectAt(SubDialogPlace({1000, 900, 1200, 960}, {400, 300}, kWorkArea), 880, 684);
+    ExpectAt(SubDialogPlace({-50, -20, 600, 500}, {400, 300}, kWorkArea), 0, 0);
 }
 
 } // namespace
