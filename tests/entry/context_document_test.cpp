@@ -93,11 +93,11 @@ TEST_F(DocumentSettings, FailForAHandleThatIsNoPrinter)
     EXPECT_EQ(test::Differences(output, untouched), "");
 }
 
-TEST_F(DocumentSettings, FailWithoutACommonUiThatShowsThem)
+TEST_F(DocumentSettings, AreCancelledWhenNobodyAnswersThePrompt)
 {
     alignas(8) DriverDevMode output = {};
     const DriverDevMode untouched = output;
-    EXPECT_LT(Run(&output.dmPublic, nullptr, DM_PROMPT | DM_COPY), 0);
+    EXPECT_EQ(Run(&output.dmPublic, nullptr, DM_PROMPT | DM_COPY), IDCANCEL);
     EXPECT_EQ(
         DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic, nullptr),
         0);

@@ -168,6 +168,7 @@ TEST_F(DocumentSheet, RefusesWhatItCannotUse)
 TEST_F(DocumentSheet, LeavesNothingBehindWhenItsPageIsRefused)
 {
     for (const LONG_PTR answer : {LONG_PTR{0}, LONG_PTR{-1}}) {
+        test::WarmModelCache(printer.handle());
         const host::Ledger before = host::OpenObjects();
         SheetCaller sheet(printer, DM_COPY, &output);
         sheet.pageHandle = answer;
@@ -179,6 +180,7 @@ TEST_F(DocumentSheet, LeavesNothingBehindWhenItsPageIsRefused)
 
 TEST_F(DocumentSheet, EndsItsContextAndRefusesToBeUsedAgain)
 {
+    test::WarmModelCache(printer.handle());
     const host::Ledger before = host::OpenObjects();
     SheetCaller sheet(printer, DM_COPY, &output);
     ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
@@ -206,6 +208,7 @@ TEST_F(DocumentSheet, OpensWithoutALanguageModule)
 
 TEST_F(DocumentSheet, SurvivesEveryFailedRequest)
 {
+    test::WarmModelCache(printer.handle());
     for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls,
                                            test::kCallsOnwards, test::kReads<host::Misread::Huge>}) {
         LONG opened = 0, confirmed = 0, destroyed = 0;

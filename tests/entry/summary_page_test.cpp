@@ -269,6 +269,7 @@ TEST_P(SummaryPage, GivesItsButtonTheFocusUnlessTheTabsHaveIt)
 
 TEST_P(SummaryPage, OpensAndClosesEvenlyWhateverFails)
 {
+    test::WarmModelCache(printer_.handle());
     const SheetWindow window(2);
     for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls})
         test::FailEach(
