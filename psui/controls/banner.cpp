@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "psui/base/gdi.h"
 #include "psui/base/module.h"
-#include "psui/controls/gdi.h"
 #include "psui/controls/owner_draw.h"
 #include "psui/controls/transparent.h"
 #include "psui/res/pictures.h"

@@ -1,6 +1,6 @@
 #include "psui/controls/edges.h"
 
-#include "psui/controls/gdi.h"
+#include "psui/base/gdi.h"
 
 namespace psui {
 

@@ -1,9 +1,9 @@
 #include "psui/controls/list_items.h"
 
 #include "lang/ids/strings.h"
+#include "psui/base/gdi.h"
 #include "psui/base/memory.h"
 #include "psui/base/module.h"
-#include "psui/controls/gdi.h"
 #include "psui/controls/transparent.h"
 #include "psui/res/pictures.h"
 

@@ -1,7 +1,7 @@
 #include "psui/controls/pictures.h"
 
+#include "psui/base/gdi.h"
 #include "psui/base/module.h"
-#include "psui/controls/gdi.h"
 #include "psui/controls/transparent.h"
 
 namespace psui {

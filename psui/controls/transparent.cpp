@@ -1,8 +1,8 @@
 #include "psui/controls/transparent.h"
 
+#include "psui/base/gdi.h"
 #include "psui/base/module.h"
 #include "psui/controls/dib.h"
-#include "psui/controls/gdi.h"
 
 namespace psui {
 

@@ -72,10 +72,10 @@ void FitTextToLine(HWND dialog, int control, WCHAR* text)
         !SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0))
         return;
     const WindowDc dc(window);
-    const OwnedFont font(CreateFontIndirectW(&metrics.lfMessageFont));
+    const GdiObject<HFONT> font(CreateFontIndirectW(&metrics.lfMessageFont));
     if (!dc.get() || !font.get())
         return;
-    const SelectedObject selected(dc.get(), font.get());
+    const Selection selected(dc.get(), font.get());
     FitTextToWidth(text, area.right - area.left - kMargin, WidthInDc, dc.get());
 }
 

@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "lang/ids/main_dialog.h"
-#include "psui/controls/gdi.h"
+#include "psui/base/gdi.h"
 #include "psui/controls/hooks.h"
 
 namespace psui {
@@ -25,25 +25,19 @@ SIZE MeasureTip(HDC dc)
     return {size.right + 2 * kMargin, size.bottom + 2 * kMargin};
 }
 
-void DrawTip(HWND tip)
+void DrawTip(HDC dc, HWND tip)
 {
-    const HDC dc = GetDC(tip);
-    if (!dc)
-        return;
     RECT box;
     GetClientRect(tip, &box);
-    {
-        const SavedState state(dc);
-        FillRect(dc, &box, GetSysColorBrush(COLOR_INFOBK));
-        const Selection font(dc, GetStockObject(DEFAULT_GUI_FONT));
-        SetBkMode(dc, TRANSPARENT);
-        SetTextColor(dc, GetSysColor(COLOR_INFOTEXT));
-        RECT place = box;
-        OffsetRect(&place, kMargin, kMargin);
-        DrawTextW(dc, tipText, -1, &place, DT_SINGLELINE);
-        FrameRect(dc, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-    }
-    ReleaseDC(tip, dc);
+    const SavedState state(dc);
+    FillRect(dc, &box, GetSysColorBrush(COLOR_INFOBK));
+    const Selection font(dc, GetStockObject(DEFAULT_GUI_FONT));
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, GetSysColor(COLOR_INFOTEXT));
+    RECT place = box;
+    OffsetRect(&place, kMargin, kMargin);
+    DrawTextW(dc, tipText, -1, &place, DT_SINGLELINE);
+    FrameRect(dc, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }
 
 } // namespace
@@ -57,16 +51,18 @@ void ShowHoverTip(HWND dialog)
         return;
     MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
     GetWindowTextW(link, tipText, static_cast<int>(std::size(tipText)));
-    const HDC dc = GetDC(tip);
-    if (!dc)
+    SIZE size;
+    if (const WindowDc dc(tip); dc)
+        size = MeasureTip(dc.get());
+    else
         return;
-    const SIZE size = MeasureTip(dc);
-    ReleaseDC(tip, dc);
     const LONG left = std::min(place.left, client.right - size.cx);
     SetWindowPos(tip, HWND_TOP, left, place.bottom + kBelowLink, size.cx, size.cy,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
     UpdateWindow(tip);
-    DrawTip(tip);
+    // A new device context: the one before ended at the box's former size.
+    if (const WindowDc dc(tip); dc)
+        DrawTip(dc.get(), tip);
 }
 
 void HideHoverTip(HWND dialog)

@@ -181,8 +181,8 @@ bool IsDown(int key)
     return GetKeyState(key) < 0;
 }
 
-// Hidden helpers for support: with both keys held, D takes the model's name off the banner, R tries the other row
-// of buttons.
+// Hidden helpers for support: with both keys held, D takes the model's name off the banner, R tries the other
+// row of buttons.
 void OnDoubleClick(HWND dialog, PrinterUiContext* context, POINT place)
 {
     RECT banner;
