@@ -51,6 +51,6 @@ struct DialogTemplate
 };
 
 /// Reads a template; false when it is cut short or not sound.
-bool ReadDialogTemplate(std::span<const std::byte> bytes, DialogTemplate& result);
+HOSTAPI bool ReadDialogTemplate(std::span<const std::byte> bytes, DialogTemplate& result);
 
 } // namespace host
