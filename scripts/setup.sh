@@ -9,6 +9,7 @@ packages=(
     libsqlite3-dev                              # what the platform layer remembers
     libfreetype-dev libpng-dev                  # its text and its screenshots
     fonts-liberation fonts-ipaexfont-gothic     # the typefaces that it draws with
+    libx11-dev                                  # its windows on a display
     nlohmann-json3-dev libcli11-dev             # psuictl: JSON and command lines
     python3-cairo fonts-liberation              # drawing the library's pictures
     libcups2-dev                                # the PPD library that the benchmark compares with

@@ -81,7 +81,7 @@ UINT WINAPI GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned)
         if (value > limit)
             return 0;
     }
-    if (digit == first || *digit != 0)
+    if (digit == first) // what follows the digits is not looked at
         return 0;
     if (translated != nullptr)
         *translated = TRUE;

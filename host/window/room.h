@@ -23,6 +23,7 @@
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"
 #include "host/kernel/world.h"
+#include "host/window/display_x11.h"
 
 namespace host {
 
@@ -315,10 +316,6 @@ void EndMenuOf(HWND window);
 // Input
 
 void CloseInput();
-bool HasDisplay();
-/// Shows what changed and takes in what the user did. Waits at most that long (ms).
-void PumpDisplay(int timeout);
-void CloseDisplay();
 /// Composes the desktop; everything must be painted.
 std::shared_ptr<Surface> ComposeDesktop();
 HCURSOR CurrentCursor();

@@ -59,6 +59,17 @@ std::shared_ptr<Surface> ComposeDesktop()
     return desktop;
 }
 
+DesktopPicture PictureOfDesktop()
+{
+    const std::shared_ptr<Surface> desktop = ComposeDesktop();
+    if (desktop == nullptr)
+        return {};
+    DesktopPicture picture = {desktop->Width(), desktop->Height(), {}};
+    for (int y = 0; y < desktop->Height(); ++y)
+        picture.pixels.insert(picture.pixels.end(), desktop->Row(y), desktop->Row(y) + desktop->Width());
+    return picture;
+}
+
 bool ShootWindow(void* handle, const std::filesystem::path& file)
 {
     const WindowPtr window = LookUp(static_cast<HWND>(handle));
