@@ -100,6 +100,9 @@ function(psui_test name)
     if(NOT WIN32)
         # One label, "host-concurrency": a list would be torn apart on its way into the tests' properties.
         list(JOIN arg_LABELS "-" label)
+        if(NOT label)
+            set(label ${name}) # an empty value would take the next word for itself
+        endif()
         gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
             PROPERTIES LABELS "${label}" TIMEOUT 300)
         if("concurrency" IN_LIST arg_LABELS)

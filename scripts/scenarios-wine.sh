@@ -25,7 +25,12 @@ psuictl record set default.dm dmCopies=3 dmFields=0x02011B03 -o in.dm
 failed=0
 for scenario; do
     cp "$scenario" "$work/scenario.txt"
-    read -ra options < <(sed -n '1s/^# options: //p' "$scenario")
+    read -ra options < <(sed -n '1s/^# options: *//p' "$scenario") || true
+    read -ra fields < <(sed -n '2s/^# record: *//p' "$scenario") || true
+    if [ ${#fields[@]} -gt 0 ]; then
+        psuictl record set default.dm -o start.dm "${fields[@]}"
+        options+=(--record start.dm)
+    fi
     if complaint=$(psuictl preferences "$printer" --scenario scenario.txt --shots . "${options[@]}" 2>&1); then
         echo "$(basename "$scenario" .txt): passed"
     else

@@ -290,6 +290,9 @@ INT_PTR CALLBACK MainSettingDlgProc(HWND dialog, UINT message, WPARAM wParam, LP
     case WM_HELP:
         OnHelp(dialog, context, reinterpret_cast<const HELPINFO*>(lParam));
         return TRUE;
+    case WM_CLOSE: // also while Cancel is disabled
+        Finish(dialog, context, kMainDialogCancelled);
+        return TRUE;
     case WM_CONTEXTMENU:
         OnContextMenu(dialog, context);
         return TRUE;

@@ -25,25 +25,34 @@ protected:
     }
 };
 
-/// The options in a scenario's first line, "# options: ...". They may name in.dm, a record of three copies.
-std::vector<std::string> OptionsOf(const std::filesystem::path& file)
+/// The words behind "# NAME:" at the head of a scenario, line `number` from 0; none when the line is another.
+std::vector<std::string> HeadOf(const std::filesystem::path& file, int number, const std::string& name)
 {
-    std::istringstream words(ReadText(file));
+    std::istringstream lines(ReadText(file));
     std::string line;
-    std::getline(words, line);
-    words.str(line);
-    std::vector<std::string> options{std::istream_iterator<std::string>(words), {}};
-    EXPECT_GE(options.size(), 2u) << file;
-    EXPECT_EQ(options[1], "options:") << file;
-    options.erase(options.begin(), options.begin() + 2);
-    return options;
+    for (int i = 0; i <= number; ++i)
+        std::getline(lines, line);
+    const std::string head = "# " + name + ":";
+    if (!line.starts_with(head))
+        return {};
+    std::istringstream words(line.substr(head.size()));
+    return {std::istream_iterator<std::string>(words), {}};
 }
 
 TEST_F(Scenario, PlaysEveryFile)
 {
     size_t played = 0;
     for (const auto& entry : std::filesystem::directory_iterator(kScenarios)) {
-        const Outcome outcome = Run(Line(entry.path(), OptionsOf(entry.path())));
+        // The first line has options, which may name in.dm, a record of three copies; the second may have
+        // fields that the record to start from differs in from the printer's default.
+        std::vector<std::string> options = HeadOf(entry.path(), 0, "options");
+        if (const std::vector<std::string> fields = HeadOf(entry.path(), 1, "record"); !fields.empty()) {
+            std::vector<std::string> set = {"record", "set", "default.dm", "-o", "start.dm"};
+            set.insert(set.end(), fields.begin(), fields.end());
+            Output(set);
+            options.insert(options.end(), {"--record", "start.dm"});
+        }
+        const Outcome outcome = Run(Line(entry.path(), options));
         EXPECT_EQ(outcome.code, 0) << outcome;
         ++played;
     }

@@ -22,6 +22,7 @@ namespace {
 constexpr size_t kRecordSize = sizeof(psui::DriverDevMode);
 constexpr int64_t kMaxPages = 20;
 constexpr DWORD kNoPermission = 0x20; // of a document header's mode
+constexpr DWORD kUserDefault = 0x40;
 constexpr WORD kDeviceNoPermission = 1;
 constexpr LONG kSucceeded = 1;
 
@@ -30,6 +31,9 @@ constexpr Parameter kRecordParameter = {"--record", "IN",
                                         "settings record to start from (- is standard input)"};
 constexpr Parameter kPermissionParameter = {"--no-permission", nullptr,
                                             "the user may look but change nothing", ParameterKind::Flag};
+constexpr Parameter kUserDefaultParameter = {
+    "--user-default", nullptr, "edit the user's own defaults, as the printers' window does; Apply is shown",
+    ParameterKind::Flag};
 constexpr Parameter kPagesParameter = {"--pages", "N", "pages of the sheet, the driver's first (default: 1)",
                                        ParameterKind::Number};
 constexpr Parameter kScenarioParameter = {"--scenario", "FILE", "play these steps (docs/scenarios.md)"};
@@ -48,6 +52,7 @@ constexpr Parameter kPreferencesParameters[] = {
     {"-o,--output", "OUT", "where the confirmed record goes (- is standard output)"},
     kPagesParameter,
     kPermissionParameter,
+    kUserDefaultParameter,
     kScenarioParameter,
     kShotsParameter,
     kRepeatParameter,
@@ -88,7 +93,8 @@ public:
         header_.pszPrinterName = name_.data();
         header_.pdmIn = input_.empty() ? nullptr : reinterpret_cast<PDEVMODEW>(input_.data());
         header_.pdmOut = reinterpret_cast<PDEVMODEW>(output_.data());
-        header_.fMode = DM_PROMPT | DM_COPY | (arguments.Has("no-permission") ? kNoPermission : 0);
+        header_.fMode = DM_PROMPT | DM_COPY | (arguments.Has("no-permission") ? kNoPermission : 0) |
+                        (arguments.Has("user-default") ? kUserDefault : 0);
     }
 
     psui::PropSheetUiFn Function() const

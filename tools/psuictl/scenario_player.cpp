@@ -269,16 +269,30 @@ Outcome Tab(const Scene& scene)
     return {};
 }
 
+/// The window that gets the mouse at `place` of a control, which becomes its own: what is disabled leaves the
+/// mouse to the windows it is in.
+HWND WindowUnderMouse(HWND control, POINT& place)
+{
+    HWND window = control;
+    while (!IsWindowEnabled(window) && GetParent(window))
+        window = GetParent(window);
+    MapWindowPoints(control, window, &place, 1);
+    return window;
+}
+
 Outcome Mouse(const Scene& scene)
 {
-    return WithUsable(scene, [&](HWND control) {
-        const POINT place = {static_cast<LONG>(scene.number(1)), static_cast<LONG>(scene.number(2))};
+    return WithControl(scene, [&](HWND control) {
+        if (!IsWindowVisible(control))
+            return NotYet("control " + ControlName(scene.number(0)) + " is not visible");
+        POINT place = {static_cast<LONG>(scene.number(1)), static_cast<LONG>(scene.number(2))};
+        const HWND window = WindowUnderMouse(control, place);
         const bool down = scene.step.kind == StepKind::MouseDown;
         const bool held = down || (scene.step.kind == StepKind::MouseMove && GetCapture() != nullptr);
         const UINT message = down                                   ? WM_LBUTTONDOWN
                              : scene.step.kind == StepKind::MouseUp ? WM_LBUTTONUP
                                                                     : WM_MOUSEMOVE;
-        PostMouse(control, message, held ? MK_LBUTTON : 0, place);
+        PostMouse(window, message, held ? MK_LBUTTON : 0, place);
         return Outcome();
     });
 }
