@@ -2,6 +2,7 @@
 #include <commctrl.h>
 
 #include "lang/ids/dialogs.h"
+#include "lang/ids/main_dialog.h"
 #include "lang/ids/summary.h"
 #include "psui/maindlg/settings_summary.h"
 #include "tests/entry/fail_each.h"
@@ -303,6 +304,39 @@ TEST_P(SummaryPage, CancelsItselfWithoutMemoryForItsText)
     while (PeekMessageW(&message, page, WM_COMMAND, WM_COMMAND, PM_REMOVE))
         cancelled = cancelled || LOWORD(message.wParam) == IDCANCEL;
     EXPECT_TRUE(cancelled);
+}
+
+TEST_P(SummaryPage, IsBehindThePromptOfAnApplication)
+{
+    const struct
+    {
+        int button;
+        LONG result, advancedResult;
+        int orientation;
+    } cases[] = {{IDOK, 1, 1, 2}, {IDCANCEL, 2, 0, 0}};
+    for (const auto& c : cases) {
+        host::SetIdleHook([&] {
+            const HWND dialog = GetActiveWindow();
+            if (!GetDlgItem(dialog, IDC_TABS))
+                return false;
+            PostMessageW(dialog, WM_COMMAND, c.button, 0);
+            return true;
+        });
+        alignas(8) DriverDevMode input = {}, output = {};
+        ASSERT_EQ(DrvDocumentProperties(nullptr, printer_.handle(), printer_.name(), &input.dmPublic, nullptr,
+                                        DM_COPY),
+                  1);
+        input.dmPublic.dmOrientation = DMORIENT_LANDSCAPE;
+        EXPECT_EQ(DrvDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic,
+                                        &input.dmPublic, DM_PROMPT | DM_COPY),
+                  c.result);
+        EXPECT_EQ(output.dmPublic.dmOrientation, c.orientation);
+        output = {};
+        EXPECT_EQ(DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic,
+                                                &input.dmPublic),
+                  c.advancedResult);
+        EXPECT_EQ(output.dmPublic.dmOrientation, c.orientation);
+    }
 }
 
 } // namespace
