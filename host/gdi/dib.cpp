@@ -8,7 +8,6 @@
 namespace host {
 namespace {
 
-constexpr int kMaxSide = 32767;
 constexpr size_t kMaskBytes = 12; // three colour masks behind the header
 
 uint32_t PixelOfEntry(const PALETTEENTRY& entry)
@@ -31,7 +30,8 @@ std::optional<DibFormat> ReadDibHeader(const BITMAPINFOHEADER& header)
     if (header.biSize < sizeof header || !KnownDepth(header.biBitCount) || !plain)
         return {};
     const int64_t height = header.biHeight;
-    if (header.biWidth <= 0 || header.biWidth > kMaxSide || height == 0 || std::abs(height) > kMaxSide)
+    if (header.biWidth <= 0 || header.biWidth > kMaxImageSide || height == 0 ||
+        std::abs(height) > kMaxImageSide)
         return {};
     DibFormat format;
     format.width = header.biWidth;

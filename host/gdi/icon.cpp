@@ -84,18 +84,6 @@ std::optional<IconImages> ImagesOf(std::span<const std::byte> data)
                       ViewOf(maskFormat, data.data() + maskBits, {kBlackPixel, kWhitePixel})};
 }
 
-uint32_t Blended(uint32_t below, uint32_t pixel)
-{
-    const uint32_t opacity = pixel >> kOpacityShift;
-    uint32_t result = 0;
-    for (const int shift : {0, 8, 16}) {
-        const uint32_t from = below >> shift & 0xFF;
-        const uint32_t to = pixel >> shift & 0xFF;
-        result |= (from * (255 - opacity) + to * opacity + 127) / 255 << shift;
-    }
-    return result;
-}
-
 /// One row of an icon, stretched, on what is below it. `flags` tells which of picture and mask is drawn.
 void DrawIconRow(const Icon& icon, int sourceY, int width, int firstX, uint32_t* pixels, int count,
                  UINT flags)
@@ -105,7 +93,7 @@ void DrawIconRow(const Icon& icon, int sourceY, int width, int firstX, uint32_t*
     for (int i = 0; i < count; ++i) {
         const int x = SourcePlace(firstX + i, width, icon.color.width);
         if (icon.blended && (flags & DI_IMAGE) != 0) {
-            pixels[i] = Blended(pixels[i], color[x]);
+            pixels[i] = Blend(pixels[i], color[x], color[x] >> kOpacityShift);
             continue;
         }
         const uint32_t kept = (flags & DI_MASK) != 0 ? pixels[i] & mask.Pixels()[x] : 0;

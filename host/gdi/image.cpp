@@ -6,7 +6,6 @@
 namespace host {
 namespace {
 
-constexpr int kMaxSide = 32767;
 constexpr int64_t kMaxBytes = int64_t{1} << 30;
 
 int Distance(uint32_t first, uint32_t second)
@@ -91,9 +90,20 @@ void WritePixel(const Image& image, std::byte* row, int index, uint32_t pixel)
 
 } // namespace
 
+uint32_t Blend(uint32_t under, uint32_t over, uint32_t opacity)
+{
+    uint32_t result = 0;
+    for (const int shift : {0, 8, 16}) {
+        const uint32_t from = under >> shift & 0xFF;
+        const uint32_t to = over >> shift & 0xFF;
+        result |= (from * (255 - opacity) + to * opacity + 127) / 255 << shift;
+    }
+    return result;
+}
+
 bool MakeImage(Image& image, int width, int height, int depth, int rowAlignment, bool bottomUp)
 {
-    if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide)
+    if (width <= 0 || height <= 0 || width > kMaxImageSide || height > kMaxImageSide)
         return false;
     const int64_t rowBytes = RowBytes(width, depth, rowAlignment);
     if (rowBytes * height > kMaxBytes)

@@ -19,6 +19,11 @@ constexpr uint32_t ExchangeRedBlue(uint32_t color)
     return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
 }
 
+constexpr int kMaxImageSide = 32767; // pixels
+
+/// A pixel of which `opacity` of 255 parts is `over` and the rest `under`.
+uint32_t Blend(uint32_t under, uint32_t over, uint32_t opacity);
+
 struct Image
 {
     int width = 0;

@@ -13,8 +13,6 @@
 namespace host {
 namespace {
 
-constexpr int kMaxSide = 32767;
-
 struct CloseFile
 {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -24,7 +22,7 @@ struct CloseFile
 
 std::shared_ptr<Surface> MakeSurface(int width, int height)
 try {
-    if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide)
+    if (width <= 0 || height <= 0 || width > kMaxImageSide || height > kMaxImageSide)
         return nullptr;
     const size_t count = static_cast<size_t>(width) * static_cast<size_t>(height);
     return std::make_shared<Surface>(width, height, std::vector<uint32_t>(count, kBlackPixel));

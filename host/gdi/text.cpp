@@ -12,17 +12,6 @@
 namespace host {
 namespace {
 
-uint32_t Blend(uint32_t under, uint32_t over, uint32_t coverage)
-{
-    uint32_t result = 0;
-    for (const int shift : {0, 8, 16}) {
-        const uint32_t from = under >> shift & 0xFF;
-        const uint32_t to = over >> shift & 0xFF;
-        result |= (from * (255 - coverage) + to * coverage + 127) / 255 << shift;
-    }
-    return result;
-}
-
 /// Blends the glyph where `part` lets it; `corner` is its top-left corner. All on the surface.
 void DrawGlyphPart(const Image& image, const Glyph& glyph, POINT corner, const RECT& part, uint32_t color)
 {
