@@ -217,8 +217,8 @@ void DragWindow(HWND handle, POINT from)
         ReleaseCapture();
 }
 
-/// Closes when the button is let go where it was pressed.
-void PressCloseButton(Window& window)
+/// Runs a caption button's command when the mouse is let go on it.
+void PressCaptionButton(Window& window, LRESULT part, WPARAM command)
 {
     const HWND handle = window.handle;
     SetCapture(handle);
@@ -226,7 +226,7 @@ void PressCloseButton(Window& window)
     bool pressed = false;
     while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (message.message == WM_LBUTTONUP) {
-            pressed = HitTest(window, message.pt) == HTCLOSE;
+            pressed = HitTest(window, message.pt) == part;
             break;
         }
         if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST)
@@ -235,7 +235,7 @@ void PressCloseButton(Window& window)
     if (GetCapture() == handle)
         ReleaseCapture();
     if (pressed)
-        SendMessageW(handle, WM_SYSCOMMAND, SC_CLOSE, MAKELPARAM(message.pt.x, message.pt.y));
+        SendMessageW(handle, WM_SYSCOMMAND, command, MAKELPARAM(message.pt.x, message.pt.y));
 }
 
 LRESULT OnNcLeftButtonDown(Window& window, WPARAM wParam, LPARAM lParam)
@@ -243,7 +243,10 @@ LRESULT OnNcLeftButtonDown(Window& window, WPARAM wParam, LPARAM lParam)
     const POINT point = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     switch (wParam) {
     case HTCLOSE:
-        PressCloseButton(window);
+        PressCaptionButton(window, HTCLOSE, SC_CLOSE);
+        break;
+    case HTHELP:
+        PressCaptionButton(window, HTHELP, SC_CONTEXTHELP);
         break;
     case HTVSCROLL:
         TrackScrollBar(window.handle, SB_VERT, point);
@@ -265,6 +268,9 @@ LRESULT OnSysCommand(Window& window, WPARAM wParam, LPARAM lParam)
     switch (wParam & kCommand) {
     case SC_CLOSE:
         SendMessageW(window.handle, WM_CLOSE, 0, 0);
+        break;
+    case SC_CONTEXTHELP:
+        RunHelpMode(window.handle);
         break;
     case SC_MOVE:
         DragWindow(window.handle, {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
@@ -305,14 +311,9 @@ LRESULT OnMouseWheel(Window& window, WPARAM wParam, LPARAM lParam)
     return PassToParent(window, WM_MOUSEWHEEL, wParam, lParam);
 }
 
-/// F1 asks for help on the window with the focus.
-LRESULT OnKeyDown(Window& window, WPARAM wParam, LPARAM)
+LRESULT OnHelpKey(Window& window, WPARAM, LPARAM)
 {
-    if (wParam != VK_F1)
-        return 0;
-    HELPINFO info = {sizeof info, HELPINFO_WINDOW, static_cast<int>(window.id), window.handle, 0, {}};
-    GetCursorPos(&info.MousePos);
-    SendMessageW(window.handle, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+    SendHelp(window.handle);
     return 0;
 }
 
@@ -322,9 +323,8 @@ LRESULT OnSysKeyDown(Window& window, WPARAM wParam, LPARAM lParam)
         const Window& top = TopLevelOf(window);
         if ((top.style & WS_SYSMENU) != 0)
             PostMessageW(top.handle, WM_SYSCOMMAND, SC_CLOSE, 0);
-        return 0;
     }
-    return OnKeyDown(window, wParam, lParam);
+    return 0;
 }
 
 LRESULT OnShowWindow(Window& window, WPARAM wParam, LPARAM lParam)
@@ -410,6 +410,7 @@ constexpr Row kHandlers[] = {
     {WM_MOUSEACTIVATE, OnMouseActivate},
     {WM_WINDOWPOSCHANGING, OnWindowPosChanging},
     {WM_WINDOWPOSCHANGED, OnWindowPosChanged},
+    {kHelpKeyMessage, OnHelpKey},
     {WM_HELP, OnHelp},
     {WM_CONTEXTMENU, OnContextMenu},
     {WM_STYLECHANGED, OnStyleChanged},
@@ -422,7 +423,6 @@ constexpr Row kHandlers[] = {
     {WM_NCACTIVATE, OnNcActivate},
     {WM_NCLBUTTONDOWN, OnNcLeftButtonDown},
     {WM_NCLBUTTONDBLCLK, OnNcLeftButtonDown},
-    {WM_KEYDOWN, OnKeyDown},
     {WM_SYSKEYDOWN, OnSysKeyDown},
     {WM_SYSCOMMAND, OnSysCommand},
     {WM_CTLCOLORMSGBOX, ColorsOfFace},

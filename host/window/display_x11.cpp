@@ -20,6 +20,8 @@ struct Shown
     ::Window window = 0;
     GC context = nullptr;
     Atom closed = 0;
+    DesktopPicture picture; // what the window shows
+    bool stale = true;      // it may have lost that
 };
 
 Shown shown;
@@ -111,11 +113,8 @@ bool OnEvent(XEvent& event)
     return true;
 }
 
-void ShowPicture()
+void ShowOnWindow(const DesktopPicture& picture)
 {
-    const DesktopPicture picture = PictureOfDesktop();
-    if (picture.pixels.empty())
-        return;
     XImage image = {};
     image.width = picture.width;
     image.height = picture.height;
@@ -129,6 +128,16 @@ void ShowPicture()
     if (XInitImage(&image) != 0)
         XPutImage(shown.display, shown.window, shown.context, &image, 0, 0, 0, 0,
                   static_cast<unsigned>(picture.width), static_cast<unsigned>(picture.height));
+}
+
+void ShowPicture()
+{
+    DesktopPicture picture = PictureOfDesktop();
+    if (picture.pixels.empty() || (!shown.stale && picture.pixels == shown.picture.pixels))
+        return;
+    shown.stale = false;
+    shown.picture = std::move(picture);
+    ShowOnWindow(shown.picture);
 }
 
 } // namespace

@@ -45,6 +45,16 @@ bool HasCloseButton(const Window& window)
     return HasCaption(window.style) && (window.style & WS_SYSMENU) != 0;
 }
 
+/// The question mark that asks for help, left of the close button; empty without one.
+RECT HelpButtonRect(const Window& window)
+{
+    if (!HasCloseButton(window) || (window.exStyle & WS_EX_CONTEXTHELP) == 0)
+        return {};
+    RECT rect = CloseButtonRect(window);
+    OffsetRect(&rect, -kCloseWidth, 0);
+    return rect;
+}
+
 void DrawCloseGlyph(HDC dc, const RECT& button, COLORREF color)
 {
     const int x = (button.left + button.right - kCloseGlyph) / 2;
@@ -59,6 +69,14 @@ void DrawCloseGlyph(HDC dc, const RECT& button, COLORREF color)
     DeleteObject(pen);
 }
 
+HFONT CaptionFont()
+{
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return CreateFontIndirectW(&metrics.lfCaptionFont);
+}
+
 void DrawCaption(HDC dc, const Window& window)
 {
     RECT caption = CaptionRect(window);
@@ -69,16 +87,16 @@ void DrawCaption(HDC dc, const Window& window)
         DrawCloseGlyph(dc, button, color);
         caption.right = button.left;
     }
-    caption.left += kTextMargin;
-    if (window.text.empty() || caption.left >= caption.right)
-        return;
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    const HFONT font = CreateFontIndirectW(&metrics.lfCaptionFont);
+    RECT help = HelpButtonRect(window);
+    const HFONT font = CaptionFont();
     const HGDIOBJ previous = SelectObject(dc, font);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, color);
+    if (!IsEmpty(help)) {
+        DrawTextW(dc, TEXT("?"), 1, &help, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+        caption.right = help.left;
+    }
+    caption.left += kTextMargin;
     DrawTextW(dc, window.text.c_str(), static_cast<int>(window.text.size()), &caption,
               DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
     SelectObject(dc, previous);
@@ -189,6 +207,7 @@ LRESULT HitTest(Window& window, POINT point)
         LRESULT code;
     } parts[] = {
         {CloseButtonRect(window), HTCLOSE},
+        {HelpButtonRect(window), HTHELP},
         {CaptionRect(window), HTCAPTION},
         {ScrollBarRect(window, SB_VERT), HTVSCROLL},
         {ScrollBarRect(window, SB_HORZ), HTHSCROLL},

@@ -365,6 +365,8 @@ bool TakeInput(Queue& queue, HWND window, UINT first, UINT last, bool remove, MS
         const bool wanted =
             made && (window == nullptr || message.hwnd == window || IsChild(window, message.hwnd)) &&
             ((first == 0 && last == 0) || (message.message >= first && message.message <= last));
+        if (wanted && remove && message.message == WM_KEYDOWN && message.wParam == VK_F1)
+            PostMessageW(message.hwnd, kHelpKeyMessage, 0, 0);
         if (wanted)
             return true;
         if (!remove)

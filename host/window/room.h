@@ -276,6 +276,16 @@ void PaintFrame(Window& window);
 RECT CloseButtonRect(const Window& window);
 RECT CaptionRect(const Window& window);
 
+// Help
+
+/// Posted to the window with the focus when F1 goes down, whatever it does with the key itself.
+constexpr UINT kHelpKeyMessage = 0x004D;
+
+/// Tells a window that help on it is wanted; does nothing for no window.
+void SendHelp(HWND window);
+/// Waits for the click that says what help is wanted on.
+void RunHelpMode(HWND window);
+
 // Scroll bars of windows
 
 /// Window coordinates; empty when the window has none.

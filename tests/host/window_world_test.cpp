@@ -161,6 +161,46 @@ TEST_F(Windows, CloseButtonCancelsWhenReleasedOnIt)
     EXPECT_EQ(RunDialog(), IDCANCEL);
 }
 
+int helpFor;
+
+INT_PTR CALLBACK HelpedProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_HELP)
+        helpFor = reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId;
+    if (message == WM_INITDIALOG)
+        SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) | WS_EX_CONTEXTHELP);
+    return message == WM_HELP || Procedure(dialog, message, wParam, lParam);
+}
+
+TEST_F(Windows, HelpIsAskedForByKeyAndByTheCaptionsButton)
+{
+    const std::vector<WORD> words = DialogWords();
+    int byKey = 0;
+    int byButton = 0;
+    Play({[] { host::PressKey(VK_F1); },
+          [&] {
+              byKey = std::exchange(helpFor, 0);
+              RECT rect;
+              GetWindowRect(GetActiveWindow(), &rect);
+              host::MoveMouse(rect.right - 56, rect.top + 12);
+              host::PressMouse(host::MouseButton::Left);
+              host::ReleaseMouse(host::MouseButton::Left);
+          },
+          [] {
+              EnableWindow(GetDlgItem(GetActiveWindow(), 100), FALSE);
+              ClickOn(GetDlgItem(GetActiveWindow(), 100));
+          },
+          [&] {
+              byButton = helpFor;
+              host::PressKey(VK_RETURN);
+          }});
+    EXPECT_EQ(DialogBoxIndirectParamW(nullptr, reinterpret_cast<LPCDLGTEMPLATEW>(words.data()), nullptr,
+                                      HelpedProcedure, 0),
+              IDOK);
+    EXPECT_EQ(byKey, 101);
+    EXPECT_EQ(byButton, 100) << "a disabled control, too";
+}
+
 TEST_F(Windows, ThousandDialogsLeaveNothing)
 {
     host::SetIdleHook([] {
