@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The main job, start to end: builds the product, installs a sample printer from its model description into a
 # fresh host, prints what the library's entry points answer for it and its settings in words, in both languages, and
-# takes a picture of its printing preferences. Where there is a display, they stay open on it.
+# takes pictures of its printing preferences. Where there is a display, they stay open on it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mkdir -p build
@@ -28,5 +28,5 @@ psuictl summary "$printer"
 psuictl --language jpn summary "$printer"
 mkdir -p build/shots
 psuictl preferences "$printer" --pages 2 --scenario scripts/demo.txt --shots build/shots
-echo "The picture is build/shots/summary.png."
+echo "The pictures are build/shots/summary.png and build/shots/main.png."
 if [ -n "${DISPLAY:-}" ]; then psuictl preferences "$printer" --pages 2 --display; fi
