@@ -259,12 +259,12 @@ typedef struct tagCOMPAREITEMSTRUCT
 #define SB_RIGHT         7
 #define SB_ENDSCROLL     8
 
-#define SBS_HORZ                    0x0000L
-#define SBS_VERT                    0x0001L
-#define SBS_TOPALIGN                0x0002L
-#define SBS_LEFTALIGN               0x0002L
-#define SBS_BOTTOMALIGN             0x0004L
-#define SBS_RIGHTALIGN              0x0004L
+#define SBS_HORZ        0x0000L
+#define SBS_VERT        0x0001L
+#define SBS_TOPALIGN    0x0002L
+#define SBS_LEFTALIGN   0x0002L
+#define SBS_BOTTOMALIGN 0x0004L
+#define SBS_RIGHTALIGN  0x0004L
 
 #define SBM_SETPOS         0x00E0
 #define SBM_GETPOS         0x00E1
@@ -314,12 +314,8 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define LBS_HASSTRINGS        0x0040L
 #define LBS_USETABSTOPS       0x0080L
 #define LBS_NOINTEGRALHEIGHT  0x0100L
-#define LBS_MULTICOLUMN       0x0200L
-#define LBS_WANTKEYBOARDINPUT 0x0400L
 #define LBS_EXTENDEDSEL       0x0800L
 #define LBS_DISABLENOSCROLL   0x1000L
-#define LBS_NODATA            0x2000L
-#define LBS_NOSEL             0x4000L
 #define LBS_COMBOBOX          0x8000L
 #define LBS_STANDARD          (LBS_NOTIFY | LBS_SORT | WS_VSCROLL | WS_BORDER)
 
@@ -327,10 +323,8 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define LB_ERR      (-1)
 #define LB_ERRSPACE (-2)
 
-#define LBN_ERRSPACE  (-2)
 #define LBN_SELCHANGE 1
 #define LBN_DBLCLK    2
-#define LBN_SELCANCEL 3
 #define LBN_SETFOCUS  4
 #define LBN_KILLFOCUS 5
 
@@ -347,7 +341,6 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define LB_GETTEXTLEN          0x018A
 #define LB_GETCOUNT            0x018B
 #define LB_SELECTSTRING        0x018C
-#define LB_DIR                 0x018D
 #define LB_GETTOPINDEX         0x018E
 #define LB_FINDSTRING          0x018F
 #define LB_GETSELCOUNT         0x0190
@@ -355,8 +348,6 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define LB_SETTABSTOPS         0x0192
 #define LB_GETHORIZONTALEXTENT 0x0193
 #define LB_SETHORIZONTALEXTENT 0x0194
-#define LB_SETCOLUMNWIDTH      0x0195
-#define LB_ADDFILE             0x0196
 #define LB_SETTOPINDEX         0x0197
 #define LB_GETITEMRECT         0x0198
 #define LB_GETITEMDATA         0x0199
@@ -369,12 +360,8 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define LB_SETITEMHEIGHT       0x01A0
 #define LB_GETITEMHEIGHT       0x01A1
 #define LB_FINDSTRINGEXACT     0x01A2
-#define LB_SETLOCALE           0x01A5
-#define LB_GETLOCALE           0x01A6
-#define LB_SETCOUNT            0x01A7
 #define LB_INITSTORAGE         0x01A8
 #define LB_ITEMFROMPOINT       0x01A9
-#define LB_GETLISTBOXINFO      0x01B2
 
 // Combo box
 
@@ -384,7 +371,6 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define CBS_OWNERDRAWFIXED    0x0010L
 #define CBS_OWNERDRAWVARIABLE 0x0020L
 #define CBS_AUTOHSCROLL       0x0040L
-#define CBS_OEMCONVERT        0x0080L
 #define CBS_SORT              0x0100L
 #define CBS_HASSTRINGS        0x0200L
 #define CBS_NOINTEGRALHEIGHT  0x0400L
@@ -396,7 +382,6 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define CB_ERR      (-1)
 #define CB_ERRSPACE (-2)
 
-#define CBN_ERRSPACE     (-1)
 #define CBN_SELCHANGE    1
 #define CBN_DBLCLK       2
 #define CBN_SETFOCUS     3
@@ -413,7 +398,6 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define CB_SETEDITSEL            0x0142
 #define CB_ADDSTRING             0x0143
 #define CB_DELETESTRING          0x0144
-#define CB_DIR                   0x0145
 #define CB_GETCOUNT              0x0146
 #define CB_GETCURSEL             0x0147
 #define CB_GETLBTEXT             0x0148
@@ -433,8 +417,6 @@ typedef const SCROLLINFO* LPCSCROLLINFO;
 #define CB_GETEXTENDEDUI         0x0156
 #define CB_GETDROPPEDSTATE       0x0157
 #define CB_FINDSTRINGEXACT       0x0158
-#define CB_SETLOCALE             0x0159
-#define CB_GETLOCALE             0x015A
 #define CB_GETTOPINDEX           0x015B
 #define CB_SETTOPINDEX           0x015C
 #define CB_GETHORIZONTALEXTENT   0x015D

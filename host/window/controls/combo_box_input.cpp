@@ -16,12 +16,16 @@ bool IsListKey(WPARAM key)
     return key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT || key == VK_F4;
 }
 
+/// A list that the user has opened follows the mouse, so that a press anywhere else closes it.
 void Toggle(ComboBox& combo, bool accept)
 {
-    if (combo.dropped)
+    if (combo.dropped) {
         RollUp(combo, accept);
-    else
-        DropDown(combo);
+        return;
+    }
+    DropDown(combo);
+    if (!combo.gone && combo.dropped)
+        FollowMouse(combo.list);
 }
 
 bool IsArrow(WPARAM key)
@@ -47,7 +51,7 @@ LRESULT OnComboKeyDown(ComboBox& combo, WPARAM key, LPARAM lParam)
         return 0;
     }
     if (combo.extended && !combo.dropped && key == VK_DOWN) {
-        DropDown(combo);
+        Toggle(combo, false);
         return 0;
     }
     if (combo.edit == nullptr || !HandledByEdit(key))
@@ -73,13 +77,10 @@ LRESULT OnComboButtonDown(ComboBox& combo, WPARAM, LPARAM lParam)
 {
     const RECT button = ButtonRect(combo);
     const POINT point = PointOf(lParam);
-    const HWND list = combo.list;
     SetFocus(combo.edit != nullptr ? combo.edit : combo.window);
     if (combo.gone || !HasDropList(combo) || (combo.edit != nullptr && !PtInRect(&button, point)))
         return 0;
     Toggle(combo, false);
-    if (!combo.gone && combo.dropped)
-        FollowMouse(list);
     return 0;
 }
 
