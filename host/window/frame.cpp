@@ -110,7 +110,7 @@ void DrawEdges(HDC dc, const Window& window)
     const int width = EdgeWidth(window.style, window.exStyle);
     const COLORREF face = HasCaption(window.style) ? kCaption : GetSysColor(COLOR_BTNFACE);
     for (int i = 0; i < width; ++i) {
-        theme::Frame(dc, rect, i == 0 ? kOutline : face);
+        theme::Frame(dc, rect, i > 0 ? face : IsChildStyle(window) ? kFieldEdge : kOutline);
         InflateRect(&rect, -1, -1);
     }
     if (HasCaption(window.style))
