@@ -419,12 +419,6 @@ void TypeText(std::u16string_view text)
         TypeCharacter(each == u'\n' ? u'\r' : each);
 }
 
-HCURSOR CurrentCursor()
-{
-    const std::shared_ptr<Queue> queue = QueueOfWindow(ForegroundWindow());
-    return queue != nullptr ? queue->cursor : nullptr;
-}
-
 void CloseInput()
 {
     std::lock_guard lock(inputLock);

@@ -12,24 +12,20 @@
 namespace host {
 namespace {
 
-struct WindowDc
-{
-    HWND window; // null for the screen
-    bool painting;
-};
-
 std::mutex dcLock;
-std::map<HDC, WindowDc> openDcs;
+std::map<HDC, HWND> openDcs;     // null for the screen's
 std::shared_ptr<Surface> screen; // what GetDC(nullptr) draws on
 
 Region Without(const Region& from, const RECT& rect)
 {
-    return Region::Combined(from, Region(rect), RGN_DIFF);
+    return from.Overlaps(rect) ? Region::Combined(from, Region(rect), RGN_DIFF) : from;
 }
 
 Region Within(const Region& from, const RECT& rect)
 {
-    return Region::Combined(from, Region(rect), RGN_AND);
+    const RECT box = from.Box();
+    const RECT common = Intersection(box, rect);
+    return EqualRect(&common, &box) ? from : Region::Combined(from, Region(rect), RGN_AND);
 }
 
 RECT At(const RECT& rect, POINT origin)
@@ -53,7 +49,7 @@ void ClipSiblings(Region& region, const Window& window, POINT parentOrigin)
     }
 }
 
-HDC OpenDc(Window& window, bool wholeWindow, const Region& clip, bool painting)
+HDC OpenDc(Window& window, bool wholeWindow, const Region& clip)
 {
     Window& top = TopLevelOf(window);
     FitSurface(top);
@@ -65,7 +61,7 @@ HDC OpenDc(Window& window, bool wholeWindow, const Region& clip, bool painting)
     const HDC dc = OpenSurfaceDC(top.surface, origin, clip.Rects().data(), clip.Rects().size());
     std::lock_guard lock(dcLock);
     if (dc != nullptr)
-        openDcs[dc] = {window.handle, painting};
+        openDcs[dc] = window.handle;
     return dc;
 }
 
@@ -77,7 +73,7 @@ HDC OpenScreenDc()
     const RECT all = {0, 0, kScreenWidth, kScreenHeight};
     const HDC dc = screen != nullptr ? OpenSurfaceDC(screen, {0, 0}, &all, 1) : nullptr;
     if (dc != nullptr)
-        openDcs[dc] = {nullptr, false};
+        openDcs[dc] = nullptr;
     return dc;
 }
 
@@ -98,7 +94,7 @@ HDC GetWindowsDc(HWND handle, bool wholeWindow)
     const WindowPtr window = WindowOf(handle);
     if (window == nullptr)
         return nullptr;
-    return OpenDc(*window, wholeWindow, VisibleRegion(*window, wholeWindow), false);
+    return OpenDc(*window, wholeWindow, VisibleRegion(*window, wholeWindow));
 }
 
 bool NeedsPainting(const Window& window)
@@ -126,18 +122,13 @@ HWND FindToPaint(const Queue& queue, HWND handle)
     return nullptr;
 }
 
-void SendPaint(HWND handle)
-{
-    SendMessageW(handle, WM_PAINT, 0, 0);
-}
-
 void UpdateTree(HWND handle, bool children)
 {
     const WindowPtr window = LookUp(handle);
     if (window == nullptr || !IsShown(*window))
         return;
     if (window->queue == CurrentQueue() && (NeedsPainting(*window) || window->frameInvalid))
-        SendPaint(handle);
+        SendMessageW(handle, WM_PAINT, 0, 0);
     if (!children || LookUp(handle) == nullptr)
         return;
     for (const HWND child : ChildrenOf(*window))
@@ -294,7 +285,7 @@ void PaintNow(HWND handle)
     const std::shared_ptr<Queue> queue = CurrentQueue();
     for (HWND next = FindToPaint(*queue, handle); next != nullptr; next = FindToPaint(*queue, handle)) {
         const WindowPtr window = LookUp(next);
-        SendPaint(next);
+        SendMessageW(next, WM_PAINT, 0, 0);
         // A procedure that does not begin painting would be asked for ever.
         window->update = {};
         window->internalPaint = false;
@@ -305,7 +296,7 @@ void CloseDcsOf(HWND handle)
 {
     std::lock_guard lock(dcLock);
     for (auto each = openDcs.begin(); each != openDcs.end();) {
-        if (each->second.window == handle && handle != nullptr) {
+        if (each->second == handle && handle != nullptr) {
             CloseSurfaceDC(each->first);
             each = openDcs.erase(each);
         } else {
@@ -317,7 +308,7 @@ void CloseDcsOf(HWND handle)
 void ClosePainting()
 {
     std::lock_guard lock(dcLock);
-    for (const auto& [dc, of] : openDcs)
+    for (const auto& [dc, window] : openDcs)
         CloseSurfaceDC(dc);
     openDcs.clear();
     screen.reset();
@@ -343,7 +334,7 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint)
     const RECT box = clip.Box();
     clip.Move(Minus(ClientOrigin(*window), WindowOrigin(TopLevelOf(*window))));
     clip = Region::Combined(clip, VisibleRegion(*window, false), RGN_AND);
-    const HDC dc = OpenDc(*window, false, clip, true);
+    const HDC dc = OpenDc(*window, false, clip);
     if (dc == nullptr)
         return nullptr;
     paint->hdc = dc;
@@ -392,7 +383,7 @@ HWND WINAPI WindowFromDC(HDC dc)
     const auto found = openDcs.find(dc);
     if (found == openDcs.end())
         return nullptr;
-    return found->second.window != nullptr ? found->second.window : Desktop().handle;
+    return found->second != nullptr ? found->second : Desktop().handle;
 }
 
 BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase)

@@ -90,7 +90,6 @@ struct Window
     std::u16string text;
     std::map<std::u16string, HANDLE> properties;
     std::array<HICON, 2> icons = {}; // WM_SETICON: small, big
-    HFONT font = nullptr;            // only of windows whose procedure leaves WM_SETFONT to the default
 
     RECT rect = {};   // in the parent's client coordinates
     RECT client = {}; // in window coordinates: (0, 0) is the window's top-left corner
@@ -101,7 +100,6 @@ struct Window
     bool activeFrame = false; // the caption is drawn as the active window's
     bool destroying = false;
     bool sized = false;                  // an overlapped window hears its size when it is first shown
-    bool internalDialog = false;         // a message box: its procedure is the layer's own
     std::array<ScrollBar, 2> scrollBars; // by SB_HORZ, SB_VERT
     std::unique_ptr<DialogState> dialog;
     HMENU systemMenu = nullptr;       // a program's copy
@@ -238,9 +236,9 @@ LRESULT CallProcedure(WNDPROC procedure, HWND window, UINT message, WPARAM wPara
 void ServeSent(Queue& queue);
 void CloseQueues();
 
-/// How a timer's message is found; false when none is due.
+/// Makes the message of a timer that is due; false when none is.
 bool TakeTimer(Queue& queue, HWND window, UINT first, UINT last, bool remove, MSG& message);
-/// Makes all timers due that fall into the next milliseconds.
+/// When the next timer is due (RoomTime); false without a timer.
 bool NextTimerDue(const Queue& queue, uint64_t& due);
 
 /// Takes the next message of mouse or keyboard. Runs hit tests, activation and cursor choice on the way.
@@ -328,6 +326,5 @@ void EndMenuOf(HWND window);
 void CloseInput();
 /// Composes the desktop; everything must be painted.
 std::shared_ptr<Surface> ComposeDesktop();
-HCURSOR CurrentCursor();
 
 } // namespace host
