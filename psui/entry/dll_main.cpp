@@ -4,6 +4,7 @@
 
 #include "psui/base/module.h"
 #include "psui/base/paths.h"
+#include "psui/controls/classes.h"
 #include "psui/model/cache.h"
 
 namespace psui {
@@ -30,10 +31,12 @@ void Attach(HMODULE module)
     hOwnModule = module;
     PinAndLoadLanguage();
     InitializeCriticalSection(&csDriver);
+    RegisterControlClasses();
 }
 
 void Detach()
 {
+    UnregisterControlClasses();
     if (IsModule(hLangModule))
         FreeLibrary(hLangModule);
     hLangModule = nullptr;
