@@ -32,6 +32,8 @@ class LedgerCheck : public testing::EmptyTestEventListener
         EXPECT_EQ(after.criticalSections, before_.criticalSections);
         EXPECT_EQ(after.keys, before_.keys);
         EXPECT_EQ(after.printers, before_.printers);
+        EXPECT_EQ(after.windows, before_.windows);
+        EXPECT_EQ(after.menus, before_.menus);
         EXPECT_EQ(after.deviceContexts, before_.deviceContexts);
         EXPECT_EQ(after.bitmaps, before_.bitmaps);
         EXPECT_EQ(after.brushes, before_.brushes);
