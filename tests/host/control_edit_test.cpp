@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <vector>
+
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -400,6 +403,72 @@ TEST(Edit, AsksForTheColoursOfAFieldOrOfALabelWhenItCannotBeChanged)
     SendMessageW(edit, EM_SETREADONLY, FALSE, 0);
     EnableWindow(edit, FALSE);
     EXPECT_EQ(asked(), static_cast<UINT>(WM_CTLCOLORSTATIC));
+}
+
+/// A dialog without a template's controls; the WM_COMMAND ids that it gets are kept.
+struct Dialog
+{
+    Dialog()
+    {
+        struct
+        {
+            DLGTEMPLATE head;
+            WORD menu, windowClass, title;
+        } const blank = {{WS_POPUP | WS_VISIBLE, 0, 0, 0, 0, 200, 100}, 0, 0, 0};
+        window = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &blank.head, nullptr, Procedure, 0);
+        commands.clear();
+    }
+    ~Dialog() { DestroyWindow(window); }
+
+    static INT_PTR CALLBACK Procedure(HWND, UINT message, WPARAM wParam, LPARAM)
+    {
+        if (message == WM_COMMAND)
+            commands.push_back(LOWORD(wParam));
+        return message == WM_COMMAND;
+    }
+
+    HWND Add(LPCWSTR className, DWORD style, int id) const
+    {
+        return CreateWindowExW(0, className, TEXT(""), style | WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10,
+                               10 + 40 * id, 100, 36, window,
+                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    }
+
+    void Key(HWND target, WPARAM key) const
+    {
+        MSG down = {target, WM_KEYDOWN, key, 1, 0, {}};
+        IsDialogMessageW(window, &down);
+        MSG queued = {};
+        while (PeekMessageW(&queued, nullptr, 0, 0, PM_REMOVE)) {
+            if (!IsDialogMessageW(window, &queued))
+                DispatchMessageW(&queued);
+        }
+    }
+    static auto TimesPressed(int id) { return std::count(commands.begin(), commands.end(), id); }
+
+    HWND window;
+    static inline std::vector<int> commands;
+};
+
+TEST(Edit, SeveralLinesGiveTheDialogItsKeysBack)
+{
+    const Dialog dialog;
+    const HWND plain = dialog.Add(TEXT("Edit"), kMulti, 3);
+    const HWND wanting = dialog.Add(TEXT("Edit"), kMulti | ES_WANTRETURN, 4);
+    dialog.Add(TEXT("Button"), BS_DEFPUSHBUTTON, IDOK);
+    SetFocus(plain);
+    Dialog::commands.clear();
+    dialog.Key(plain, VK_RETURN);
+    EXPECT_EQ(TextOf(plain), Text());
+    EXPECT_EQ(Dialog::TimesPressed(IDOK), 1);
+    SetFocus(plain);
+    dialog.Key(plain, VK_TAB);
+    EXPECT_EQ(TextOf(plain), Text());
+    EXPECT_EQ(GetFocus(), wanting);
+    Dialog::commands.clear();
+    dialog.Key(wanting, VK_RETURN);
+    EXPECT_EQ(TextOf(wanting), TEXT("\r\n"));
+    EXPECT_EQ(Dialog::TimesPressed(IDOK), 0);
 }
 
 TEST(Edit, PressedMouseSelects)

@@ -43,36 +43,14 @@ RECT PlaceContent(const RECT& area, SIZE size, UINT flags, DWORD style)
     return {left, top, left + size.cx, top + size.cy};
 }
 
-SIZE ImageSize(const Button& button)
-{
-    if (button.imageKind == IMAGE_BITMAP) {
-        BITMAP bitmap = {};
-        GetObjectW(button.image, sizeof(bitmap), &bitmap);
-        return {bitmap.bmWidth, bitmap.bmHeight};
-    }
-    return {GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)};
-}
-
-void DrawImage(HDC dc, const RECT& at, const Button& button)
-{
-    if (button.imageKind == IMAGE_ICON) {
-        DrawIconEx(dc, at.left, at.top, static_cast<HICON>(button.image), 0, 0, 0, nullptr, DI_NORMAL);
-        return;
-    }
-    const HDC memory = CreateCompatibleDC(dc);
-    const HGDIOBJ before = SelectObject(memory, button.image);
-    BitBlt(dc, at.left, at.top, at.right - at.left, at.bottom - at.top, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteDC(memory);
-}
-
 /// Text, or the image where one is set and the style asks for it. Returns the rectangle that it took.
 RECT DrawContent(const Picture& picture, const RECT& area, UINT usual)
 {
     const UINT flags = TextFlags(picture.style, usual);
     if (picture.button.image != nullptr && (picture.style & (BS_ICON | BS_BITMAP))) {
-        const RECT at = PlaceContent(area, ImageSize(picture.button), flags, picture.style);
-        DrawImage(picture.dc, at, picture.button);
+        const RECT at = PlaceContent(area, ImageSizeOf(picture.button.image, picture.button.imageKind), flags,
+                                     picture.style);
+        DrawImage(picture.dc, {at.left, at.top}, picture.button.image, picture.button.imageKind);
         return at;
     }
     const std::basic_string<WCHAR> text = TextOf(picture.window);

@@ -8,6 +8,28 @@ HGDIOBJ FontOrSystem(HFONT font)
     return font != nullptr ? static_cast<HGDIOBJ>(font) : GetStockObject(SYSTEM_FONT);
 }
 
+SIZE BitmapSize(HANDLE image)
+{
+    BITMAP bitmap = {};
+    GetObjectW(image, sizeof(bitmap), &bitmap);
+    return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+SIZE IconSize(HICON icon)
+{
+    constexpr int kMasks = 2; // an icon without a colour bitmap has both masks in one
+    ICONINFO info = {};
+    if (!GetIconInfo(icon, &info))
+        return {};
+    SIZE size = BitmapSize(info.hbmMask);
+    if (info.hbmColor == nullptr)
+        size.cy /= kMasks;
+    DeleteObject(info.hbmMask);
+    if (info.hbmColor != nullptr)
+        DeleteObject(info.hbmColor);
+    return size;
+}
+
 } // namespace
 
 void NotifyParent(HWND control, WORD code)
@@ -59,6 +81,25 @@ std::basic_string<WCHAR> TextOf(HWND window)
 theme::Look LookOf(HWND window)
 {
     return {IsWindowEnabled(window) != FALSE, false, GetFocus() == window, false};
+}
+
+SIZE ImageSizeOf(HANDLE image, UINT kind)
+{
+    return kind == IMAGE_BITMAP ? BitmapSize(image) : IconSize(static_cast<HICON>(image));
+}
+
+void DrawImage(HDC dc, POINT at, HANDLE image, UINT kind)
+{
+    const SIZE size = ImageSizeOf(image, kind);
+    if (kind != IMAGE_BITMAP) {
+        DrawIconEx(dc, at.x, at.y, static_cast<HICON>(image), size.cx, size.cy, 0, nullptr, DI_NORMAL);
+        return;
+    }
+    const HDC memory = CreateCompatibleDC(dc);
+    const HGDIOBJ before = SelectObject(memory, image);
+    BitBlt(dc, at.x, at.y, size.cx, size.cy, memory, 0, 0, SRCCOPY);
+    SelectObject(memory, before);
+    DeleteDC(memory);
 }
 
 void Repaint(HWND window)

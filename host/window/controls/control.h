@@ -71,6 +71,11 @@ POINT PointOf(LPARAM lParam);
 std::basic_string<WCHAR> TextOf(HWND window);
 theme::Look LookOf(HWND window);
 
+/// The size in pixels of an image of a control: a bitmap for IMAGE_BITMAP, an icon for all other kinds; and
+/// its drawing in that size.
+SIZE ImageSizeOf(HANDLE image, UINT kind);
+void DrawImage(HDC dc, POINT at, HANDLE image, UINT kind);
+
 /// Marks the whole window for painting, without erasing it first.
 void Repaint(HWND window);
 

@@ -34,14 +34,9 @@ void FreeOwnImage(HWND window, Static& control)
     control.ownsImage = false;
 }
 
-SIZE ImageSize(HWND window, const Static& control)
+UINT ImageKind(HWND window)
 {
-    if (KindOf(window) == SS_BITMAP) {
-        BITMAP bitmap = {};
-        GetObjectW(control.image, sizeof(bitmap), &bitmap);
-        return {bitmap.bmWidth, bitmap.bmHeight};
-    }
-    return {GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)};
+    return KindOf(window) == SS_BITMAP ? IMAGE_BITMAP : IMAGE_ICON;
 }
 
 /// Without a style that keeps its size, the control takes the image's.
@@ -49,7 +44,7 @@ void FitToImage(HWND window, const Static& control)
 {
     if (control.image == nullptr || (StyleOf(window) & (SS_CENTERIMAGE | SS_REALSIZECONTROL)))
         return;
-    const SIZE size = ImageSize(window, control);
+    const SIZE size = ImageSizeOf(control.image, ImageKind(window));
     RECT whole = {0, 0, size.cx, size.cy};
     AdjustWindowRectEx(&whole, StyleOf(window), FALSE,
                        static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)));
@@ -152,19 +147,10 @@ void PaintImage(HWND window, const Static& control, HDC dc, const RECT& rect)
 {
     if (control.image == nullptr)
         return;
-    const SIZE size = ImageSize(window, control);
+    const SIZE size = ImageSizeOf(control.image, ImageKind(window));
     const bool centred = (StyleOf(window) & SS_CENTERIMAGE) != 0;
-    const int left = centred ? (rect.right - size.cx) / 2 : 0;
-    const int top = centred ? (rect.bottom - size.cy) / 2 : 0;
-    if (KindOf(window) == SS_ICON) {
-        DrawIconEx(dc, left, top, static_cast<HICON>(control.image), 0, 0, 0, nullptr, DI_NORMAL);
-        return;
-    }
-    const HDC memory = CreateCompatibleDC(dc);
-    const HGDIOBJ before = SelectObject(memory, control.image);
-    BitBlt(dc, left, top, size.cx, size.cy, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteDC(memory);
+    const POINT at = {centred ? (rect.right - size.cx) / 2 : 0, centred ? (rect.bottom - size.cy) / 2 : 0};
+    DrawImage(dc, at, control.image, ImageKind(window));
 }
 
 /// The rectangles and frames in the order of their styles.
