@@ -285,6 +285,67 @@ TEST(InstallableConflicts, AreRepaired)
     }
 }
 
+namespace {
+
+// The repair as its definition states it, one question at a time.
+void RepairStepByStep(const ModelDescription* model, uint8_t (&sel)[kMaxSelections])
+{
+    const uint16_t n = model->documentFeatureCount;
+    const uint16_t count = model->installableFeatureCount;
+    auto feature = [&](uint16_t i) { return NthNode(model->features.get(), n + uint32_t{i}); };
+    auto forbids = [&](uint16_t a, uint16_t o, uint16_t b, uint16_t p) {
+        return IsConstrained(model, static_cast<uint16_t>(n + a), o, static_cast<uint16_t>(n + b), p);
+    };
+    for (uint16_t i = 0; i < count; ++i)
+        sel[i] = static_cast<uint8_t>(feature(i)->defaultOption);
+    for (uint16_t j = 0; j < count; ++j) {
+        uint16_t k = 0;
+        while (k < count && (k == j || !forbids(k, sel[k], j, sel[j])))
+            ++k;
+        if (k == count)
+            continue;
+        bool moved = false;
+        for (uint16_t o = 0; o < OptionCount(feature(j)) && !moved; ++o) {
+            bool free = true;
+            for (uint16_t m = 0; m < count; ++m)
+                free = free && (m == j || !forbids(m, sel[m], j, o));
+            if (free)
+                sel[j] = static_cast<uint8_t>(o);
+            moved = free;
+        }
+        for (uint16_t p = 0; p < OptionCount(feature(k)) && !moved; ++p) {
+            moved = !forbids(k, p, j, sel[j]);
+            if (moved)
+                sel[k] = static_cast<uint8_t>(p);
+        }
+    }
+}
+
+} // namespace
+
+TEST(InstallableConflicts, AreRepairedAsTheStepsSayForAnyConstraints)
+{
+    uint32_t state = 12345;
+    auto random = [&state](uint32_t below) {
+        state = state * 1664525 + 1013904223;
+        return (state >> 16) % below;
+    };
+    const char* sides[] = {"*P", "*P p0", "*P p1", "*Q",    "*Q False", "*Q True",
+                           "*R", "*R r0", "*R r1", "*R r2", "*CM"};
+    for (int round = 0; round < 400; ++round) {
+        std::string constraints;
+        for (uint32_t i = random(8); i > 0; --i)
+            constraints +=
+                std::string("*UIConstraints: ") + sides[random(11)] + " " + sides[random(11)] + "\n";
+        const ModelPtr model = CircleWith(constraints.c_str());
+        uint8_t expected[kMaxSelections] = {};
+        uint8_t selections[kMaxSelections] = {};
+        RepairStepByStep(model.get(), expected);
+        ResolveInstallableConflicts(model.get(), selections);
+        ASSERT_EQ(std::memcmp(selections, expected, sizeof(expected)), 0) << constraints;
+    }
+}
+
 TEST(Units, ConvertInSinglePrecisionAndTruncate)
 {
     EXPECT_EQ(MicronsToPoints256(210000), 152390);
