@@ -1,7 +1,7 @@
 #include "psui/controls/frame.h"
 
 #include "psui/base/gdi.h"
-#include "psui/base/memory.h"
+#include "psui/controls/control_record.h"
 
 namespace psui {
 
@@ -9,20 +9,6 @@ namespace {
 
 constexpr DWORD kUnusedStyle = 0x02; // excludes swapped edges
 constexpr int kTextUnits = 64;
-
-FrameRecord* RecordOf(HWND window)
-{
-    return reinterpret_cast<FrameRecord*>(GetWindowLongPtrW(window, 0));
-}
-
-LRESULT OnNcCreate(HWND window, WPARAM wParam, LPARAM lParam)
-{
-    HeapPtr<FrameRecord> record = AllocateZeroed<FrameRecord>();
-    if (!record)
-        return FALSE;
-    SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(record.release()));
-    return DefWindowProcW(window, WM_NCCREATE, wParam, lParam);
-}
 
 void OnCreate(HWND window, FrameRecord& record, const CREATESTRUCTW& create)
 {
@@ -113,8 +99,8 @@ void Paint(HWND window, const FrameRecord& record)
 LRESULT CALLBACK FrameWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_NCCREATE)
-        return OnNcCreate(window, wParam, lParam);
-    FrameRecord* const record = RecordOf(window);
+        return CreateRecord<FrameRecord>(window, wParam, lParam);
+    FrameRecord* const record = RecordOf<FrameRecord>(window);
     if (!record)
         return DefWindowProcW(window, message, wParam, lParam);
     switch (message) {
@@ -122,8 +108,7 @@ LRESULT CALLBACK FrameWndProc(HWND window, UINT message, WPARAM wParam, LPARAM l
         OnCreate(window, *record, *reinterpret_cast<const CREATESTRUCTW*>(lParam));
         return 0;
     case WM_NCDESTROY:
-        SetWindowLongPtrW(window, 0, 0);
-        HeapFree(GetProcessHeap(), 0, record);
+        FreeRecord<FrameRecord>(window);
         break;
     case WM_SETTEXT:
         TakeCaption(window, *record, reinterpret_cast<const WCHAR*>(lParam));

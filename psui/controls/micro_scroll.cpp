@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "psui/base/gdi.h"
-#include "psui/base/memory.h"
+#include "psui/controls/control_record.h"
 
 namespace psui {
 
@@ -18,11 +18,6 @@ constexpr UINT kRepeatDelay = 50;
 constexpr int kTextUnits = 64;
 constexpr WORD kRangeChanged = 3; // notification code
 constexpr LRESULT kRefused = -1;
-
-MicroScrollRecord* RecordOf(HWND window)
-{
-    return reinterpret_cast<MicroScrollRecord*>(GetWindowLongPtrW(window, 0));
-}
 
 bool IsVertical(const MicroScrollRecord& record)
 {
@@ -76,15 +71,6 @@ void TakeStep(HWND window, MicroScrollRecord& record)
 }
 
 // Creation
-
-LRESULT OnNcCreate(HWND window, WPARAM wParam, LPARAM lParam)
-{
-    HeapPtr<MicroScrollRecord> record = AllocateZeroed<MicroScrollRecord>();
-    if (!record)
-        return FALSE;
-    SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(record.release()));
-    return DefWindowProcW(window, WM_NCCREATE, wParam, lParam);
-}
 
 void OnCreate(HWND window, MicroScrollRecord& record, const CREATESTRUCTW& create)
 {
@@ -354,8 +340,8 @@ bool SetMicroScrollRange(MicroScrollRecord& record, uint16_t minimum, uint16_t m
 LRESULT CALLBACK MicroScrollWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_NCCREATE)
-        return OnNcCreate(window, wParam, lParam);
-    MicroScrollRecord* const record = RecordOf(window);
+        return CreateRecord<MicroScrollRecord>(window, wParam, lParam);
+    MicroScrollRecord* const record = RecordOf<MicroScrollRecord>(window);
     if (!record)
         return DefWindowProcW(window, message, wParam, lParam);
     if (message >= WM_USER)
@@ -365,8 +351,7 @@ LRESULT CALLBACK MicroScrollWndProc(HWND window, UINT message, WPARAM wParam, LP
         OnCreate(window, *record, *reinterpret_cast<const CREATESTRUCTW*>(lParam));
         return 0;
     case WM_NCDESTROY:
-        SetWindowLongPtrW(window, 0, 0);
-        HeapFree(GetProcessHeap(), 0, record);
+        FreeRecord<MicroScrollRecord>(window);
         break;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
