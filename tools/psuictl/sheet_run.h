@@ -1,14 +1,13 @@
 #pragma once
 // Runs a sheet function of the library in the common property-sheet UI, as the spooler's own windows do.
-#include <functional>
-#include <vector>
+#include <cstddef>
 
 #include "psui/entry/ddi.h"
 #include "tools/psuictl/text.h"
 
 namespace psuictl {
 
-/// The common UI stopped with a code of its own.
+/// How a sheet went.
 struct SheetRun
 {
     LONG answer;      ///< of the common UI, negative for a failure

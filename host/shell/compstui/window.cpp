@@ -3,8 +3,7 @@
 #include "host/shell/compstui/window.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
+#include <cstddef>
 #include <iterator>
 
 #include <commctrl.h>
