@@ -1,6 +1,4 @@
 // Measuring and drawing text. Typefaces differ from system to system, so tests state relations.
-#include <algorithm>
-
 #include "tests/host/gdi_canvas.h"
 #include "tests/host/wine.h"
 
@@ -238,8 +236,9 @@ TEST_F(Text, DrawTextMeasuresLines)
     };
     for (const auto& each : cases) {
         const RECT rect = Measured(dc_, each.text, each.width, each.format);
-        // The word before a break may keep its blank, so the widest line may be a little wider.
-        EXPECT_EQ(rect.right, std::max(each.right, rect.right - blank)) << each.what;
+        // The word before a break may keep its blank.
+        EXPECT_GE(rect.right, each.right) << each.what;
+        EXPECT_LE(rect.right, each.right + blank) << each.what;
         EXPECT_EQ(rect.bottom, each.lines * line) << each.what;
     }
 }
@@ -348,8 +347,8 @@ TEST_F(Text, FacesAreListedUntilTheProgramHasEnough)
     const int length = GetTextFaceW(dc_, LF_FACESIZE, found.face);
     EXPECT_EQ(length, lstrlenW(found.face) + 1);
     EXPECT_EQ(EnumFontFamiliesW(dc_, nullptr, CountFaces, reinterpret_cast<LPARAM>(&found)), 1);
-    EXPECT_EQ(found.matching, 1);
-    EXPECT_GT(found.all, 1);
+    EXPECT_GE(found.matching, 1);
+    EXPECT_GT(found.all, found.matching);
     FaceCount named = found;
     named.all = named.matching = 0;
     EnumFontFamiliesW(dc_, found.face, CountFaces, reinterpret_cast<LPARAM>(&named));
