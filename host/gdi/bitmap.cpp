@@ -203,7 +203,7 @@ HBITMAP WINAPI CreateDIBSection(HDC handle, const BITMAPINFO* info, UINT usage, 
     }
     const GdiLock lock;
     const std::shared_ptr<Bitmap> bitmap =
-        MakeSection(*format, info->bmiHeader, ReadColorTable(*info, *format, usage, *PaletteOf(handle)));
+        MakeSection(*format, info->bmiHeader, ReadColorTable(info, *format, usage, *PaletteOf(handle)));
     const HBITMAP result = NewBitmapHandle(bitmap);
     if (result != nullptr && bits != nullptr)
         *bits = format->bottomUp ? bitmap->image.top + bitmap->image.stride * (format->height - 1)
@@ -236,7 +236,7 @@ int WINAPI SetDIBits(HDC dc, HBITMAP handle, UINT start, UINT count, const VOID*
         info != nullptr && bits != nullptr ? ReadDibHeader(info->bmiHeader) : std::nullopt;
     if (!format)
         return FailWith(ERROR_INVALID_PARAMETER);
-    std::vector<uint32_t> table = ReadColorTable(*info, *format, usage, *PaletteOf(dc));
+    std::vector<uint32_t> table = ReadColorTable(info, *format, usage, *PaletteOf(dc));
     return CopyLines(LinesIn(*format, bits, std::move(table), start, count), bitmap->image, true);
 }
 

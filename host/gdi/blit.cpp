@@ -191,7 +191,7 @@ std::optional<Image> ProgramDib(const DeviceContext& dc, const void* bits, const
     const std::optional<DibFormat> format = ReadDibHeader(info->bmiHeader);
     if (!format)
         return {};
-    return ViewOf(*format, bits, ReadColorTable(*info, *format, usage, *dc.state.palette.Get()));
+    return ViewOf(*format, bits, ReadColorTable(info, *format, usage, *dc.state.palette.Get()));
 }
 
 } // namespace
@@ -279,8 +279,7 @@ int WINAPI SetDIBitsToDevice(HDC handle, int x, int y, DWORD width, DWORD height
     format->height = static_cast<int>(std::min(scanCount, static_cast<UINT>(wholeHeight - start)));
     if (format->height == 0)
         return 0;
-    const Image image =
-        ViewOf(*format, bits, ReadColorTable(*info, *format, usage, *dc->state.palette.Get()));
+    const Image image = ViewOf(*format, bits, ReadColorTable(info, *format, usage, *dc->state.palette.Get()));
     const int cx = static_cast<int>(std::min<DWORD>(width, INT16_MAX));
     const int cy = static_cast<int>(std::min<DWORD>(height, INT16_MAX));
     // The source's row that belongs to the target's top, counted from the top of the rows that are here.

@@ -47,13 +47,13 @@ std::optional<DibFormat> ReadDibHeader(const BITMAPINFOHEADER& header)
     return format;
 }
 
-std::vector<uint32_t> ReadColorTable(const BITMAPINFO& info, const DibFormat& format, UINT usage,
+std::vector<uint32_t> ReadColorTable(const void* info, const DibFormat& format, UINT usage,
                                      const Palette& palette)
 {
     if (format.depth > 8)
         return {};
     std::vector<uint32_t> table(size_t{1} << format.depth, kBlackPixel);
-    const std::byte* const entries = reinterpret_cast<const std::byte*>(&info) + format.tableOffset;
+    const std::byte* const entries = static_cast<const std::byte*>(info) + format.tableOffset;
     for (size_t i = 0; i < format.colorCount; ++i) {
         if (usage != DIB_PAL_COLORS) {
             std::memcpy(&table[i], entries + i * sizeof(RGBQUAD), sizeof(RGBQUAD));
@@ -96,9 +96,8 @@ std::optional<Image> ViewOfPackedDib(std::span<const std::byte> data, size_t bit
     const size_t bits = bitsOffset != 0 ? bitsOffset : tableEnd;
     if (bits < tableEnd || bits > data.size() || data.size() - bits < format->ImageBytes())
         return {};
-    const auto& info = *reinterpret_cast<const BITMAPINFO*>(data.data());
     return ViewOf(*format, data.data() + bits,
-                  ReadColorTable(info, *format, DIB_RGB_COLORS, *Stock<Palette>(DEFAULT_PALETTE)));
+                  ReadColorTable(data.data(), *format, DIB_RGB_COLORS, *Stock<Palette>(DEFAULT_PALETTE)));
 }
 
 void CopyRow(const Image& from, int fromY, const Image& to, int toY, int count)

@@ -26,8 +26,9 @@ struct DibFormat
 /// Nothing when the header describes no image that is known here. Only the header itself is read.
 std::optional<DibFormat> ReadDibHeader(const BITMAPINFOHEADER& header);
 
-/// The pixels of a colour table. With DIB_PAL_COLORS it holds 16-bit places in `palette`.
-std::vector<uint32_t> ReadColorTable(const BITMAPINFO& info, const DibFormat& format, UINT usage,
+/// The pixels of the colour table of a BITMAPINFO, which may lie anywhere. With DIB_PAL_COLORS it holds
+/// 16-bit places in `palette`.
+std::vector<uint32_t> ReadColorTable(const void* info, const DibFormat& format, UINT usage,
                                      const Palette& palette);
 
 /// An image in the program's memory; it must stay there and hold format.ImageBytes().

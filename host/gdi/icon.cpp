@@ -77,9 +77,8 @@ std::optional<IconImages> ImagesOf(std::span<const std::byte> data)
     const size_t maskBits = colorBits + format.ImageBytes();
     if (maskBits > data.size() || data.size() - maskBits < maskFormat.ImageBytes())
         return {};
-    const auto& info = *reinterpret_cast<const BITMAPINFO*>(data.data());
     std::vector<uint32_t> table =
-        ReadColorTable(info, format, DIB_RGB_COLORS, *Stock<Palette>(DEFAULT_PALETTE));
+        ReadColorTable(data.data(), format, DIB_RGB_COLORS, *Stock<Palette>(DEFAULT_PALETTE));
     return IconImages{ViewOf(format, data.data() + colorBits, std::move(table)),
                       ViewOf(maskFormat, data.data() + maskBits, {kBlackPixel, kWhitePixel})};
 }
