@@ -209,8 +209,8 @@ HOST_EXPORT void FailLaunches(unsigned code);
 
 struct Event
 {
-    /// "launch" (WinExec), "open" (ShellExecuteW), "beep" (MessageBeep), "help" and "help closed" (HtmlHelpW);
-    /// "failed launch" and "failed open" when the program was told that it did not work.
+    /// "launch" (WinExec), "open" (ShellExecuteW), "beep" (MessageBeep), "help" and "help closed"
+    /// (HtmlHelpW); "failed launch" and "failed open" when the program was told that it did not work.
     std::string kind;
     std::u16string text;   ///< command line; file or page; empty
     std::u16string detail; ///< show code; "VERB|PARAMETERS|FOLDER|SHOW CODE"; kind of sound. Decimal codes

@@ -54,8 +54,7 @@ struct BuiltInModule
 constexpr BuiltInModule kBuiltInModules[] = {
     {u"advapi32.dll", true}, {u"comdlg32.dll", false}, {u"compstui.dll", false}, {u"gdi32.dll", true},
     {u"kernel32.dll", true}, {u"shell32.dll", true},   {u"spoolss.dll", false},  {u"user32.dll", true},
-    {u"version.dll", true},  {u"winspool.drv", true},
-    {u"hhctrl.ocx", false},  {u"ole32.dll", true},
+    {u"version.dll", true},  {u"winspool.drv", true},  {u"hhctrl.ocx", false},   {u"ole32.dll", true},
 };
 
 /// Functions that programs ask for by number.

@@ -21,8 +21,8 @@
 #define IDB_MODE_VIVID   13031
 #define IDB_MODE_OFF     13032
 
-/* The page as it will be printed: + 20 a quality level, + 10 landscape, + 5 monochrome, + 1 or 2 for posters of
-   2 x 2 and 3 x 3 sheets */
+/* The page as it will be printed: + 20 a quality level, + 10 landscape, + 5 monochrome, + 1 or 2 for posters
+   of 2 x 2 and 3 x 3 sheets */
 #define IDB_PAGE           13100
 #define IDB_PAGE_SIZE_FROM 13120 /* the preview takes the size of this one */
 
@@ -59,5 +59,5 @@
 #define IDB_FAVOURITE_SAVE    22321
 #define IDB_FAVOURITE_RESTORE 22322
 
-#define IDI_FAVOURITE     22301 /* icons, plus 0 to 19 */
-#define FAVOURITE_ICONS   20
+#define IDI_FAVOURITE   22301 /* icons, plus 0 to 19 */
+#define FAVOURITE_ICONS 20
