@@ -11,7 +11,7 @@ packages=(
     fonts-liberation fonts-ipaexfont-gothic     # the typefaces that it draws with
     libx11-dev                                  # its windows on a display
     nlohmann-json3-dev libcli11-dev             # psuictl: JSON and command lines
-    python3-cairo fonts-liberation              # drawing the library's pictures
+    python3-cairo                               # drawing the library's pictures
     libcups2-dev                                # the PPD library that the benchmark compares with
     g++-mingw-w64-x86-64                        # Windows build, resource compiler
     wine wine64 xvfb xauth                      # proof of the Windows build
