@@ -29,8 +29,8 @@ void CentreButton(HWND dialog, int control)
 void OnInit(HWND dialog, PrinterUiContext* context)
 {
     SetWindowLongPtrW(dialog, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(context));
-    FitControlToBitmap(dialog, IDC_NOTICE_PICTURE1, IDB_NOTICE_BORDER);
-    FitControlToBitmap(dialog, IDC_NOTICE_PICTURE2, IDB_NOTICE_BORDERLESS);
+    FitControlToBitmap(dialog, IDC_NOTICE_PICTURE1, IDB_NOTICE_TRAY);
+    FitControlToBitmap(dialog, IDC_NOTICE_PICTURE2, IDB_NOTICE_LOADING);
     CentreButton(dialog, IDOK);
     CheckDlgButton(dialog, IDC_NOTICE_OFF, context->dmWork.dmPrivate.dwPhotoNotice != 1);
     CentreOverOwner(dialog);

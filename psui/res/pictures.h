@@ -45,8 +45,8 @@
 #define IDB_COLOR      13350 /* key olive */
 #define IDB_MONOCHROME 13351 /* key olive */
 
-#define IDB_NOTICE_BORDER     13355
-#define IDB_NOTICE_BORDERLESS 13356
+#define IDB_NOTICE_TRAY    13355
+#define IDB_NOTICE_LOADING 13356
 
 /* Duplex, plus the type; booklets plus 0 or 1 for the side of the binding */
 #define IDB_DUPLEX_PORTRAIT   13371

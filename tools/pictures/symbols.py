@@ -178,16 +178,33 @@ def colour_symbol(colours):
     return canvas
 
 
-def photo_paper(borderless):
-    """A photograph with and without a white border, for the notice on photo sizes."""
+def photo_tray():
+    """The paper tray from above, its lever set to photo paper: first step of the notice on photo sizes."""
     canvas = Canvas(96, 72, BUTTON_FACE)
-    sheet(canvas, 4, 4, 88, 64)
-    if borderless:
-        photo(canvas, 4, 4, 86, 62, smooth=True)
-        for (x1, y1), (x2, y2) in (((13, 13), (2, 2)), ((81, 13), (92, 2)), ((13, 57), (2, 68)), ((81, 57), (92, 68))):
-            canvas.arrow(x1, y1, x2, y2, WARM, 2, 6)
-    else:
-        photo(canvas, 12, 12, 70, 46, smooth=True)
+    canvas.rounded(8, 8, 80, 56, 5)
+    canvas.fill(0x66727E)
+    canvas.rounded(13, 13, 70, 46, 3)
+    canvas.fill(0xDDE2E8)
+    sheet(canvas, 17, 18, 34, 36)
+    photo(canvas, 17, 18, 32, 34, smooth=True)
+    canvas.rounded(63, 18, 10, 36, 5)
+    canvas.fill(0x49545F)
+    canvas.circle(68, 24, 7, WARM)
+    canvas.arrow(80, 46, 80, 22, WARM, 2.5, 7)
+    return canvas
+
+
+def photo_loading():
+    """Photo paper going in with its printing side down: second step."""
+    canvas = Canvas(96, 72, BUTTON_FACE)
+    canvas.polygon([(10, 44), (86, 44), (92, 66), (4, 66)], 0x66727E)
+    canvas.polygon([(18, 48), (78, 48), (82, 62), (14, 62)], 0x49545F)
+    sheet(canvas, 28, 5, 42, 46, 0xF1F4F8)
+    canvas.polygon([(70 - 15, 49), (68, 49), (68, 36)], BUTTON_FACE)
+    canvas.polygon([(55, 49), (68, 36), (55, 36)], 0x5AA2E6)
+    canvas.path([(55, 49), (55, 36), (68, 36)])
+    canvas.stroke(EDGE)
+    canvas.arrow(48, 12, 48, 32, WARM, 3, 9)
     return canvas
 
 
@@ -279,8 +296,8 @@ def bitmaps():
     yield 13032, colour_picture(Ink(False, .45), "off")
     yield 13350, colour_symbol((0x18A0E0, 0xE0257F, 0xF5C400))
     yield 13351, colour_symbol((0x8C8C8C, 0x5A5A5A, 0xBDBDBD))
-    yield 13355, photo_paper(False)
-    yield 13356, photo_paper(True)
+    yield 13355, photo_tray()
+    yield 13356, photo_loading()
     yield 20301, colour_sample()
     yield 20303, service_picture()
     yield 22321, favourites_picture(True)
