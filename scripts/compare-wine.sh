@@ -147,6 +147,7 @@ add_and_remove() { # linux|wine, language, model
 }
 
 wineserver -w
+forget_driver_settings
 for path in "$models"/*.ppd; do
     model=$(basename "$path")
     cp -- "$path" .

@@ -16,6 +16,7 @@ work=$PWD/build/scenarios-wine
 printer="Scenario printer"
 psuictl() { (cd "$work" && wine "$build/product/psuictl.exe" "$@") | tr -d '\r'; }
 rm -rf "$work" && mkdir -p "$work"
+forget_driver_settings
 cp models/palette940.ppd "$work/"
 psuictl printer remove "$printer" >/dev/null 2>&1 || true
 psuictl printer add "$printer" --model palette940.ppd >/dev/null

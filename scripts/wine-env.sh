@@ -12,3 +12,12 @@ mkdir -p build
     echo "Wine cannot be set up; see build/wine-prefix.log" >&2
     exit 1
 ) 9>build/wine-prefix.lock
+
+# What the driver and its status monitor keep for a user and a computer, so that no script finds another's remains.
+forget_driver_settings() {
+    local key
+    for key in HKCU\\Software HKLM\\Software HKLM\\Software\\Wow6432Node; do
+        wine reg delete "$key\\Velmora" /f >/dev/null 2>&1 || true # there may be none
+    done
+    rm -rf "$WINEPREFIX"/drive_c/users/*/AppData/Roaming/Velmora "$WINEPREFIX"/drive_c/ProgramData/Velmora
+}
