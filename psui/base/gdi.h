@@ -66,6 +66,29 @@ private:
     HGDIOBJ previous_;
 };
 
+/// Selects a palette, tells the system to use it, and puts the previous one back. Null selects nothing.
+class PaletteSelection
+{
+public:
+    PaletteSelection(HDC dc, HPALETTE palette)
+        : dc_(dc), previous_(palette ? SelectPalette(dc, palette, FALSE) : nullptr)
+    {
+        if (previous_)
+            RealizePalette(dc);
+    }
+    ~PaletteSelection()
+    {
+        if (previous_)
+            SelectPalette(dc_, previous_, FALSE);
+    }
+    PaletteSelection(const PaletteSelection&) = delete;
+    PaletteSelection& operator=(const PaletteSelection&) = delete;
+
+private:
+    HDC dc_;
+    HPALETTE previous_;
+};
+
 /// Saves everything that a device context has set and selected, and restores it.
 class SavedState
 {

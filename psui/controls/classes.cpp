@@ -32,8 +32,7 @@ enum HookedClass
 WNDPROC previousProcedures[kHookedClasses];
 bool registered;
 
-template <HookedClass hooked>
-LRESULT CALLBACK Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT TellDialog(HookedClass hooked, HWND control, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_SETFOCUS || message == WM_NCHITTEST)
         SendMessageW(GetParent(control), WM_COMMAND, kControlTouched, reinterpret_cast<LPARAM>(control));
@@ -41,15 +40,6 @@ LRESULT CALLBACK Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
     return previous ? CallWindowProcW(previous, control, message, wParam, lParam)
                     : DefWindowProcW(control, message, wParam, lParam);
 }
-
-constexpr WNDPROC NewButton = Hook<kButton>;
-constexpr WNDPROC NewComboBox = Hook<kComboBox>;
-constexpr WNDPROC NewEdit = Hook<kEdit>;
-constexpr WNDPROC NewListBox = Hook<kListBox>;
-constexpr WNDPROC NewScrollBar = Hook<kScrollBar>;
-constexpr WNDPROC NewMuScroll = Hook<kMicroScroll>;
-constexpr WNDPROC NewTrackbar = Hook<kTrackbar>;
-constexpr WNDPROC NewUpdown = Hook<kUpDown>;
 
 struct HookRow
 {
@@ -104,6 +94,46 @@ void UnregisterControlClasses()
     registered = false;
     UnregisterClassW(kMicroScrollClass, hOwnModule);
     UnregisterClassW(kFrameClass, hOwnModule);
+}
+
+LRESULT CALLBACK NewButton(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kButton, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewComboBox(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kComboBox, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewEdit(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kEdit, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewListBox(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kListBox, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewScrollBar(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kScrollBar, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewMuScroll(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kMicroScroll, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewTrackbar(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kTrackbar, control, message, wParam, lParam);
+}
+
+LRESULT CALLBACK NewUpdown(HWND control, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return TellDialog(kUpDown, control, message, wParam, lParam);
 }
 
 BOOL CALLBACK SubClassChildWndProc(HWND child, LPARAM)

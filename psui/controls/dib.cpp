@@ -8,7 +8,6 @@ namespace psui {
 
 namespace {
 
-constexpr uint32_t kMaxColors = 256;
 constexpr WORD kPaletteVersion = 0x300;
 constexpr int kMaxSide = 4096; // pixels; far beyond any picture of ours, and no product of two overflows
 
@@ -28,20 +27,17 @@ bool IsSound(const BITMAPINFOHEADER& header)
 {
     return header.biSize == sizeof(BITMAPINFOHEADER) && header.biCompression == BI_RGB &&
            IsDepth(header.biBitCount) && header.biWidth > 0 && header.biWidth <= kMaxSide &&
-           header.biHeight > 0 && header.biHeight <= kMaxSide && header.biClrUsed <= kMaxColors;
+           header.biHeight > 0 && header.biHeight <= kMaxSide &&
+           header.biClrUsed <= (header.biBitCount > 8 ? 0 : kMaxDibColors);
 }
 
 } // namespace
 
-DibView FindDib(UINT id)
+DibView ReadDib(const void* bytes, size_t size)
 {
-    const HRSRC resource = FindResourceW(hOwnModule, MAKEINTRESOURCEW(id), RT_BITMAP);
-    const HGLOBAL loaded = resource ? LoadResource(hOwnModule, resource) : nullptr;
-    const auto* bytes = loaded ? static_cast<const uint8_t*>(LockResource(loaded)) : nullptr;
-    const size_t size = bytes ? SizeofResource(hOwnModule, resource) : 0;
     if (size < sizeof(BITMAPINFOHEADER))
         return {};
-    const auto* info = reinterpret_cast<const BITMAPINFO*>(bytes);
+    const auto* info = static_cast<const BITMAPINFO*>(bytes);
     if (!IsSound(info->bmiHeader))
         return {};
     DibView dib;
@@ -53,19 +49,27 @@ DibView FindDib(UINT id)
     if (offset + rowBytes * static_cast<size_t>(info->bmiHeader.biHeight) > size)
         return {};
     dib.info = info;
-    dib.colors = reinterpret_cast<const RGBQUAD*>(bytes + sizeof(BITMAPINFOHEADER));
-    dib.pixels = bytes + offset;
+    dib.colors = info->bmiColors;
+    dib.pixels = static_cast<const uint8_t*>(bytes) + offset;
     return dib;
+}
+
+DibView FindDib(UINT id)
+{
+    const HRSRC resource = FindResourceW(hOwnModule, MAKEINTRESOURCEW(id), RT_BITMAP);
+    const HGLOBAL loaded = resource ? LoadResource(hOwnModule, resource) : nullptr;
+    const void* const bytes = loaded ? LockResource(loaded) : nullptr;
+    return bytes ? ReadDib(bytes, SizeofResource(hOwnModule, resource)) : DibView{};
 }
 
 HPALETTE PaletteOf(const RGBQUAD* colors, uint32_t count)
 {
-    if (count == 0 || count > kMaxColors)
+    if (count == 0 || count > kMaxDibColors)
         return nullptr;
     struct
     {
         LOGPALETTE head;
-        PALETTEENTRY more[kMaxColors - 1]; // the head holds the first
+        PALETTEENTRY more[kMaxDibColors - 1]; // the head holds the first
     } palette = {};
     palette.head.palVersion = kPaletteVersion;
     palette.head.palNumEntries = static_cast<WORD>(count);

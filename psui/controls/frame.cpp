@@ -1,6 +1,7 @@
 #include "psui/controls/frame.h"
 
 #include "psui/base/gdi.h"
+#include "psui/controls/classes.h"
 #include "psui/controls/control_record.h"
 
 namespace psui {

@@ -29,6 +29,4 @@ struct FrameRecord
     WCHAR caption[kFrameCaptionUnits];
 };
 
-LRESULT CALLBACK FrameWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
 } // namespace psui

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "psui/base/gdi.h"
+#include "psui/controls/classes.h"
 #include "psui/controls/control_record.h"
 
 namespace psui {
@@ -136,6 +137,8 @@ void StopPressing(HWND window, MicroScrollRecord& record)
 
 void OnTimer(HWND window, MicroScrollRecord& record, UINT_PTR timer)
 {
+    if (timer != kFirstTimer && timer != kRepeatTimer)
+        return;
     if (timer == kFirstTimer) {
         KillTimer(window, kFirstTimer);
         SetTimer(window, kRepeatTimer, kRepeatDelay, nullptr);
@@ -167,7 +170,7 @@ void ArrowPoints(POINT at, bool vertical, int towards, POINT (&points)[3])
 {
     constexpr int kHalfWidth = 3;
     const int tip = towards < 0 ? -1 : 1;
-    const POINT shape[3] = {{-kHalfWidth, -tip}, {kHalfWidth, -tip}, {0, 2 * tip}};
+    const POINT shape[3] = {{-kHalfWidth, -tip}, {kHalfWidth, -tip}, {0, tip}};
     for (int i = 0; i < 3; ++i)
         points[i] = vertical ? POINT{at.x + shape[i].x, at.y + shape[i].y}
                              : POINT{at.x + shape[i].y, at.y + shape[i].x};

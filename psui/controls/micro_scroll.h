@@ -56,6 +56,4 @@ bool StepMicroScroll(MicroScrollRecord& record, bool firstHalf);
 /// moved.
 bool SetMicroScrollRange(MicroScrollRecord& record, uint16_t minimum, uint16_t maximum);
 
-LRESULT CALLBACK MicroScrollWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
 } // namespace psui

@@ -87,8 +87,10 @@ UINT DuplexPreviewBitmap(const DriverDevMode& record)
     const unsigned type = settings.wDuplexFlags & kDuplexTypeMask;
     if (!(settings.wDuplexFlags & kDuplexOn) || type > kLastDuplexType)
         return 0;
-    const bool twoPages = settings.dwPagesPerSheet == 2;
     const bool landscape = IsLandscape(record.dmPublic);
+    if (!landscape && record.dmPublic.dmOrientation != DMORIENT_PORTRAIT)
+        return 0;
+    const bool twoPages = settings.dwPagesPerSheet == 2;
     if (twoPages && (settings.bBookletFlags & kBookletOn) && type <= 1)
         return (landscape ? IDB_BOOKLET_LANDSCAPE : IDB_BOOKLET_PORTRAIT) + type;
     return (twoPages == landscape ? IDB_DUPLEX_PORTRAIT : IDB_DUPLEX_LANDSCAPE) + type;

@@ -12,7 +12,8 @@ UINT LayoutPreviewBitmap(const DriverDevMode& record);
 /// Bitmap of the copies: one or several, collated or not, reversed or not.
 UINT CollatePreviewBitmap(const DriverDevMode& record);
 
-/// Bitmap of the duplex type or booklet; 0 when duplex printing is off or its type is none of the six.
+/// Bitmap of the duplex type or booklet; 0 when duplex printing is off, its type is none of the six, or the
+/// orientation neither portrait nor landscape.
 UINT DuplexPreviewBitmap(const DriverDevMode& record);
 
 /// Whether documents are printed in a colour mode, which the pictures of the modes show.

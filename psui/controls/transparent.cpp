@@ -40,12 +40,8 @@ void Compose(HDC dc, int x, int y, HDC picture, const SIZE& size, COLORREF key, 
     }
     BitBlt(whole.dc(), 0, 0, size.cx, size.cy, opaque.dc(), 0, 0, SRCPAINT);
 
-    const HPALETTE previous = palette ? SelectPalette(dc, palette, FALSE) : nullptr;
-    if (previous)
-        RealizePalette(dc);
+    const PaletteSelection selected(dc, palette);
     BitBlt(dc, x, y, size.cx, size.cy, whole.dc(), 0, 0, SRCCOPY);
-    if (previous)
-        SelectPalette(dc, previous, FALSE);
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 #pragma once
 // Everything the library exports (exports.def lists the names), with a function type for callers that look
 // the entry points up by name. Entry points may be called on any thread and leave nothing of the caller's
-// process changed but the thread's last-error code.
+// process changed but the thread's last-error code. The exported procedures of controls are declared in
+// psui/controls/classes.h.
 #include <windows.h>
 
 #include "psui/entry/ddi.h"

@@ -3,9 +3,14 @@
 
 #include <vector>
 
+#include <commctrl.h>
+
+#include "psui/base/procedure.h"
 #include "psui/controls/classes.h"
+#include "psui/controls/control_record.h"
 #include "psui/controls/frame.h"
 #include "psui/controls/micro_scroll.h"
+#include "tests/host/gdi_canvas.h"
 #include "tests/settings/support.h"
 
 namespace psui {
@@ -83,6 +88,7 @@ protected:
         RegisterControlClasses();
         WNDCLASSW description = {};
         description.lpfnWndProc = ParentProc;
+        description.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
         description.lpszClassName = TEXT("MicroScrollParent");
         RegisterClassW(&description);
         parent_ = CreateWindowExW(0, TEXT("MicroScrollParent"), TEXT(""), WS_OVERLAPPED, 0, 0, 200, 200,
@@ -167,6 +173,120 @@ TEST_F(OwnClasses, HooksTellTheDialogWhatIsTouched)
     EXPECT_EQ(GetWindowLongPtrW(button, GWL_STYLE) & 0xF, BS_PUSHBUTTON);
     SetDefaultButton(button, 7);
     EXPECT_EQ(GetWindowLongPtrW(button, GWL_STYLE) & 0xF, BS_DEFPUSHBUTTON);
+}
+
+constexpr COLORREF kSlotColors[] = {RGB(1, 0, 0), RGB(2, 0, 0), RGB(3, 0, 0), RGB(4, 0, 0), RGB(5, 0, 0)};
+
+/// What a control of the parent paints, as letters: f face, a arrow, s shadow, h highlight, o frame colour.
+Picture Painted(HWND control, int width, int height)
+{
+    ShowWindow(GetParent(control), SW_SHOW);
+    ShowWindow(control, SW_SHOW);
+    RedrawWindow(GetParent(control), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    Canvas canvas(width, height);
+    const HDC dc = GetDC(control);
+    BitBlt(canvas.Dc(), 0, 0, width, height, dc, 0, 0, SRCCOPY);
+    ReleaseDC(control, dc);
+    Picture rows(static_cast<size_t>(height));
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            const COLORREF color = canvas.Color(x, y);
+            rows[static_cast<size_t>(y)] += color <= kSlotColors[4] ? ".fasho"[color] : '.';
+        }
+    return rows;
+}
+
+TEST_F(OwnClasses, FramePaintsNestedOutlinesOrAGroup)
+{
+    struct Case
+    {
+        const WCHAR* text;
+        DWORD style;
+        Picture rows; // a arrow colour, h highlight, f face, o frame colour, s shadow, . what lay below
+    };
+    const Case kCases[] = {
+        {TEXT("2,0,0"), 0, {"aaaaah", "aaaahh", "aa..hh", "aa..hh", "ahhhhh", "hhhhhh"}},
+        {TEXT("1,0,0"), kFrameSwapsEdges, {"hhhhha", "h....a", "h....a", "h....a", "h....a", "aaaaaa"}},
+        {TEXT("1,0,0"), kFrameFilled, {"ffffff", "faaahf", "faffhf", "faffhf", "fhhhhf", "ffffff"}},
+        {TEXT("1,0,0"), kFrameOutlined, {"aaaaah", "aooooh", "ao..oh", "ao..oh", "aooooh", "hhhhhh"}},
+        {TEXT("3"), 0, {"......", "......", "......", "......", "......", "......"}},
+        {TEXT(""), 0, {"......", "......", "......", "......", "......", "......"}},
+        {TEXT("0,0,0"), kFrameGroup, {"sssssh", "sssshh", "ssffhh", "ssffhh", "shhhhh", "hhhhhh"}},
+    };
+    for (const Case& each : kCases) {
+        const HWND frame = CreateWindowExW(0, kFrameClass, each.text, WS_CHILD | each.style, 0, 0, 6, 6,
+                                           parent_, nullptr, nullptr, nullptr);
+        ASSERT_NE(frame, nullptr);
+        std::copy(std::begin(kSlotColors), std::end(kSlotColors), RecordOf<FrameRecord>(frame)->colors.slots);
+        EXPECT_EQ(Painted(frame, 6, 6), each.rows) << each.style;
+        DestroyWindow(frame);
+    }
+}
+
+TEST_F(OwnClasses, MicroScrollPaintsItsHalves)
+{
+    const HWND control = CreateWindowExW(0, kMicroScrollClass, TEXT(""), WS_CHILD | MUS_VERTICAL, 0, 0, 15,
+                                         18, parent_, nullptr, nullptr, nullptr);
+    for (WPARAM slot = 0; slot < 5; ++slot)
+        SendMessageW(control, MUS_SETCOLOR, slot, static_cast<LPARAM>(kSlotColors[slot]));
+    const Picture first = {"ooooooooooooooo", "ohhhhhhhhhhhsso", "ohffffffffffsso",
+                           "ohfffffaffffsso", "ohfffaaaaaffsso", "ohffaaaaaaafsso",
+                           "ohffffffffffsso", "ossssssssssssso", "ossssssssssssso"};
+    const Picture second = {"ooooooooooooooo", "ohhhhhhhhhhhsso", "ohffffffffffsso",
+                            "ohffaaaaaaafsso", "ohfffaaaaaffsso", "ohfffffaffffsso",
+                            "ossssssssssssso", "ossssssssssssso", "ooooooooooooooo"};
+    const Picture pressed = {"ooooooooooooooo", "ossssssssssssso", "osffffffffffffo",
+                             "osffffffffffffo", "osfffaaaaaaaffo", "osffffaaaaafffo",
+                             "osffffffafffffo", "osffffffffffffo", "ooooooooooooooo"};
+    const auto halves = [](Picture up, const Picture& down) {
+        up.insert(up.end(), down.begin(), down.end());
+        return up;
+    };
+    EXPECT_EQ(Painted(control, 15, 18), halves(first, second));
+    SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 15));
+    EXPECT_EQ(Painted(control, 15, 18), halves(first, pressed));
+    SendMessageW(control, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(5, 3));
+    EXPECT_EQ(Painted(control, 15, 18), halves(first, second)) << "the pointer is outside";
+    SendMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(5, 15));
+}
+
+/// The exported procedures hook each class's controls, and pass on what they hear.
+TEST(ExportedProcedures, HookControlsOfTheirClasses)
+{
+    const test::World world;
+    const HMODULE library = LoadLibraryW(test::ProductFile("eng/psui.dll").c_str());
+    const auto hook = FindProcedure<WNDENUMPROC>(library, "SubClassChildWndProc");
+    ASSERT_NE(hook, nullptr);
+    constexpr std::pair<const WCHAR*, const char*> kClasses[] = {
+        {TEXT("BUTTON"), "NewButton"},
+        {TEXT("ComboBox"), "NewComboBox"},
+        {TEXT("edit"), "NewEdit"},
+        {TEXT("ListBox"), "NewListBox"},
+        {TEXT("ScrollBar"), "NewScrollBar"},
+        {TEXT("CL_MUS"), "NewMuScroll"},
+        {TEXT("msctls_updown32"), "NewUpdown"},
+        {TEXT("CL_FRAME"), nullptr},
+        {TEXT("Static"), nullptr},
+    };
+    InitCommonControls();
+    const HWND parent = CreateWindowExW(0, TEXT("Static"), TEXT(""), WS_POPUP, 0, 0, 90, 90, nullptr, nullptr,
+                                        nullptr, nullptr);
+    for (const auto& [name, procedure] : kClasses) {
+        const HWND control =
+            CreateWindowExW(0, name, TEXT(""), WS_CHILD, 0, 0, 20, 20, parent, nullptr, nullptr, nullptr);
+        ASSERT_NE(control, nullptr);
+        const auto own = GetWindowLongPtrW(control, GWLP_WNDPROC);
+        EXPECT_TRUE(hook(control, 0));
+        const auto hooked = GetWindowLongPtrW(control, GWLP_WNDPROC);
+        EXPECT_EQ(hooked,
+                  procedure ? reinterpret_cast<LONG_PTR>(FindProcedure<WNDPROC>(library, procedure)) : own);
+        EXPECT_NE(hooked, 0);
+        SetWindowTextW(control, TEXT("heard"));
+        EXPECT_EQ(GetWindowTextLengthW(control), lstrcmpiW(name, TEXT("CL_FRAME")) == 0 ? 0 : 5);
+    }
+    DestroyWindow(parent);
+    FreeLibrary(library);
 }
 
 } // namespace

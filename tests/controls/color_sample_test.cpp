@@ -1,0 +1,149 @@
+// The sample of the colour settings, and the bitmap resources that pictures are read from.
+#include <algorithm>
+#include <functional>
+
+#include "psui/controls/color_sample.h"
+#include "psui/controls/dib.h"
+#include "psui/res/pictures.h"
+#include "tests/controls/drawing.h"
+
+namespace psui {
+namespace {
+
+// Adjustments whose traces can be told apart.
+constexpr ColorAdjustment kTraced = {
+    [](std::span<RGBQUAD> colors, const DriverDevMode&) {
+        for (RGBQUAD& color : colors)
+            color.rgbRed = static_cast<BYTE>(color.rgbRed + 16);
+    },
+    [](uint8_t grey, int contrast, int brightness) {
+        return static_cast<uint8_t>(grey + 100 * contrast + brightness);
+    },
+};
+
+TEST(ColorSample, AdjustsAndGreysColoursAsTheSettingsSay)
+{
+    struct Case
+    {
+        uint32_t adjust;
+        short color;
+        std::array<BYTE, 3> blueGreenRed;
+    };
+    constexpr Case kCases[] = {
+        {0, DMCOLOR_COLOR, {32, 48, 64}},
+        {1, DMCOLOR_COLOR, {32, 48, 80}},
+        {2, DMCOLOR_COLOR, {32, 48, 64}},
+        {0, DMCOLOR_MONOCHROME, {152, 152, 152}}, // (5 * 64 + 9 * 48 + 2 * 32) / 16 = 51, + 100 + 1
+        {1, DMCOLOR_MONOCHROME, {56, 56, 56}},
+        {0, 0, {32, 48, 64}},
+    };
+    for (const Case& each : kCases) {
+        DriverDevMode record = test::Record(1, 1);
+        record.dmPublic.dmColor = each.color;
+        record.dmPrivate.dwColorAdjust = each.adjust;
+        const int16_t adjustments[] = {7, 9, 1, 1}; // saturation, white balance, brightness, contrast
+        std::copy_n(adjustments, 4, record.dmPrivate.ashColorAdjust0);
+        RGBQUAD colors[] = {{32, 48, 64, 0}, {32, 48, 64, 0}};
+        ApplyColorSettings(colors, record, kTraced);
+        for (const RGBQUAD& color : colors) {
+            EXPECT_EQ(color.rgbBlue, each.blueGreenRed[0]) << each.adjust << ' ' << each.color;
+            EXPECT_EQ(color.rgbGreen, each.blueGreenRed[1]);
+            EXPECT_EQ(color.rgbRed, each.blueGreenRed[2]);
+        }
+    }
+}
+
+TEST(ColorSample, ShowsThePictureInItsColoursOrInGreys)
+{
+    const test::PictureWorld world;
+    const HBITMAP bitmap = LoadBitmapW(hOwnModule, MAKEINTRESOURCEW(IDB_COLOR_SAMPLE));
+    BITMAP shape = {};
+    ASSERT_EQ(GetObjectW(bitmap, sizeof shape, &shape), static_cast<int>(sizeof shape));
+    const int right = shape.bmWidth + 2, bottom = shape.bmHeight + 1; // the picture lies at (2, 1)
+    for (const bool monochrome : {false, true}) {
+        Canvas expected(right + 3, bottom + 3), drawn(right + 3, bottom + 3);
+        const HDC source = CreateCompatibleDC(nullptr);
+        const HGDIOBJ previous = SelectObject(source, bitmap);
+        BitBlt(expected.Dc(), 2, 1, shape.bmWidth, shape.bmHeight, source, 0, 0, SRCCOPY);
+        SelectObject(source, previous);
+        DeleteDC(source);
+        DriverDevMode record = test::Record(1, 1);
+        record.dmPublic.dmColor = monochrome ? DMCOLOR_MONOCHROME : DMCOLOR_COLOR;
+        const host::Ledger before = host::OpenObjects();
+        DrawColorSample(test::Request(drawn, ODT_BUTTON, 4024, {2, 1, 9, 9}), record);
+        EXPECT_EQ(host::OpenObjects(), before);
+        EXPECT_EQ(GetCurrentObject(drawn.Dc(), OBJ_PAL), GetStockObject(DEFAULT_PALETTE));
+        for (int y = 0; y < bottom + 3; ++y)
+            for (int x = 0; x < right + 3; ++x) {
+                COLORREF wanted = expected.Color(x, y);
+                if (monochrome && x >= 2 && x < right && y >= 1 && y < bottom) {
+                    const int grey =
+                        (5 * GetRValue(wanted) + 9 * GetGValue(wanted) + 2 * GetBValue(wanted)) / 16;
+                    wanted = RGB(grey, grey, grey);
+                }
+                ASSERT_EQ(drawn.Color(x, y), wanted) << x << ", " << y;
+            }
+    }
+    DeleteObject(bitmap);
+}
+
+// An image of 3 x 2 pixels with `colors` entries behind its header, and room for more behind its pixels.
+struct SampleDib
+{
+    BITMAPINFOHEADER header = {sizeof(BITMAPINFOHEADER), 3, 2, 1, 8, BI_RGB, 0, 0, 0, 0, 0};
+    uint32_t bytes[2048] = {};
+};
+
+TEST(DibResource, HasTheColoursThatItsHeaderCountsOrItsDepthAllows)
+{
+    struct Case
+    {
+        WORD bits;
+        DWORD used;
+        uint32_t colors;
+        size_t rowBytes;
+    };
+    constexpr Case kCases[] = {
+        {1, 0, 2, 4}, {4, 0, 16, 4},  {4, 5, 5, 4},   {8, 0, 256, 4},
+        {8, 7, 7, 4}, {24, 0, 0, 12}, {32, 0, 0, 12},
+    };
+    for (const Case& each : kCases) {
+        SampleDib dib;
+        dib.header.biBitCount = each.bits;
+        dib.header.biClrUsed = each.used;
+        const size_t whole = sizeof dib.header + 4 * each.colors + 2 * each.rowBytes;
+        for (size_t size = 0; size < whole; ++size)
+            ASSERT_EQ(ReadDib(&dib, size).info, nullptr) << each.bits << " bits cut to " << size;
+        const DibView view = ReadDib(&dib, whole);
+        ASSERT_NE(view.info, nullptr) << each.bits;
+        EXPECT_EQ(view.colorCount, each.colors);
+        EXPECT_EQ(static_cast<const void*>(view.colors), dib.bytes);
+        EXPECT_EQ(view.pixels, dib.bytes + each.colors);
+    }
+}
+
+TEST(DibResource, IsRefusedWhenItsHeaderIsNotSound)
+{
+    const std::pair<const char*, std::function<void(BITMAPINFOHEADER&)>> kFaults[] = {
+        {"another header", [](auto& h) { h.biSize = sizeof(BITMAPINFOHEADER) + 4; }},
+        {"compression", [](auto& h) { h.biCompression = BI_BITFIELDS; }},
+        {"depth", [](auto& h) { h.biBitCount = 2; }},
+        {"no depth", [](auto& h) { h.biBitCount = 0; }},
+        {"no width", [](auto& h) { h.biWidth = 0; }},
+        {"negative width", [](auto& h) { h.biWidth = -3; }},
+        {"huge width", [](auto& h) { h.biWidth = 0x7FFFFFFF; }},
+        {"top down", [](auto& h) { h.biHeight = -2; }},
+        {"huge height", [](auto& h) { h.biHeight = 0x40000000; }},
+        {"too many colours", [](auto& h) { h.biClrUsed = 257; }},
+        {"colours beyond counting", [](auto& h) { h.biClrUsed = 0xFFFFFFFF; }},
+        {"colours of a deep image", [](auto& h) { h.biBitCount = 24, h.biClrUsed = 1; }},
+    };
+    for (const auto& [what, spoil] : kFaults) {
+        SampleDib dib;
+        spoil(dib.header);
+        EXPECT_EQ(ReadDib(&dib, sizeof dib).info, nullptr) << what;
+    }
+}
+
+} // namespace
+} // namespace psui
