@@ -1,8 +1,10 @@
 #include "host/kernel/path.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <dirent.h>
+#include <fcntl.h>
 #include <mutex>
 #include <shared_mutex>
 #include <unistd.h>
@@ -14,7 +16,8 @@
 namespace host {
 namespace {
 
-constexpr size_t kDriveSize = 2; // "C:"
+constexpr size_t kDriveSize = 2;      // "C:"
+constexpr size_t kListingSize = 8192; // bytes of a folder's entries that are read at once
 constexpr std::u16string_view kVerbatimPrefix = u"\\\\?\\";
 constexpr std::u16string_view kReservedUnits = u"*?<>|\":";
 constexpr std::u16string_view kSystemDirectory = u"C:\\windows\\system32";
@@ -135,10 +138,11 @@ bool AppendNative(NativeName& native, std::string_view text)
     return true;
 }
 
-bool IsAscii(std::u16string_view text)
+template <typename Text>
+bool IsAscii(Text text)
 {
-    for (char16_t unit : text) {
-        if (unit >= 0x80)
+    for (const auto unit : text) {
+        if (static_cast<unsigned>(unit) >= 0x80)
             return false;
     }
     return true;
@@ -164,26 +168,79 @@ bool AppendBelowDrive(NativeName& native, std::u16string_view path)
     return true;
 }
 
-/// The entry of `folder` whose name equals `name` but for case, or an empty text. With several, the first in
-/// the order of bytes, so that the answer does not depend on the file system.
-std::string FindEntry(const std::string& folder, const std::string& name)
+bool IsAsciiLetter(char c)
 {
-    std::string found;
-    const std::u16string wanted = Utf16(name);
-    DIR* entries = opendir(folder.empty() ? "/" : folder.c_str());
-    if (entries == nullptr)
-        return found;
-    while (const dirent* entry = readdir(entries)) {
-        if (EqualNoCase(Utf16(entry->d_name), wanted) && (found.empty() || entry->d_name < found))
-            found = entry->d_name;
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool EqualEntries(std::string_view a, std::string_view b)
+{
+    constexpr auto kEqual = [](char x, char y) { return x == y || (IsAsciiLetter(x) && (x ^ y) == 0x20); };
+    if (IsAscii(a) && IsAscii(b))
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(), kEqual);
+    return EqualNoCase(Utf16(a), Utf16(b));
+}
+
+/// Looks for the entry of `folder` that is called `name`, else for one that differs in case alone: with
+/// several, the first in the order of bytes, so that the answer does not depend on the file system. `found`
+/// is empty when there is none. Returns false when the folder cannot be listed.
+///
+/// Every file that is made is searched for like this, so the entries are read without the C library's
+/// streams, which would double the number of calls.
+bool FindEntry(const std::string& folder, std::string_view name, std::string& found)
+{
+    found.clear();
+    const int fd = open(folder.empty() ? "/" : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    alignas(dirent64) char entries[kListingSize];
+    ssize_t size = 0;
+    while (found != name && (size = getdents64(fd, entries, sizeof entries)) > 0) {
+        for (ssize_t at = 0; at < size && found != name;) {
+            const auto* entry = reinterpret_cast<const dirent64*>(entries + at);
+            at += entry->d_reclen;
+            if (EqualEntries(entry->d_name, name) &&
+                (found.empty() || entry->d_name == name || entry->d_name < found))
+                found = entry->d_name;
+        }
     }
-    closedir(entries);
-    return found;
+    close(fd);
+    return size >= 0;
 }
 
 bool Exists(const std::string& path)
 {
     return access(path.c_str(), F_OK) == 0;
+}
+
+/// Appends to the folder `path` the entry that answers to `name`, or the name itself when there is none.
+/// Returns what MatchCase returns for a last component.
+DWORD MatchEntry(std::string& path, std::string_view name)
+{
+    std::string found;
+    const bool listed = FindEntry(path, name, found);
+    const bool isFolder = listed || Exists(path + "/.");
+    path += '/';
+    path += found.empty() ? name : found;
+    if (!found.empty() || (!listed && Exists(path)))
+        return ERROR_SUCCESS;
+    return isFolder ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+}
+
+/// Appends `folders`, each of which a separator precedes, to the folder `path`. False when one is missing.
+bool MatchFolders(std::string& path, std::string_view folders)
+{
+    while (!folders.empty()) {
+        const std::string_view next = folders.substr(0, folders.find('/', 1));
+        folders.remove_prefix(next.size());
+        if (Exists(path + std::string(next))) {
+            path += next;
+        } else if (MatchEntry(path, next.substr(1)) != ERROR_SUCCESS) {
+            path += folders;
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace
@@ -250,30 +307,22 @@ DWORD TranslateName(LPCWSTR name, NativeName& native)
 
 DWORD MatchCase(NativeName& native)
 {
-    std::string path(native.text, native.fixedSize);
-    std::string_view rest(native.text + native.fixedSize, native.size - native.fixedSize);
-    if (rest == "/") // drive Z: itself
+    const std::string drive(native.text, native.fixedSize);
+    const std::string_view below(native.text + native.fixedSize, native.size - native.fixedSize);
+    if (below.empty() || below == "/") // the drive itself
         return ERROR_SUCCESS;
+    const std::string folders(below.substr(0, below.rfind('/')));
+    const std::string name(below.substr(folders.size() + 1));
     // Most names that are missing, or spelled otherwise, are so in their last component only.
-    const size_t last = rest.rfind('/');
-    if (last != 0 && last != rest.npos && Exists(path + std::string(rest.substr(0, last)))) {
-        path += rest.substr(0, last);
-        rest.remove_prefix(last);
+    std::string path = drive + folders;
+    DWORD result = MatchEntry(path, name);
+    if (result == ERROR_PATH_NOT_FOUND) {
+        path = drive;
+        if (MatchFolders(path, folders))
+            result = MatchEntry(path, name);
+        else
+            path += '/' + name;
     }
-    DWORD result = ERROR_SUCCESS;
-    while (!rest.empty() && result == ERROR_SUCCESS) {
-        rest.remove_prefix(1);
-        const std::string component(rest.substr(0, rest.find('/')));
-        rest.remove_prefix(component.size());
-        std::string found = component;
-        if (!Exists(path + "/" + component))
-            found = FindEntry(path, component);
-        if (found.empty())
-            result = rest.empty() && (path.empty() || Exists(path + "/.")) ? ERROR_FILE_NOT_FOUND
-                                                                           : ERROR_PATH_NOT_FOUND;
-        path += "/" + (found.empty() ? component : found);
-    }
-    path += rest;
     native.size = 0;
     return AppendNative(native, path) ? result : ERROR_FILENAME_EXCED_RANGE;
 }
