@@ -42,6 +42,23 @@ bool IsDefaultOf(std::string_view keyword, std::string_view feature)
 
 using SeenKeywords = std::bitset<kKeywordCount>;
 
+// What the statements so far leave behind for the dispatch of the next one.
+struct DispatchState
+{
+    SeenKeywords seen;
+    std::string_view keyword; ///< the last one looked up: statements of one keyword come in runs
+    const KeywordEntry* entry = nullptr;
+
+    const KeywordEntry* Find(std::string_view wanted)
+    {
+        if (wanted != keyword) {
+            keyword = wanted;
+            entry = FindKeyword(wanted);
+        }
+        return entry;
+    }
+};
+
 Outcome HandleKeyword(Compilation& c, const KeywordEntry& keyword, SeenKeywords& seen)
 {
     const ModelStatement& statement = c.statement;
@@ -62,7 +79,7 @@ Outcome HandleKeyword(Compilation& c, const KeywordEntry& keyword, SeenKeywords&
     return outcome;
 }
 
-Outcome Dispatch(Compilation& c, SeenKeywords& seen)
+Outcome Dispatch(Compilation& c, DispatchState& state)
 {
     const std::string_view keyword = c.statement.keyword;
     if (keyword.starts_with(kQueryMark))
@@ -74,8 +91,8 @@ Outcome Dispatch(Compilation& c, SeenKeywords& seen)
         if (IsDefaultOf(keyword, block))
             return RecordOpenBlockDefault(c);
     }
-    if (const KeywordEntry* entry = FindKeyword(keyword))
-        return HandleKeyword(c, *entry, seen);
+    if (const KeywordEntry* entry = state.Find(keyword))
+        return HandleKeyword(c, *entry, state.seen);
     Note(c, DiagnosticKind::UnknownKeyword);
     return Outcome::Done;
 }
@@ -83,12 +100,12 @@ Outcome Dispatch(Compilation& c, SeenKeywords& seen)
 // Compiles the whole text. False when the compilation stopped before its end.
 bool Compile(Compilation& c, std::string_view text)
 {
-    SeenKeywords seen;
+    DispatchState state;
     Tokenizer tokenizer(text);
     for (;;) {
         switch (tokenizer.Next(c.statement)) {
         case TokenStatus::Statement:
-            if (Dispatch(c, seen) == Outcome::OutOfMemory) {
+            if (Dispatch(c, state) == Outcome::OutOfMemory) {
                 Reject(c, DiagnosticKind::OutOfMemory);
                 return false;
             }

@@ -53,6 +53,8 @@ public:
         return {offset};
     }
 
+    uint32_t HashOf(std::string_view name) const { return block_ ? NameHash(name) : 0; }
+
     /// Reference to the record that is placed next, if there is one.
     template <typename Record, typename Node>
     Ref<Record> RefToNext(const Node* node) const
@@ -88,7 +90,7 @@ Ref<PackedArray<Entry>> PlaceArray(ImageWriter& writer, const List<Pending>& pen
 void PlaceOptionTexts(ImageWriter& writer, const Option& option, ModelOption& record)
 {
     record.name = writer.PlaceText({option.name ? option.name : "", option.nameLength});
-    record.nameHash = NameHash(option.Name());
+    record.nameHash = writer.HashOf(option.Name());
     record.translation = writer.PlaceText(option.Translation());
     record.invocation = writer.PlaceText(option.Text());
 }
@@ -162,7 +164,7 @@ void PlaceFeature(ImageWriter& writer, const Feature& feature)
     ModelFeature record{};
     const uint64_t offset = writer.Reserve(sizeof(record));
     record.keyword = writer.PlaceText(feature.Name());
-    record.nameHash = NameHash(feature.Name());
+    record.nameHash = writer.HashOf(feature.Name());
     record.translation = writer.PlaceText(feature.Translation());
     record.defaultOption = feature.defaultOption;
     record.optionRecordSize = feature.optionRecordSize;
@@ -183,7 +185,7 @@ void PlaceFont(ImageWriter& writer, const Font& font)
     ResidentFont record{};
     const uint64_t offset = writer.Reserve(sizeof(record));
     record.name = writer.PlaceText(font.name);
-    record.nameHash = NameHash(font.name);
+    record.nameHash = writer.HashOf(font.name);
     record.value = writer.PlaceText(font.value);
     record.fontNumber = font.number;
     record.next = writer.RefToNext<ResidentFont>(font.next);

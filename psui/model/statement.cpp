@@ -1,8 +1,9 @@
 #include "psui/model/statement.h"
 
+#include <algorithm>
 #include <cstring>
 
-#include "psui/model/characters.h"
+#include "psui/model/scan.h"
 
 namespace psui::compiler {
 
@@ -15,13 +16,6 @@ constexpr char kColon = ':';
 constexpr char kSlash = '/';
 constexpr char kSymbolMark = '^';
 
-std::string_view UpToZero(const char* begin, const char* end)
-{
-    const size_t length = static_cast<size_t>(end - begin);
-    const void* zero = length ? std::memchr(begin, 0, length) : nullptr;
-    return {begin, zero ? static_cast<size_t>(static_cast<const char*>(zero) - begin) : length};
-}
-
 } // namespace
 
 TokenStatus Tokenizer::Next(ModelStatement& statement)
@@ -30,7 +24,7 @@ TokenStatus Tokenizer::Next(ModelStatement& statement)
     if (!FindStar())
         return TokenStatus::EndOfText;
     statement.star = at_++;
-    TokenStatus status = ReadField(kKeywordCharacter, statement.keyword);
+    TokenStatus status = ReadField<kKeywordCharacter>(statement.keyword);
     if (status != TokenStatus::Statement)
         return status;
     SkipBlanks();
@@ -65,10 +59,12 @@ bool Tokenizer::FindStar()
 // Moves behind the next line end; false when the text ends first.
 bool Tokenizer::SkipLine()
 {
-    while (at_ != end_)
-        if (IsA(*at_++, kLineEnd))
-            return true;
-    return false;
+    at_ = FindFirst<'\n', '\r'>(at_, end_);
+    if (at_ == end_)
+        return false;
+    if (*at_++ == '\r' && at_ != end_ && *at_ == '\n')
+        ++at_;
+    return true;
 }
 
 void Tokenizer::SkipBlanks()
@@ -84,14 +80,14 @@ TokenStatus Tokenizer::Reject()
     return TokenStatus::Rejected;
 }
 
-TokenStatus Tokenizer::ReadField(uint8_t characterClass, std::string_view& field)
+template <CharacterClass Class>
+TokenStatus Tokenizer::ReadField(std::string_view& field)
 {
     const char* begin = at_;
-    while (at_ != end_ && IsA(*at_, characterClass)) {
-        ++at_;
-        if (static_cast<size_t>(at_ - begin) > kMaxFieldLength)
-            return TokenStatus::FieldTooLong;
-    }
+    const size_t limit = std::min(static_cast<size_t>(end_ - begin), kMaxFieldLength + 1);
+    at_ = SkipAll<Class>(begin, begin + limit);
+    if (static_cast<size_t>(at_ - begin) > kMaxFieldLength)
+        return TokenStatus::FieldTooLong;
     if (at_ == end_)
         return TokenStatus::EndOfText;
     if (at_ == begin)
@@ -103,13 +99,13 @@ TokenStatus Tokenizer::ReadField(uint8_t characterClass, std::string_view& field
 // Reads the option keyword and its translation and stops at the colon.
 TokenStatus Tokenizer::ReadOption(ModelStatement& statement)
 {
-    TokenStatus status = ReadField(kOptionCharacter, statement.option);
+    TokenStatus status = ReadField<kOptionCharacter>(statement.option);
     if (status != TokenStatus::Statement)
         return status;
     SkipBlanks();
     if (at_ != end_ && *at_ == kSlash) {
         ++at_;
-        status = ReadField(kTranslationCharacter, statement.translation);
+        status = ReadField<kTranslationCharacter>(statement.translation);
         if (status != TokenStatus::Statement)
             return status;
     }
@@ -132,11 +128,12 @@ TokenStatus Tokenizer::ReadValue(ModelStatement& statement)
         }
         statement.kind = ValueKind::Quoted;
     } else {
-        while (at_ != end_ && *at_ != kSlash && !IsA(*at_, kLineEnd))
-            ++at_;
+        at_ = FindFirst<kSlash, '\n', '\r'>(begin, end_);
         statement.kind = *begin == kSymbolMark ? ValueKind::Symbol : ValueKind::Bare;
     }
-    statement.value = UpToZero(begin, at_);
+    statement.value = {begin, static_cast<size_t>(at_ - begin)};
+    if (hasZeros_)
+        statement.value = statement.value.substr(0, statement.value.find('\0'));
     return SkipLine() ? TokenStatus::Statement : TokenStatus::EndOfText;
 }
 

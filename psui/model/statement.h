@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "psui/model/characters.h"
+
 namespace psui::compiler {
 
 /// Longest keyword, option keyword and translation. A longer one stops the compilation.
@@ -41,7 +43,10 @@ class Tokenizer
 {
 public:
     /// The text must outlive the tokenizer and the statements that it yields.
-    explicit Tokenizer(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
+    explicit Tokenizer(std::string_view text)
+        : at_(text.data()), end_(text.data() + text.size()), hasZeros_(text.find('\0') != text.npos)
+    {
+    }
 
     /// Reads the next statement. With any status `statement.star` tells where reading began.
     TokenStatus Next(ModelStatement& statement);
@@ -51,12 +56,14 @@ private:
     bool SkipLine();
     void SkipBlanks();
     TokenStatus Reject();
-    TokenStatus ReadField(uint8_t characterClass, std::string_view& field);
+    template <CharacterClass Class>
+    TokenStatus ReadField(std::string_view& field);
     TokenStatus ReadOption(ModelStatement& statement);
     TokenStatus ReadValue(ModelStatement& statement);
 
     const char* at_;
     const char* end_;
+    bool hasZeros_;
 };
 
 } // namespace psui::compiler

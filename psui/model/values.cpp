@@ -1,6 +1,6 @@
 #include "psui/model/values.h"
 
-#include "psui/model/characters.h"
+#include "psui/model/scan.h"
 
 namespace psui::compiler {
 
@@ -71,14 +71,13 @@ bool ReadReal(std::string_view text, uint32_t& value)
 
 std::string_view WordReader::Next()
 {
-    size_t begin = 0;
-    while (begin < rest_.size() && IsA(rest_[begin], kBlank))
+    const char* begin = rest_.data();
+    const char* const listEnd = begin + rest_.size();
+    while (begin != listEnd && IsA(*begin, kBlank))
         ++begin;
-    size_t end = begin;
-    while (end < rest_.size() && !IsA(rest_[end], kBlank))
-        ++end;
-    const std::string_view word = rest_.substr(begin, end - begin);
-    rest_.remove_prefix(end);
+    const char* end = FindFirst<' ', '\t'>(begin, listEnd);
+    const std::string_view word(begin, static_cast<size_t>(end - begin));
+    rest_ = {end, static_cast<size_t>(listEnd - end)};
     return word.substr(0, kMaxWordLength);
 }
 

@@ -2,6 +2,7 @@
 
 #include "model_fixture.h"
 #include "psui/model/crc.h"
+#include "psui/model/scan.h"
 #include "psui/model/values.h"
 
 namespace psui::compiler {
@@ -93,6 +94,27 @@ TEST(Tokenizer, RejectsWhatIsNoStatementAndGoesOnBehindTheBadCharacter)
     };
     for (const CutCase& c : cases)
         EXPECT_EQ(Cut(c.text), c.expected) << testing::PrintToString(c.text);
+}
+
+// Runs are read eight characters at a time, so every character must end, or not end, a run at every place.
+TEST(Tokenizer, EndsRunsAtTheSameCharactersWhereverTheyStand)
+{
+    for (unsigned c = 0; c < 256; ++c) {
+        const char character = static_cast<char>(c);
+        for (size_t place = 0; place < 20; ++place) {
+            std::string text(20, 'a');
+            text[place] = character;
+            const char* const begin = text.data();
+            const char* const end = begin + text.size();
+            const auto stop = [&](bool stops) { return stops ? begin + place : end; };
+            EXPECT_EQ(SkipAll<kKeywordCharacter>(begin, end), stop(!IsA(character, kKeywordCharacter))) << c;
+            EXPECT_EQ(SkipAll<kOptionCharacter>(begin, end), stop(!IsA(character, kOptionCharacter))) << c;
+            EXPECT_EQ(SkipAll<kTranslationCharacter>(begin, end),
+                      stop(!IsA(character, kTranslationCharacter)))
+                << c;
+            EXPECT_EQ((FindFirst<'\n', '/'>(begin, end)), stop(character == '\n' || character == '/')) << c;
+        }
+    }
 }
 
 TEST(Tokenizer, DropsTheStatementInWhichTheTextEnds)
