@@ -31,7 +31,9 @@ void Simplify(const Window& window, WINDOWPOS& place)
         place.flags &= ~static_cast<UINT>(SWP_SHOWWINDOW);
     else
         place.flags &= ~static_cast<UINT>(SWP_HIDEWINDOW);
-    if (place.hwndInsertAfter == window.handle)
+    const bool alreadyFirst = place.hwndInsertAfter == HWND_TOP && window.parent != nullptr &&
+                              IsChildStyle(window) && window.parent->children.front() == &window;
+    if (place.hwndInsertAfter == window.handle || alreadyFirst)
         place.flags |= SWP_NOZORDER;
 }
 
@@ -88,12 +90,12 @@ void Reframe(Window& window, WINDOWPOS& place, const RECT& newRect)
         place.flags |= kNoClientMove;
 }
 
-void RedrawAfter(Window& window, const WINDOWPOS& place, const RECT& oldRect)
+void RedrawAfter(Window& window, const WINDOWPOS& place, const RECT& oldRect, bool wasVisible)
 {
     if ((place.flags & SWP_NOREDRAW) != 0)
         return;
     const bool moved = (place.flags & kNothingChanged) != kNothingChanged;
-    if ((moved && !IsTopLevel(window)) || (place.flags & SWP_HIDEWINDOW) != 0)
+    if ((moved && wasVisible && !IsTopLevel(window)) || (place.flags & SWP_HIDEWINDOW) != 0)
         InvalidateUnder(window, oldRect);
     const bool all = (place.flags & (SWP_SHOWWINDOW | SWP_FRAMECHANGED)) != 0 ||
                      (place.flags & SWP_NOSIZE) == 0 || (moved && !IsTopLevel(window));
@@ -104,13 +106,14 @@ void RedrawAfter(Window& window, const WINDOWPOS& place, const RECT& oldRect)
 void Apply(Window& window, WINDOWPOS& place)
 {
     const RECT oldRect = window.rect;
+    const bool wasVisible = IsVisibleStyle(window);
     if ((place.flags & SWP_NOZORDER) == 0 && window.parent != nullptr)
         RestackGroup(window, place.hwndInsertAfter, place.flags);
     const RECT newRect = {place.x, place.y, place.x + place.cx, place.y + place.cy};
     Reframe(window, place, newRect);
     if ((place.flags & SWP_SHOWWINDOW) != 0)
         window.style |= WS_VISIBLE;
-    RedrawAfter(window, place, oldRect);
+    RedrawAfter(window, place, oldRect, wasVisible);
     if ((place.flags & SWP_HIDEWINDOW) != 0)
         window.style &= ~static_cast<DWORD>(WS_VISIBLE);
 }

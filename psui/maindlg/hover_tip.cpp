@@ -5,6 +5,7 @@
 
 #include "lang/ids/main_dialog.h"
 #include "psui/base/gdi.h"
+#include "psui/base/label.h"
 #include "psui/controls/hooks.h"
 
 namespace psui {
@@ -21,7 +22,7 @@ SIZE MeasureTip(HDC dc)
 {
     const Selection font(dc, GetStockObject(DEFAULT_GUI_FONT));
     RECT size = {};
-    DrawTextW(dc, tipText, -1, &size, DT_CALCRECT | DT_SINGLELINE);
+    DrawTextW(dc, tipText, -1, &size, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
     return {size.right + 2 * kMargin, size.bottom + 2 * kMargin};
 }
 
@@ -36,7 +37,7 @@ void DrawTip(HDC dc, HWND tip)
     SetTextColor(dc, GetSysColor(COLOR_INFOTEXT));
     RECT place = box;
     OffsetRect(&place, kMargin, kMargin);
-    DrawTextW(dc, tipText, -1, &place, DT_SINGLELINE);
+    DrawTextW(dc, tipText, -1, &place, DT_SINGLELINE | DT_NOPREFIX);
     FrameRect(dc, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }
 
@@ -51,6 +52,7 @@ void ShowHoverTip(HWND dialog)
         return;
     MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
     GetWindowTextW(link, tipText, static_cast<int>(std::size(tipText)));
+    CleanLabel(tipText);
     SIZE size;
     if (const WindowDc dc(tip); dc)
         size = MeasureTip(dc.get());

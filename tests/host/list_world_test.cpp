@@ -93,6 +93,26 @@ TEST_F(UserAtACombo, PressesOnTheArrowAndLetsGoOverAnEntry)
     EXPECT_EQ(Send(combo_, CB_GETCURSEL), 4) << "the selected entry was on top";
 }
 
+TEST_F(UserAtACombo, ScrollsOnlyAfterThePointerWasOverTheEntries)
+{
+    constexpr unsigned kLongPress = 1000;
+    const RECT field = WindowRect(combo_);
+    host::MoveMouse(field.right - 8, field.top + 8);
+    host::PressMouse(host::MouseButton::Left);
+    Pump();
+    host::AdvanceTime(kLongPress);
+    Pump();
+    EXPECT_EQ(Send(list_, LB_GETCURSEL), 1);
+    PointAtRow(0);
+    Pump();
+    host::MoveMouse(field.right - 8, field.top + 8);
+    host::AdvanceTime(kLongPress);
+    Pump();
+    EXPECT_EQ(Send(list_, LB_GETCURSEL), 0);
+    host::ReleaseMouse(host::MouseButton::Left);
+    Pump();
+}
+
 TEST_F(UserAtACombo, ClosesTheListByPressingElsewhere)
 {
     for (const bool byKey : {false, true}) {

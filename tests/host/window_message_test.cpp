@@ -433,6 +433,23 @@ TEST_F(WindowTest, UpdateRegionGrowsAndIsPaintedAway)
               (std::vector<UINT>{WM_PAINT, WM_ERASEBKGND}));
 }
 
+TEST_F(WindowTest, PlacingUncoversOnlyWhatCouldBeSeen)
+{
+    const HWND window = Make(WS_POPUP | WS_VISIBLE);
+    const HWND child = Make(WS_CHILD, window, {0, 0, 50, 50});
+    const HWND other = Make(WS_CHILD | WS_VISIBLE, window, {0, 0, 50, 50});
+    UpdateWindow(window);
+    UpdateWindow(other);
+    const auto asksFor = [&](HWND who, HWND after, int x, UINT flags) {
+        SetWindowPos(who, after, x, 60, 30, 30, flags | SWP_NOACTIVATE);
+        UpdateWindow(who);
+        return GetUpdateRect(window, nullptr, FALSE) || GetUpdateRect(other, nullptr, FALSE);
+    };
+    EXPECT_FALSE(asksFor(child, HWND_TOP, 60, SWP_SHOWWINDOW)) << "it was hidden where it was";
+    EXPECT_FALSE(asksFor(child, HWND_TOP, 60, SWP_SHOWWINDOW)) << "nothing changes";
+    EXPECT_TRUE(asksFor(child, HWND_TOP, 70, 0)) << "it leaves a gap";
+}
+
 TEST_F(WindowTest, RedrawIsSwitchedOffAndOn)
 {
     const HWND window = Make(WS_POPUP | WS_VISIBLE);

@@ -23,6 +23,7 @@ struct ListBox : ControlState
     bool focused = false;
     bool focusShown = false; ///< the caret's entry is drawn with the focus
     bool tracking = false;   ///< the mouse is down, or a drop list follows it
+    bool entered = false;    ///< since then the mouse has been over the entries
     int wheel = 0;           ///< turned and not yet scrolled, in wheel units
 };
 

@@ -124,6 +124,7 @@ void StartTracking(ListBox& list)
 {
     SetCapture(list.window);
     list.tracking = true;
+    list.entered = !IsDropList(list); // the press that opens a drop list lies outside it
     SetTimer(list.window, kScrollTimer, kScrollInterval, nullptr);
 }
 
@@ -164,6 +165,7 @@ void PressDropList(ListBox& list, POINT point)
     if (InClient(list, point)) {
         if (!list.tracking)
             StartTracking(list);
+        list.entered = true;
         if (const int index = ItemAt(list, point.y); index != kNoItem)
             ChooseItem(list, index);
         return;
@@ -234,8 +236,10 @@ LRESULT OnListMouseMove(ListBox& list, WPARAM, LPARAM lParam)
     if (!list.tracking || list.items.empty())
         return 0;
     const POINT point = PointOf(lParam);
-    if (!IsDropList(list) || (InClient(list, point) && ItemAt(list, point.y) != kNoItem))
-        DragTo(list, point.y);
+    if (IsDropList(list) && (!InClient(list, point) || ItemAt(list, point.y) == kNoItem))
+        return 0;
+    list.entered = true;
+    DragTo(list, point.y);
     return 0;
 }
 
@@ -246,7 +250,7 @@ LRESULT OnListTimer(ListBox& list, WPARAM, LPARAM)
     ScreenToClient(list.window, &point);
     const RECT client = ClientRectOf(list.window);
     const bool outside = point.y < client.top || point.y >= client.bottom;
-    if (list.tracking && outside && KeyIsDown(VK_LBUTTON) && !list.items.empty())
+    if (list.tracking && list.entered && outside && KeyIsDown(VK_LBUTTON) && !list.items.empty())
         DragTo(list, point.y);
     return 0;
 }
