@@ -383,7 +383,6 @@ void OnDuplexSettings(const Tab& tab)
 void OnSource(const Tab& tab)
 {
     short& source = tab.record().dmPublic.dmDefaultSource;
-    // The list's item data is its position; the table has the sources.
     source = static_cast<short>(tab.SelectedValue(IDC_SOURCE, source));
     RepaintControl(tab.window, IDC_COLLATE_PICTURE);
     LeaveTray2(tab, SourceRefusal(tab.record()));
