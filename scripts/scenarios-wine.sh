@@ -13,23 +13,37 @@ export WINEDLLOVERRIDES="$WINEDLLOVERRIDES;compstui,comdlg32=n,b"
 if [ -z "${DISPLAY:-}" ]; then exec xvfb-run -a "$0" "$build" "$@"; fi
 
 work=$PWD/build/scenarios-wine
-printer="Scenario printer"
 psuictl() { (cd "$work" && wine "$build/product/psuictl.exe" "$@") | tr -d '\r'; }
 rm -rf "$work" && mkdir -p "$work"
 forget_driver_settings
-cp models/palette940.ppd "$work/"
-psuictl printer remove "$printer" >/dev/null 2>&1 || true
-psuictl printer add "$printer" --model palette940.ppd >/dev/null
-psuictl record default "$printer" -o default.dm >/dev/null
-psuictl record set default.dm dmCopies=3 dmFields=0x02011B03 -o in.dm
+cp models/*.ppd tests/psuictl/scenarios/*.ppd "$work/"
+
+# Adds the printer that has that model, once, and sets `printer` to its name.
+added=()
+use_printer_of() {
+    printer="Scenario ${1%.ppd}"
+    if [[ " ${added[*]-} " == *" $1 "* ]]; then return; fi
+    psuictl printer remove "$printer" >/dev/null 2>&1 || true
+    psuictl printer add "$printer" --model "$1" >/dev/null
+    added+=("$1")
+}
+# The words behind "# NAME:" at the head of $scenario.
+head_of() { sed -n "/^#/!q; s/^# $1: *//p" "$scenario"; }
+
+use_printer_of palette940.ppd
+psuictl record default "$printer" -o in.dm >/dev/null
+psuictl record set in.dm dmCopies=3 dmFields=0x02011B03 -o in.dm
 
 failed=0
 for scenario; do
     cp "$scenario" "$work/scenario.txt"
-    read -ra options < <(sed -n '1s/^# options: *//p' "$scenario") || true
-    read -ra fields < <(sed -n '2s/^# record: *//p' "$scenario") || true
+    read -ra options < <(head_of options) || true
+    read -ra fields < <(head_of record) || true
+    model=$(head_of model)
+    use_printer_of "${model:-palette940.ppd}"
     if [ ${#fields[@]} -gt 0 ]; then
-        psuictl record set default.dm -o start.dm "${fields[@]}"
+        psuictl record default "$printer" -o start.dm >/dev/null
+        psuictl record set start.dm -o start.dm "${fields[@]}"
         options+=(--record start.dm)
     fi
     if complaint=$(psuictl preferences "$printer" --scenario scenario.txt --shots . "${options[@]}" 2>&1); then

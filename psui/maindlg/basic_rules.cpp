@@ -399,7 +399,6 @@ void TakeBasicDefaults(DriverDevMode& record, const ModelDescription* model, DWO
     TakeMediaQuality(record);
     UpdateThicknessAndBidi(record);
     TakeOnePage(record);
-    TakeLayout(record, 0, false);
     settings.bPageOrder = 0;
     settings.bBorderLine = 0;
     record.dmPublic.dmCopies = kFewestCopies;
@@ -426,10 +425,15 @@ std::span<const int> BasicEnableControls()
     return kEnableControls;
 }
 
-bool LayoutMustBeSingle(const PrinterUiContext* context)
+bool MakeLayoutSingle(PrinterUiContext* context)
 {
-    return context->bPermission == 1 && !IsBookletOn(context->dmWork) &&
-           IsBorderlessSize(context->dmWork.dmPublic.dmPaperSize);
+    DriverDevMode& record = context->dmWork;
+    const bool single = record.dmPrivate.dwPagesPerSheet == 1 && record.dmPrivate.dwSavedNup == 1;
+    if (single || context->bPermission != 1 || IsBookletOn(record) ||
+        !IsBorderlessSize(record.dmPublic.dmPaperSize))
+        return false;
+    TakeOnePage(record);
+    return true;
 }
 
 } // namespace psui

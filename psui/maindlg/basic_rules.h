@@ -99,7 +99,8 @@ bool IsBasicEnabled(const PrinterUiContext* context, int control);
 /// Controls that IsBasicEnabled knows.
 std::span<const int> BasicEnableControls();
 
-/// Whether the layout has to go back to one page: a borderless size prints one.
-bool LayoutMustBeSingle(const PrinterUiContext* context);
+/// Takes the layout back to one page where it has to: a borderless size prints one. Returns whether the
+/// record changed.
+bool MakeLayoutSingle(PrinterUiContext* context);
 
 } // namespace psui

@@ -210,11 +210,9 @@ void ShowBasicSettings(HWND tab, PrinterUiContext* context)
 
 void UpdateBasicEnables(HWND tab, PrinterUiContext* context)
 {
-    DriverDevMode& record = context->dmWork;
-    if (LayoutMustBeSingle(context) && record.dmPrivate.dwPagesPerSheet != 1) {
-        record.dmPrivate.dwPagesPerSheet = 1;
-        record.dmPrivate.dwSavedNup = 1;
+    if (MakeLayoutSingle(context)) {
         BuildMultiplePageList(tab, context);
+        RefreshSidePanelLine(context->hMainDialog, context, IDC_LINE_LAYOUT);
         RepaintPreview(context);
     }
     for (const int control : BasicEnableControls())

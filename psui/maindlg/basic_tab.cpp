@@ -142,17 +142,26 @@ void OnQuality(const Tab& tab)
     FinishChange(tab);
 }
 
+// A row of one of the model's tables, and the value where the model does not say so much.
+struct OptionPlace
+{
+    OptionTableIndex table;
+    size_t row;
+    uint8_t otherwise;
+
+    uint8_t ValueIn(const PrinterUiContext* context) const
+    {
+        return static_cast<uint8_t>(OptionValueAt(context, table, row, otherwise));
+    }
+};
+
 void OnColorMode(const Tab& tab, int control)
 {
-    // Rows of the model's tables that the two modes take their values from.
-    const bool natural = control == IDC_NATURAL;
-    const size_t docType = natural ? 2 : 1;
-    const size_t matching = natural ? 1 : 0;
-    PrivateDevMode& settings = tab.settings();
-    settings.bDocType =
-        static_cast<uint8_t>(OptionValueAt(tab.context, kDocTypeTable, docType, settings.bDocType));
-    settings.bColorMatching =
-        static_cast<uint8_t>(OptionValueAt(tab.context, kCmTable, matching, settings.bColorMatching));
+    constexpr OptionPlace kNatural[] = {{kDocTypeTable, 2, 2}, {kCmTable, 1, 0}};
+    constexpr OptionPlace kVivid[] = {{kDocTypeTable, 1, 1}, {kCmTable, 0, 1}};
+    const OptionPlace(&mode)[2] = control == IDC_NATURAL ? kNatural : kVivid;
+    tab.settings().bDocType = mode[0].ValueIn(tab.context);
+    tab.settings().bColorMatching = mode[1].ValueIn(tab.context);
     CheckRadioButton(tab.window, IDC_NATURAL, IDC_VIVID, control);
     tab.ShowLine(IDC_LINE_COLOR_MODE);
     FinishChange(tab);

@@ -35,6 +35,11 @@ LONG Kept(LONG place, LONG room)
     return std::max<LONG>(0, std::min(place, room));
 }
 
+LONG Beyond(LONG place, LONG limit)
+{
+    return std::max<LONG>(0, place - limit);
+}
+
 void MoveTo(HWND window, POINT place)
 {
     SetWindowPos(window, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -52,10 +57,8 @@ POINT CentredPlace(const RECT& ownerClient, SIZE window, SIZE screen)
 
 POINT SubDialogPlace(const RECT& tabs, SIZE window, const RECT& workArea)
 {
-    POINT place = {tabs.left < workArea.left ? 0 : tabs.left, tabs.top < workArea.top ? 0 : tabs.top};
-    place.x -= std::max<LONG>(0, place.x + window.cx - workArea.right);
-    place.y -= std::max<LONG>(0, place.y + window.cy - workArea.bottom);
-    return place;
+    return {(tabs.left < workArea.left ? 0 : tabs.left) - Beyond(tabs.left + window.cx, workArea.right),
+            (tabs.top < workArea.top ? 0 : tabs.top) - Beyond(tabs.top + window.cy, workArea.bottom)};
 }
 
 void CentreOverOwner(HWND window)

@@ -318,6 +318,7 @@ TEST(Placement, KeepsDialogsOnTheScreen)
     ExpectAt(SubDialogPlace({300, 200, 600, 500}, {400, 300}, kWorkArea), 300, 200);
     ExpectAt(SubDialogPlace({1000, 900, 1200, 960}, {400, 300}, kWorkArea), 880, 684);
     ExpectAt(SubDialogPlace({-50, -20, 600, 500}, {400, 300}, kWorkArea), 0, 0);
+    ExpectAt(SubDialogPlace({-50, -20, 600, 500}, {1320, 1000}, kWorkArea), 0, 0);
 }
 
 } // namespace

@@ -17,42 +17,60 @@ protected:
         Output({"record", "set", "default.dm", "dmCopies=3", "dmFields=0x02011B03", "-o", "in.dm"});
     }
 
-    std::vector<std::string> Line(const std::string& file, const std::vector<std::string>& options) const
+    std::vector<std::string> Line(const std::string& file, const std::vector<std::string>& options,
+                                  const std::string& printer = "P") const
     {
-        std::vector<std::string> line = {"preferences", "P", "--scenario", file, "--shots", "."};
+        std::vector<std::string> line = {"preferences", printer, "--scenario", file, "--shots", "."};
         line.insert(line.end(), options.begin(), options.end());
         return line;
     }
+
+    /// The printer that a scenario is for: "P", or one of its own for another model.
+    std::string PrinterFor(const std::vector<std::string>& model)
+    {
+        if (model.empty())
+            return "P";
+        const auto sample = std::filesystem::path(PSUI_SOURCE_DIR "/models") / model[0];
+        const bool isSample = std::filesystem::exists(sample);
+        if (Run({"printer", "show", model[0]}).code != 0)
+            Output({"printer", "add", model[0], "--model", isSample ? sample : kScenarios / model[0]});
+        return model[0];
+    }
 };
 
-/// The words behind "# NAME:" at the head of a scenario, line `number` from 0; none when the line is another.
-std::vector<std::string> HeadOf(const std::filesystem::path& file, int number, const std::string& name)
+/// The words behind "# NAME:" in a scenario; none when there is no such line.
+std::vector<std::string> HeadOf(const std::filesystem::path& file, const std::string& name)
 {
-    std::istringstream lines(ReadText(file));
-    std::string line;
-    for (int i = 0; i <= number; ++i)
-        std::getline(lines, line);
     const std::string head = "# " + name + ":";
-    if (!line.starts_with(head))
-        return {};
-    std::istringstream words(line.substr(head.size()));
-    return {std::istream_iterator<std::string>(words), {}};
+    std::istringstream lines(ReadText(file));
+    for (std::string line; std::getline(lines, line) && line.starts_with('#');) {
+        if (!line.starts_with(head))
+            continue;
+        std::istringstream words(line.substr(head.size()));
+        return {std::istream_iterator<std::string>(words), {}};
+    }
+    return {};
 }
 
 TEST_F(Scenario, PlaysEveryFile)
 {
     size_t played = 0;
     for (const auto& entry : std::filesystem::directory_iterator(kScenarios)) {
-        // The first line has options, which may name in.dm, a record of three copies; the second may have
-        // fields that the record to start from differs in from the printer's default.
-        std::vector<std::string> options = HeadOf(entry.path(), 0, "options");
-        if (const std::vector<std::string> fields = HeadOf(entry.path(), 1, "record"); !fields.empty()) {
-            std::vector<std::string> set = {"record", "set", "default.dm", "-o", "start.dm"};
+        if (entry.path().extension() != ".txt")
+            continue;
+        // Comment lines at the head say how a scenario is played: with which options, which may name in.dm, a
+        // record of three copies; from which record, by its differences from the printer's default; on which
+        // model.
+        const std::string printer = PrinterFor(HeadOf(entry.path(), "model"));
+        std::vector<std::string> options = HeadOf(entry.path(), "options");
+        if (const std::vector<std::string> fields = HeadOf(entry.path(), "record"); !fields.empty()) {
+            Output({"record", "default", printer, "-o", "start.dm"});
+            std::vector<std::string> set = {"record", "set", "start.dm", "-o", "start.dm"};
             set.insert(set.end(), fields.begin(), fields.end());
             Output(set);
             options.insert(options.end(), {"--record", "start.dm"});
         }
-        const Outcome outcome = Run(Line(entry.path(), options));
+        const Outcome outcome = Run(Line(entry.path(), options, printer));
         EXPECT_EQ(outcome.code, 0) << outcome;
         ++played;
     }

@@ -171,6 +171,16 @@ std::string MessageText(HWND dialog)
     return "";
 }
 
+HICON MessageIcon(HWND dialog)
+{
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (lstrcmpiW(ClassOf(child).c_str(), TEXT("Static")) == 0 && IsWindowVisible(child) &&
+            (GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON)
+            return reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
+    }
+    return nullptr;
+}
+
 std::optional<ListContents> ReadList(HWND window)
 {
     if (IsTabControl(window))

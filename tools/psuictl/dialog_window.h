@@ -22,6 +22,9 @@ std::string WindowText(HWND window);
 /// The text of a message box: that of its static control. Empty for other dialogs without one.
 std::string MessageText(HWND dialog);
 
+/// The icon of a message box; null for none. The system's icons are shared, so equal handles are equal icons.
+HICON MessageIcon(HWND dialog);
+
 /// The entries of a list box, combo box or tab control. Texts of an owner-drawn one without strings are
 /// empty.
 struct ListContents

@@ -46,8 +46,8 @@ constexpr Form kForms[] = {
     {"expect enabled CONTROL SWITCH", StepKind::ExpectEnabled},
     {"expect visible CONTROL SWITCH", StepKind::ExpectVisible},
     {"expect focus CONTROL", StepKind::ExpectFocus},
-    {"expect text CONTROL TEXT", StepKind::ExpectText},
-    {"expect contains CONTROL TEXT", StepKind::ExpectContains},
+    {"expect text CONTROL TEXT...", StepKind::ExpectText},
+    {"expect contains CONTROL TEXT...", StepKind::ExpectContains},
     {"expect items CONTROL TEXT...", StepKind::ExpectItems},
     {"expect count CONTROL NUMBER", StepKind::ExpectCount},
     {"expect selected CONTROL TEXT", StepKind::ExpectSelected},
@@ -55,9 +55,11 @@ constexpr Form kForms[] = {
     {"expect data CONTROL NUMBER", StepKind::ExpectData},
     {"expect tabstop CONTROL NUMBER", StepKind::ExpectTabStop},
     {"expect record WORD WORD", StepKind::ExpectRecord},
-    {"expect message TEXT", StepKind::ExpectMessage},
+    {"expect message TEXT...", StepKind::ExpectMessage},
+    {"expect icon WORD", StepKind::ExpectIcon},
     {"expect caption TEXT", StepKind::ExpectCaption},
     {"expect recorded WORD TEXT", StepKind::ExpectRecorded},
+    {"expect recorded WORD TEXT TEXT", StepKind::ExpectRecorded},
     {"expect result WORD", StepKind::ExpectResult},
 };
 

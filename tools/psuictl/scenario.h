@@ -48,6 +48,7 @@ enum class StepKind
     ExpectTabStop,
     ExpectRecord,
     ExpectMessage,
+    ExpectIcon,
     ExpectCaption,
     ExpectRecorded,
     ExpectResult,

@@ -59,6 +59,15 @@ struct Scene
     {
         return value(index).isTextId ? stage.text(static_cast<int>(value(index).number)) : value(index).text;
     }
+
+    /// The texts from `first` on, one behind the other.
+    std::string textsFrom(size_t first) const
+    {
+        std::string all;
+        for (size_t i = first; i < step.values.size(); ++i)
+            all += text(i);
+        return all;
+    }
 };
 
 std::string Quoted(const std::string& text)
@@ -407,16 +416,17 @@ Outcome ExpectFocus(const Scene& scene)
 
 Outcome ExpectText(const Scene& scene)
 {
-    return WithControl(scene, [&](HWND control) { return ExpectQuoted(scene.text(1), WindowText(control)); });
+    return WithControl(scene,
+                       [&](HWND control) { return ExpectQuoted(scene.textsFrom(1), WindowText(control)); });
 }
 
 Outcome ExpectContains(const Scene& scene)
 {
     return WithControl(scene, [&](HWND control) {
-        const std::string found = WindowText(control);
-        return found.find(scene.text(1)) != std::string::npos
+        const std::string expected = scene.textsFrom(1), found = WindowText(control);
+        return found.find(expected) != std::string::npos
                    ? Outcome()
-                   : NotYet("expected " + Quoted(scene.text(1)) + " somewhere in " + Quoted(found));
+                   : NotYet("expected " + Quoted(expected) + " somewhere in " + Quoted(found));
     });
 }
 
@@ -488,7 +498,36 @@ Outcome ExpectMessage(const Scene& scene)
 {
     if (!scene.dialog)
         return NotYet("no dialog is open");
-    return ExpectQuoted(scene.text(0), MessageText(scene.dialog));
+    return ExpectQuoted(scene.textsFrom(0), MessageText(scene.dialog));
+}
+
+struct IconName
+{
+    const char* name;
+    LPCWSTR icon;
+};
+
+const IconName kIcons[] = {
+    {"error", IDI_HAND},
+    {"question", IDI_QUESTION},
+    {"exclamation", IDI_EXCLAMATION},
+    {"information", IDI_ASTERISK},
+};
+
+std::string NameOfIcon(HICON icon)
+{
+    for (const IconName& each : kIcons) {
+        if (LoadIconW(nullptr, each.icon) == icon)
+            return each.name;
+    }
+    return icon ? "another" : "none";
+}
+
+Outcome ExpectIcon(const Scene& scene)
+{
+    if (!scene.dialog)
+        return NotYet("no dialog is open");
+    return Expect(scene.value(0).text, NameOfIcon(MessageIcon(scene.dialog)));
 }
 
 Outcome ExpectCaption(const Scene& scene)
@@ -508,12 +547,15 @@ Outcome ExpectRecorded(const Scene& scene)
     }
     const std::vector<platform::RecordedEvent> events = platform::Recorded();
     std::vector<std::string> found;
+    bool there = false;
     for (size_t i = scene.eventsBefore; i < events.size(); ++i) {
-        if (events[i].kind == scene.value(0).text)
-            found.push_back(events[i].text);
+        if (events[i].kind != scene.value(0).text)
+            continue;
+        const bool detailed = scene.step.values.size() <= 2 || events[i].detail == scene.text(2);
+        there = there || (events[i].text == scene.text(1) && detailed);
+        found.push_back(events[i].text + " (" + events[i].detail + ")");
     }
-    const bool there = std::find(found.begin(), found.end(), scene.text(1)) != found.end();
-    return there ? Outcome() : NotYet("expected " + Quoted(scene.text(1)) + ", found " + Joined(found));
+    return there ? Outcome() : NotYet("expected " + scene.step.source + ", found " + Joined(found));
 }
 
 std::string ResultName(int64_t result)
@@ -571,6 +613,7 @@ constexpr Player kPlayers[] = {
     {StepKind::ExpectTabStop, ExpectTabStop},
     {StepKind::ExpectRecord, ExpectRecord},
     {StepKind::ExpectMessage, ExpectMessage},
+    {StepKind::ExpectIcon, ExpectIcon},
     {StepKind::ExpectCaption, ExpectCaption},
     {StepKind::ExpectRecorded, ExpectRecorded},
     {StepKind::ExpectResult, ExpectResult},
