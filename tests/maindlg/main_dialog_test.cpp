@@ -1,0 +1,249 @@
+// The main dialog itself: where its parts are, what it takes over from its sheet, and how it answers the
+// pointer.
+#include "psui/maindlg/main_dialog.h"
+
+#include <commctrl.h>
+
+#include "lang/ids/basic_tab.h"
+#include "lang/ids/dialogs.h"
+#include "lang/ids/main_dialog.h"
+#include "psui/entry/main_dialog.h"
+#include "psui/maindlg/main_layout.h"
+#include "psui/res/pictures.h"
+#include "tests/maindlg/dialog_context.h"
+#include "tests/maindlg/test_dialog.h"
+
+namespace {
+
+using test::DialogContext;
+using test::TestDialog;
+using test::World;
+
+RECT PlaceOf(HWND dialog, int control)
+{
+    RECT place = {};
+    GetWindowRect(GetDlgItem(dialog, control), &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+SIZE SizeOf(const RECT& place)
+{
+    return {place.right - place.left, place.bottom - place.top};
+}
+
+bool IsShown(HWND dialog, int control)
+{
+    return (GetWindowLongPtrW(GetDlgItem(dialog, control), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+/// The main dialog over a sheet of the test's own, open but not run.
+class MainDialog : public testing::Test
+{
+protected:
+    MainDialog() { psui::hOwnModule = LoadLibraryW(test::ProductFile("eng/psui.dll").c_str()); }
+    ~MainDialog() override
+    {
+        DestroyWindow(dialog_);
+        DestroyWindow(sheet_);
+        psui::hOwnModule = nullptr;
+    }
+
+    void Open(RECT sheet = {100, 100, 500, 400})
+    {
+        sheet_ = CreateWindowExW(0, TEXT("STATIC"), TEXT("Office Properties"), WS_POPUP, sheet.left,
+                                 sheet.top, sheet.right - sheet.left, sheet.bottom - sheet.top, nullptr,
+                                 nullptr, nullptr, nullptr);
+        page_ = CreateWindowExW(0, TEXT("STATIC"), TEXT(""), WS_CHILD, 0, 0, 10, 10, sheet_, nullptr, nullptr,
+                                nullptr);
+        context_->hSummaryPage = page_;
+        dialog_ = CreateDialogParamW(
+            psui::hLangModule, MAKEINTRESOURCEW(IDD_MAIN), sheet_, psui::MainSettingDlgProc,
+            reinterpret_cast<LPARAM>(static_cast<psui::PrinterUiContext*>(context_)));
+        ASSERT_NE(dialog_, nullptr);
+    }
+
+    /// What the dialog procedure answers.
+    INT_PTR Ask(UINT message, WPARAM wParam, LPARAM lParam) const
+    {
+        return psui::MainSettingDlgProc(dialog_, message, wParam, lParam);
+    }
+
+    World world_;
+    DialogContext context_;
+    HWND sheet_ = nullptr, page_ = nullptr, dialog_ = nullptr;
+};
+
+TEST_F(MainDialog, SetsItsButtonsUnderTheTabsFromTheRight)
+{
+    for (const bool userDefault : {false, true}) {
+        context_->bUserDefault = userDefault;
+        Open();
+        const RECT tabs = PlaceOf(dialog_, IDC_TABS);
+        const LONG width = (tabs.right - tabs.left - 21) / 4;
+        const auto expectAt = [&](int control, LONG fromRight) {
+            const RECT place = PlaceOf(dialog_, control);
+            EXPECT_EQ(place.left, tabs.right - width - fromRight * (width + 7)) << control;
+            EXPECT_EQ(SizeOf(place).cx, width) << control;
+        };
+        const auto expectRow = [&](bool withApply) {
+            EXPECT_EQ(IsShown(dialog_, IDC_APPLY), withApply);
+            expectAt(IDHELP, 0);
+            if (withApply)
+                expectAt(IDC_APPLY, 1);
+            expectAt(IDCANCEL, withApply ? 2 : 1);
+            expectAt(IDOK, withApply ? 3 : 2);
+        };
+        expectRow(userDefault);
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog_, IDC_APPLY)));
+        psui::ToggleApplyButton(dialog_);
+        expectRow(!userDefault);
+        psui::ToggleApplyButton(dialog_);
+        expectRow(userDefault);
+        DestroyWindow(dialog_);
+        DestroyWindow(sheet_);
+    }
+}
+
+TEST_F(MainDialog, SizesItsPicturesByTheirBitmaps)
+{
+    Open();
+    const TestDialog asDesigned(IDD_MAIN);
+    RECT client;
+    GetClientRect(dialog_, &client);
+    const RECT link = PlaceOf(dialog_, IDC_WEB_LINK), banner = PlaceOf(dialog_, IDC_BANNER);
+    EXPECT_EQ(link.right, client.right);
+    EXPECT_EQ(link.top, PlaceOf(asDesigned, IDC_WEB_LINK).top);
+    EXPECT_EQ(banner.right - banner.left, link.left);
+    EXPECT_EQ(SizeOf(banner).cy, SizeOf(link).cy);
+
+    const RECT frame = PlaceOf(dialog_, IDC_PREVIEW_FRAME), preview = PlaceOf(dialog_, IDC_PREVIEW);
+    EXPECT_EQ(preview.left, frame.left + (SizeOf(frame).cx - SizeOf(preview).cx) / 2);
+    EXPECT_EQ(preview.top, PlaceOf(asDesigned, IDC_PREVIEW).top + 8);
+    // The page image's rectangles are counted in a picture of this size.
+    EXPECT_EQ(SizeOf(preview).cx, 120);
+    EXPECT_EQ(SizeOf(preview).cy, 120);
+}
+
+TEST_F(MainDialog, MakesRoomForTheDuplexLine)
+{
+    constexpr int kMoved[] = {IDC_LINE_COLOR,  IDC_COLOR_PICTURE, IDC_LINE_SCALING,
+                              IDC_LINE_MIRROR, IDC_LINE_REVERSE,  IDC_LINE_WATERMARK};
+    const TestDialog asDesigned(IDD_MAIN);
+    const LONG pitch = PlaceOf(asDesigned, IDC_LINE_QUALITY).top - PlaceOf(asDesigned, IDC_LINE_MEDIA).top;
+    for (const DWORD fields : {DM_COPIES, DM_COPIES | DM_DUPLEX}) {
+        const bool duplex = (fields & DM_DUPLEX) != 0;
+        context_.record().dmPublic.dmFields = fields;
+        Open();
+        EXPECT_EQ(IsShown(dialog_, IDC_LINE_DUPLEX), duplex);
+        for (const int control : kMoved) {
+            const RECT designed = PlaceOf(asDesigned, control), place = PlaceOf(dialog_, control);
+            EXPECT_EQ(place.left, designed.left) << control;
+            EXPECT_EQ(place.top, designed.top + (duplex ? pitch : 0)) << control;
+        }
+        DestroyWindow(dialog_);
+        DestroyWindow(sheet_);
+    }
+}
+
+TEST_F(MainDialog, StandsForItsSheet)
+{
+    context_->bUserDefault = 1;
+    Open({0, 0, 0, 0});
+    WCHAR title[64] = {};
+    GetWindowTextW(dialog_, title, 64);
+    EXPECT_EQ(std::u16string(title), u"Office Properties");
+    RECT place;
+    GetWindowRect(dialog_, &place);
+    EXPECT_EQ(place.left, (GetSystemMetrics(SM_CXSCREEN) - SizeOf(place).cx) / 2);
+    EXPECT_EQ(place.top, (GetSystemMetrics(SM_CYSCREEN) - SizeOf(place).cy) / 2);
+}
+
+TEST_F(MainDialog, ColorsSettingsBlueAndPlainFactsBlack)
+{
+    Open();
+    const struct
+    {
+        int control;
+        COLORREF color; ///< CLR_INVALID for none of ours
+    } rows[] = {
+        {IDC_LINE_MEDIA, RGB(0, 0, 255)},   {IDC_LINE_WATERMARK, RGB(0, 0, 255)},
+        {IDC_LINE_PAPER, RGB(0, 0, 255)},   {IDC_LINE_PAPER_SIZE, RGB(0, 0, 255)},
+        {IDC_LINE_DUPLEX, RGB(0, 0, 255)},  {IDC_LINE_SCALING, RGB(0, 0, 255)},
+        {IDC_LINE_FIGURE, RGB(0, 0, 255)},  {IDC_LINE_FIT_PAPER, RGB(0, 0, 0)},
+        {IDC_LINE_SCALED_TO, RGB(0, 0, 0)}, {IDC_HOVER_TIP, CLR_INVALID},
+        {IDC_SUPPORT, CLR_INVALID},
+    };
+    const HDC dc = GetDC(dialog_);
+    for (const auto& row : rows) {
+        SetTextColor(dc, RGB(1, 2, 3));
+        const INT_PTR brush = Ask(WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
+                                  reinterpret_cast<LPARAM>(GetDlgItem(dialog_, row.control)));
+        const bool ours = row.color != CLR_INVALID;
+        EXPECT_EQ(brush, ours ? reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH)) : 0) << row.control;
+        EXPECT_EQ(GetTextColor(dc), ours ? row.color : RGB(1, 2, 3)) << row.control;
+    }
+    ReleaseDC(dialog_, dc);
+}
+
+TEST_F(MainDialog, CapturesThePointerOverThePageImage)
+{
+    Open();
+    test::Set(context_.record(), "bBorderless", 0);
+    const RECT preview = PlaceOf(dialog_, IDC_PREVIEW);
+    const LPARAM onPage = MAKELPARAM(preview.left + 60, preview.top + 60);
+    const LPARAM beside = MAKELPARAM(preview.left + 5, preview.top + 60);
+    Ask(WM_MOUSEMOVE, 0, onPage);
+    EXPECT_EQ(GetCapture(), dialog_);
+    Ask(WM_MOUSEMOVE, 0, beside);
+    EXPECT_EQ(GetCapture(), nullptr);
+
+    // Asking for context help takes the mouse as well, and ends with the next click.
+    Ask(WM_SYSCOMMAND, SC_CONTEXTHELP, 0);
+    EXPECT_EQ(context_->bContextHelpMode, 1u);
+    SetCapture(dialog_);
+    Ask(WM_MOUSEMOVE, 0, beside);
+    EXPECT_EQ(GetCapture(), dialog_);
+    Ask(WM_LBUTTONDOWN, 0, beside);
+    EXPECT_EQ(context_->bContextHelpMode, 0u);
+    ReleaseCapture();
+
+    for (const char* const field : {"bBorderless", "bBookletFlags"}) {
+        test::Set(context_.record(), field, 1);
+        Ask(WM_MOUSEMOVE, 0, onPage);
+        EXPECT_EQ(GetCapture(), nullptr) << field;
+        test::Set(context_.record(), field, 0);
+    }
+    context_->bPermission = 0;
+    Ask(WM_MOUSEMOVE, 0, onPage);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(MainDialog, RepaintsItsTabAfterTheBackgroundWasErased)
+{
+    Open();
+    ShowWindow(sheet_, SW_SHOW);
+    ShowWindow(dialog_, SW_SHOW);
+    const HWND tab = context_->hBasicTab;
+    const auto repaints = [&] {
+        ValidateRect(tab, nullptr);
+        Ask(WM_ERASEBKGND, 0, 0);
+        return GetUpdateRect(tab, nullptr, FALSE) != FALSE;
+    };
+    repaints();
+    EXPECT_FALSE(repaints());
+    const HDC dc = GetDC(dialog_);
+    SendDlgItemMessageW(dialog_, IDC_BACKGROUND, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
+    ReleaseDC(dialog_, dc);
+    EXPECT_TRUE(repaints());
+    EXPECT_FALSE(repaints());
+}
+
+TEST_F(MainDialog, KeepsKeysForTheButtonsOfItsTab)
+{
+    Open();
+    for (const int button : {IDC_DEFAULT, IDC_DUPLEX_SETTINGS})
+        EXPECT_EQ(SendDlgItemMessageW(context_->hBasicTab, button, WM_GETDLGCODE, 0, 0), 0x2024) << button;
+}
+
+} // namespace
