@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "psui/settings/copy.h"
+#include "psui/settings/text.h"
 
 namespace psui {
 
@@ -37,6 +38,21 @@ SpoolerBlock<Info> FetchBlock(Fetch fetch)
     return {};
 }
 
+/// Bytes of the block from `place` on; 0 when it lies outside.
+template <typename Info>
+size_t RoomAt(const SpoolerBlock<Info>& block, const void* place)
+{
+    const auto start = reinterpret_cast<uintptr_t>(block.bytes.get());
+    const auto at = reinterpret_cast<uintptr_t>(place);
+    return at < start || at - start > block.size ? 0 : block.size - (at - start);
+}
+
+bool HasNameInside(const SpoolerBlock<FORM_INFO_1W>& forms, const FORM_INFO_1W& form)
+{
+    const auto units = static_cast<int>(RoomAt(forms, form.pName) / sizeof(WCHAR));
+    return !form.pName || BoundedLength(form.pName, units) < units;
+}
+
 } // namespace
 
 template <typename Info>
@@ -66,7 +82,10 @@ SpoolerBlock<FORM_INFO_1W> EnumPrinterForms(HANDLE printer, DWORD& count)
     auto forms = FetchBlock<FORM_INFO_1W>([&](BYTE* buffer, DWORD size, DWORD* needed) {
         return EnumFormsW(printer, 1, buffer, size, needed, &count);
     });
-    count = std::min(count, forms.size / static_cast<DWORD>(sizeof(FORM_INFO_1W)));
+    const DWORD most = std::min(count, forms.size / static_cast<DWORD>(sizeof(FORM_INFO_1W)));
+    count = 0;
+    while (count < most && HasNameInside(forms, forms.get()[count]))
+        ++count;
     return forms;
 }
 
@@ -74,11 +93,7 @@ const DEVMODEW* StoredDevMode(const SpoolerBlock<PRINTER_INFO_2W>& info)
 {
     if (!info || !info->pDevMode)
         return nullptr;
-    const auto start = reinterpret_cast<uintptr_t>(info.bytes.get());
-    const auto record = reinterpret_cast<uintptr_t>(info->pDevMode);
-    if (record < start || record - start > info.size)
-        return nullptr;
-    const size_t room = info.size - (record - start);
+    const size_t room = RoomAt(info, info->pDevMode);
     if (room < kHeaderSize || room < ShapeOf(info->pDevMode).TotalSize())
         return nullptr;
     return info->pDevMode;

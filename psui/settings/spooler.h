@@ -27,7 +27,8 @@ SpoolerBlock<Info> GetPrinterInfo(HANDLE printer, DWORD level = 2);
 template <typename Info = DRIVER_INFO_2W>
 SpoolerBlock<Info> GetDriverInfo(HANDLE printer, DWORD level = 2);
 
-/// The printer's forms (level 1) and their number, or nothing and 0.
+/// The printer's forms (level 1) and their number, or nothing and 0. Names are null or end inside the block;
+/// where the spooler gave another one, the forms end.
 SpoolerBlock<FORM_INFO_1W> EnumPrinterForms(HANDLE printer, DWORD& count);
 
 /// The stored default record of the printer, or null when there is none or the record states more bytes than

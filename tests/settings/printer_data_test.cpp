@@ -4,6 +4,8 @@
 #include <map>
 #include <tuple>
 
+#include <dlfcn.h>
+
 #include "psui/settings/spooler.h"
 #include "psui/settings/tray_forms.h"
 #include "tests/entry/fail_each.h"
@@ -13,6 +15,22 @@
 
 namespace {
 
+DWORD overstatedForms = 0; // more forms than there are, as a faulty spooler may tell
+
+}
+
+// Stands in front of the layer's function of that name.
+BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE forms, DWORD size, LPDWORD needed, LPDWORD count)
+{
+    static const auto next = reinterpret_cast<decltype(&EnumFormsW)>(dlsym(RTLD_NEXT, "EnumFormsW"));
+    const BOOL result = next(printer, level, forms, size, needed, count);
+    *count += result ? overstatedForms : 0;
+    return result;
+}
+
+namespace {
+
+using namespace std::literals;
 using namespace test;
 using psui::HeapPtr;
 using psui::PrinterWideData;
@@ -358,6 +376,31 @@ TEST_F(PrinterDataTest, RegistersTheModelsPageSizesOnce)
     EXPECT_EQ(Forms(handle), expected);
 }
 
+TEST_F(PrinterDataTest, RegistersNamesFromOutsideAsTheyStand)
+{
+    const std::tuple<std::string, std::u16string> cases[] = {
+        {"\x01\t\r\n\x1F\x7F", u"\x01\t\r\n\x1F\x7F"},
+        {"[A4]", u"[A4]"},
+        {"A4=1;B=2", u"A4=1;B=2"},
+        {"\"A4\" 'A4'", u"\"A4\" 'A4'"},
+        {"%s%n%1!s!", u"%s%n%1!s!"},
+        {"..\\A4:/*?", u"..\\A4:/*?"},
+        {"\xE9\x80", u"\u00E9\u20AC"},
+        {std::string(31, 'w') + "y", std::u16string(31, 'w')},
+        {std::string(32000, 'x'), std::u16string(31, 'x')},
+    };
+    auto expected = Forms(handle);
+    auto& page = const_cast<psui::ModelOption&>(
+        *psui::FirstOption(psui::BuiltinFeature(model, psui::kFeaturePageSize)));
+    for (const auto& [translation, name] : cases) {
+        page.translation.value = reinterpret_cast<uintptr_t>(translation.c_str());
+        Store(handle, u"Forms?", 0);
+        psui::RegisterModelForms(handle, model);
+        expected[name] = kA4Form;
+        EXPECT_EQ(Forms(handle), expected) << translation;
+    }
+}
+
 TEST_F(PrinterDataTest, RemembersRegistrationOnlyForModelsWithPageSizes)
 {
     const auto before = Forms(handle);
@@ -374,7 +417,9 @@ TEST_F(PrinterDataTest, RemembersRegistrationOnlyForModelsWithPageSizes)
 TEST_F(PrinterDataTest, ReplacesUserFormsOfTheModelsNames)
 {
     AddUserForm(handle, u"A4 sheet");
-    AddUserForm(handle, u"A4 sheets");
+    for (const std::u16string& other :
+         {u"A4 sheets"s, u"A4 shee"s, u"A4 sheet\x01"s, u"A4 sheet\xD800"s, u"\xDC00\xD800"s, u"%s[A4]=;"s})
+        AddUserForm(handle, other);
     auto expected = Forms(handle);
     psui::RefreshModelForms(handle, model);
     EXPECT_EQ(Forms(handle), expected) << "the forms were never registered";
@@ -385,6 +430,23 @@ TEST_F(PrinterDataTest, ReplacesUserFormsOfTheModelsNames)
     EXPECT_EQ(Forms(handle), expected);
     psui::RefreshModelForms(handle, model);
     EXPECT_EQ(Forms(handle), expected);
+}
+
+TEST_F(PrinterDataTest, ReadsNoMoreFormsThanTheSpoolerGave)
+{
+    psui::RegisterModelForms(handle, model);
+    AddUserForm(handle, u"A4 sheets");
+    DWORD given = 0, count = 0;
+    psui::EnumPrinterForms(handle, given);
+    const auto expected = Forms(handle);
+    for (const DWORD overstated : {1u, 100u, 0x7FFFFFFFu, 0xFFFFFFFFu - given}) {
+        overstatedForms = overstated;
+        psui::EnumPrinterForms(handle, count);
+        EXPECT_GE(count, given) << overstated;
+        psui::RefreshModelForms(handle, model);
+        overstatedForms = 0;
+        EXPECT_EQ(Forms(handle), expected) << overstated;
+    }
 }
 
 TEST_F(PrinterDataTest, GivesEverythingBackWhenFormsCannotBeRefreshed)
