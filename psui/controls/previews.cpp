@@ -1,8 +1,8 @@
 #include "psui/controls/previews.h"
 
 #include "psui/controls/transparent.h"
-#include "psui/maindlg/flags.h"
 #include "psui/res/pictures.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

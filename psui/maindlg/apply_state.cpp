@@ -8,7 +8,7 @@
 #include "lang/ids/main_dialog.h"
 #include "lang/ids/strings.h"
 #include "psui/base/module.h"
-#include "psui/maindlg/flags.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

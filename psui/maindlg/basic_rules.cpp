@@ -6,10 +6,10 @@
 
 #include "lang/ids/basic_tab.h"
 #include "lang/ids/dialogs.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/qualities.h"
 #include "psui/maindlg/rules.h"
 #include "psui/model/queries.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

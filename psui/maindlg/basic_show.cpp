@@ -8,12 +8,12 @@
 #include "psui/maindlg/basic_rules.h"
 #include "psui/maindlg/combo_list.h"
 #include "psui/maindlg/drawing.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/mnemonics.h"
 #include "psui/maindlg/option_lists.h"
 #include "psui/maindlg/qualities.h"
 #include "psui/maindlg/rules.h"
 #include "psui/maindlg/side_panel.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

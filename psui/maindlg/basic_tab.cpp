@@ -14,7 +14,6 @@
 #include "psui/maindlg/basic_show.h"
 #include "psui/maindlg/combo_list.h"
 #include "psui/maindlg/drawing.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/help.h"
 #include "psui/maindlg/notice.h"
 #include "psui/maindlg/option_lists.h"
@@ -28,6 +27,7 @@
 #include "psui/maindlg/tabs.h"
 #include "psui/res/pictures.h"
 #include "psui/settings/environment.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

@@ -1,7 +1,7 @@
 #include "psui/maindlg/media.h"
 
 #include "lang/ids/strings.h"
-#include "psui/maindlg/flags.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

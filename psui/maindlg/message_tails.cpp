@@ -4,8 +4,8 @@
 
 #include "lang/ids/strings.h"
 #include "psui/base/label.h"
-#include "psui/maindlg/flags.h"
 #include "psui/settings/language.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

@@ -7,10 +7,10 @@
 #include "psui/base/label.h"
 #include "psui/base/module.h"
 #include "psui/maindlg/fit_text.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/option_tables.h"
 #include "psui/maindlg/papers.h"
 #include "psui/maindlg/side_panel.h"
+#include "psui/settings/record_values.h"
 #include "psui/settings/text.h"
 
 namespace psui {

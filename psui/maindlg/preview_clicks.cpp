@@ -5,9 +5,9 @@
 #include "psui/base/module.h"
 #include "psui/controls/pictures.h"
 #include "psui/maindlg/combo_list.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/rules.h"
 #include "psui/maindlg/side_panel.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

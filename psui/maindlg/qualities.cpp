@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "lang/ids/strings.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/rules.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

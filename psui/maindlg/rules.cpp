@@ -1,8 +1,8 @@
 #include "psui/maindlg/rules.h"
 
-#include "psui/maindlg/flags.h"
 #include "psui/settings/language.h"
 #include "psui/settings/paper_groups.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 
@@ -10,8 +10,6 @@ namespace {
 
 constexpr short kPlainA4 = DMPAPER_A4;
 constexpr short kBorderlessA4 = 274;
-constexpr uint16_t kThicknessRegular = 0;
-constexpr uint16_t kThicknessEnvelope = 2;
 
 /// Borderless papers that the merge of records knows and the dialogs do not offer.
 constexpr short kNotOffered[] = {286, 294};

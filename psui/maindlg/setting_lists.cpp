@@ -5,11 +5,11 @@
 #include "lang/ids/basic_tab.h"
 #include "lang/ids/strings.h"
 #include "psui/maindlg/combo_list.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/option_lists.h"
 #include "psui/maindlg/qualities.h"
 #include "psui/maindlg/rules.h"
 #include "psui/settings/language.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

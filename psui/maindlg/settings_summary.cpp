@@ -7,7 +7,6 @@
 #include "psui/base/format.h"
 #include "psui/base/memory.h"
 #include "psui/entry/main_dialog.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/media.h"
 #include "psui/maindlg/papers.h"
 #include "psui/maindlg/qualities.h"
@@ -17,6 +16,7 @@
 #include "psui/maindlg/value_texts.h"
 #include "psui/settings/environment.h"
 #include "psui/settings/language.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

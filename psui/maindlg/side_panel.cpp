@@ -9,12 +9,12 @@
 #include "psui/base/label.h"
 #include "psui/maindlg/control_centre.h"
 #include "psui/maindlg/fit_text.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/media.h"
 #include "psui/maindlg/mnemonics.h"
 #include "psui/maindlg/qualities.h"
 #include "psui/maindlg/rules.h"
 #include "psui/maindlg/value_texts.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

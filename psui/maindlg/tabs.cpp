@@ -8,9 +8,9 @@
 #include "lang/ids/main_dialog.h"
 #include "lang/ids/strings.h"
 #include "psui/base/module.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/tab_procedures.h"
 #include "psui/settings/language.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 

@@ -7,25 +7,17 @@
 #include "psui/settings/environment.h"
 #include "psui/settings/paper_groups.h"
 #include "psui/settings/record.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 
 namespace {
 
 constexpr DWORD kSizeFields = DM_PAPERLENGTH | DM_PAPERWIDTH;
-constexpr uint32_t kDatePrintOn = 0x80;
 constexpr int kLargestScale = 1000; // percent
 constexpr short kMostCopies = 999;
 constexpr int kLongestUserPaper = 4318; // portrait, tenths of a millimetre
 constexpr int kWidestUserPaper = 2870;
-constexpr uint8_t kFitToOutputPaper = 1;
-constexpr uint16_t kEnvelopeThickness = 2;
-
-constexpr DWORD kFirstMedia = 261;
-constexpr DWORD kMedia264 = 264;
-constexpr DWORD kMedia265 = 265;
-constexpr DWORD kPlainMedia = 266;
-constexpr DWORD kLastMedia = 273;
 
 /// One merge: the record that is completed, and the source spread over a copy of it.
 struct Merge
@@ -50,17 +42,29 @@ bool IsQuality(int value)
     return InRange(value, DMRES_HIGH, DMRES_DRAFT);
 }
 
-/// 1 to 13 for the driver's special media, 0 for plain paper and for every other id.
-uint16_t MediaClassOf(DWORD media)
+constexpr uint16_t kPlainClass = 0;
+
+/// 1 to 13 for the driver's special media, kPlainClass for plain paper and for every other id.
+constexpr uint16_t MediaClassOf(DWORD media)
 {
-    if (media < kFirstMedia || media > kLastMedia || media == kPlainMedia)
-        return 0;
-    return static_cast<uint16_t>(media - kFirstMedia + 1);
+    if (media < kMediaInkjet || media > kMediaHagakiPicture || media == kMediaPlainPaper)
+        return kPlainClass;
+    return static_cast<uint16_t>(media - kMediaInkjet + 1);
 }
 
-bool IsPlainClass(uint16_t mediaClass)
+bool IsPlainOrAddress(uint16_t mediaClass)
 {
-    return mediaClass == 0 || mediaClass == 8 || mediaClass == 12;
+    return mediaClass == kPlainClass || mediaClass == MediaClassOf(kMediaHagakiAddress);
+}
+
+bool IsPlainLike(uint16_t mediaClass)
+{
+    return IsPlainOrAddress(mediaClass) || mediaClass == MediaClassOf(kMediaInkjetHagaki);
+}
+
+bool IsTransparency(DWORD media)
+{
+    return media == kMediaTransparency || media == kMediaTransparencyMirror;
 }
 
 void MergeSource(const Merge& merge)
@@ -95,21 +99,16 @@ void MergeUserSize(const Merge& merge)
     merge.to.dmFields |= kSizeFields;
 }
 
-bool NeedsBorders(DWORD media)
-{
-    return media == kMedia264 || media == kMedia265;
-}
-
 /// The media after the merge decides together with the source's own, so that no record comes out that the
 /// next merge would change.
 void MergePaper(const Merge& merge)
 {
-    bool bordered = NeedsBorders(merge.Has(DM_MEDIATYPE) ? merge.from.dmMediaType : merge.to.dmMediaType);
+    bool bordered = IsTransparency(merge.Has(DM_MEDIATYPE) ? merge.from.dmMediaType : merge.to.dmMediaType);
     bool dateless = false;
     if (merge.Has(DM_PAPERSIZE)) {
         merge.to.dmFields |= DM_PAPERSIZE;
         merge.to.dmPaperSize = merge.from.dmPaperSize;
-        bordered = bordered || NeedsBorders(merge.from.dmMediaType);
+        bordered = bordered || IsTransparency(merge.from.dmMediaType);
         dateless = IsBorderlessPaper(merge.from.dmPaperSize) || merge.fromPrivate.bBorderless == 1;
     }
     if (bordered)
@@ -267,10 +266,14 @@ struct MediaQuality
     int16_t quality;
 };
 constexpr MediaQuality kMediaQualities[] = {
-    {261, 3, 4, 4, DMRES_HIGH},   {263, 3, 5, 4, DMRES_MEDIUM}, {269, 3, 5, 4, DMRES_MEDIUM},
-    {271, 3, 5, 4, DMRES_MEDIUM}, {273, 3, 5, 4, DMRES_MEDIUM}, {264, 2, 3, 2, DMRES_MEDIUM},
+    {kMediaInkjet, kQualityFine, kQualityPhoto, kQualityPhoto, DMRES_HIGH},
+    {kMediaGlossyC, kQualityFine, kQualityPhotoFine, kQualityPhoto, DMRES_MEDIUM},
+    {kMediaGlossyCB, kQualityFine, kQualityPhotoFine, kQualityPhoto, DMRES_MEDIUM},
+    {kMediaGlossyRB, kQualityFine, kQualityPhotoFine, kQualityPhoto, DMRES_MEDIUM},
+    {kMediaHagakiPicture, kQualityFine, kQualityPhotoFine, kQualityPhoto, DMRES_MEDIUM},
+    {kMediaTransparency, kQualityNormal, kQualityFine, kQualityNormal, DMRES_MEDIUM},
 };
-constexpr MediaQuality kOtherMediaQuality = {0, 0, 3, 2, DMRES_MEDIUM};
+constexpr MediaQuality kOtherMediaQuality = {0, kQualityDraft, kQualityFine, kQualityNormal, DMRES_MEDIUM};
 
 const MediaQuality& QualityRuleFor(DWORD media)
 {
@@ -295,7 +298,7 @@ void SettleDirection(const Merge& merge)
     const short paper = merge.to.dmPaperSize;
     const bool thickUserPaper = paper == DMPAPER_USER && (to.wThickness == 2 || to.wThickness == 4);
     const bool excluded = IsEnvelopeOrPostcard(paper) || thickUserPaper;
-    if (IsPlainClass(to.wMediaClass))
+    if (IsPlainLike(to.wMediaClass))
         to.dwDirModePlain = !excluded && to.dwDirChoicePlain != 0;
     else
         to.dwDirModeOther = !excluded && to.dwDirChoiceOther != 0;
@@ -305,8 +308,8 @@ void SettleLargeBorderless(const Merge& merge)
 {
     const short paper = merge.to.dmPaperSize;
     const uint16_t mediaClass = merge.toPrivate.wMediaClass;
-    if ((paper == 283 || paper == 290) && (mediaClass == 0 || mediaClass == 12))
-        SetQuality(merge, 3, DMRES_HIGH);
+    if ((paper == 283 || paper == 290) && IsPlainOrAddress(mediaClass))
+        SetQuality(merge, kQualityFine, DMRES_HIGH);
 }
 
 /// The paper that is printed on.
@@ -320,7 +323,7 @@ void SettleThickness(const Merge& merge)
 {
     const int paper = PrintedPaper(merge);
     if (IsEnvelope(paper))
-        merge.toPrivate.wThickness = kEnvelopeThickness;
+        merge.toPrivate.wThickness = kThicknessEnvelope;
     else
         merge.toPrivate.wThickness = paper == DMPAPER_USER ? merge.fromPrivate.wCustomThickness : uint16_t{0};
 }
@@ -328,15 +331,14 @@ void SettleThickness(const Merge& merge)
 void SettleTray(const Merge& merge)
 {
     const bool takesSecondTray =
-        IsPlainClass(merge.toPrivate.wMediaClass) && FitsSecondTray(PrintedPaper(merge));
+        IsPlainLike(merge.toPrivate.wMediaClass) && FitsSecondTray(PrintedPaper(merge));
     if (merge.to.dmDefaultSource == DMBIN_LOWER && !takesSecondTray)
         merge.to.dmDefaultSource = DMBIN_UPPER;
 }
 
 void SettleDeviceOptions(const Merge& merge)
 {
-    const uint16_t mediaClass = merge.toPrivate.wMediaClass;
-    const bool refused = mediaClass == 4 || mediaClass == 5;
+    const bool refused = IsTransparency(merge.to.dmMediaType);
     merge.toPrivate.dwDeviceOptions = refused ? 0 : merge.fromPrivate.dwDeviceOptions;
 }
 

@@ -3,13 +3,13 @@
 #include <iterator>
 
 #include "psui/settings/record.h"
+#include "psui/settings/record_values.h"
 #include "psui/settings/text.h"
 
 namespace psui {
 
 namespace {
 
-constexpr uint32_t kDatePrintOn = 0x80;
 constexpr uint32_t kWatermarkOn = 1;
 constexpr uint8_t kCalledFromFlwApp = 1;
 

@@ -3,9 +3,9 @@
 
 #include "lang/ids/basic_tab.h"
 #include "psui/maindlg/basic_rules.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/placement.h"
 #include "psui/maindlg/preview_clicks.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 namespace {
