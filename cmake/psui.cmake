@@ -27,6 +27,14 @@ else()
     target_link_libraries(platform INTERFACE psui_host)
 endif()
 
+# psui_precompile(TARGET HEADER...): parses once what most files of a target include. Not in every preset: where it
+# is off, a file that lacks an include is found out.
+function(psui_precompile target)
+    if(PSUI_PRECOMPILE)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+
 # The product folder: psuictl, and one folder a language with the library and its language module.
 set(PSUI_PRODUCT_DIR ${PROJECT_BINARY_DIR}/product)
 
@@ -94,12 +102,32 @@ endfunction()
 # The programs that the thread sanitizer runs.
 add_custom_target(concurrency_tests)
 
+separate_arguments(PSUI_TEST_FLAG_LIST UNIX_COMMAND "${PSUI_TEST_FLAGS}")
+
+# What test programs compile with, and where they get their precompiled headers: from a program of their kind that is
+# nothing else. On Windows there is one test program, which defines what the platform's headers look at.
+function(psui_test_options name)
+    target_link_libraries(${name} PRIVATE platform psui_gtest)
+    target_compile_options(${name} PRIVATE ${PSUI_TEST_FLAG_LIST})
+    if(WIN32 OR name STREQUAL test_headers)
+        psui_precompile(${name} <gtest/gtest.h> <windows.h>)
+    elseif(PSUI_PRECOMPILE)
+        if(NOT TARGET test_headers)
+            file(CONFIGURE OUTPUT test_headers.cpp CONTENT "int main() {}\n")
+            add_executable(test_headers ${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp)
+            psui_test_options(test_headers)
+        endif()
+        target_precompile_headers(${name} REUSE_FROM test_headers)
+    endif()
+endfunction()
+
 # psui_test(NAME SOURCES FILE... LIBRARIES LIB... [LABELS LABEL...] [PROPERTIES ...])
 # A GoogleTest program; every test in it becomes a ctest test.
 function(psui_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} platform psui_gtest)
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+    psui_test_options(${name})
     target_compile_definitions(${name} PRIVATE PSUI_PRODUCT_DIR="${PSUI_PRODUCT_DIR}"
         PSUI_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     if(NOT WIN32)

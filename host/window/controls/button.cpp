@@ -32,12 +32,12 @@ const KindFacts& FactsOf(HWND window)
 }
 
 /// Shows a new state at once where the parent draws, and with the next painting otherwise.
-void ShowChange(HWND window, const Button& button, UINT action)
+void ShowChange(const Button& button, UINT action)
 {
-    if (ButtonKind(window) != BS_OWNERDRAW)
-        return Repaint(window);
-    if (IsWindowVisible(window))
-        PaintButton(window, button, ControlDc(window, button.font), action);
+    if (ButtonKind(button.window) != BS_OWNERDRAW)
+        return Repaint(button.window);
+    if (IsWindowVisible(button.window))
+        PaintButton(button, ControlDc(button.window, button.font), action);
 }
 
 bool IsNotifying(HWND window)
@@ -45,12 +45,12 @@ bool IsNotifying(HWND window)
     return (StyleOf(window) & BS_NOTIFY) != 0;
 }
 
-void SetPushed(HWND window, Button& button, bool pushed)
+void SetPushed(Button& button, bool pushed)
 {
     if (button.pushed == pushed)
         return;
     button.pushed = pushed;
-    ShowChange(window, button, ODA_SELECT);
+    ShowChange(button, ODA_SELECT);
 }
 
 /// The radio buttons of the group that this one belongs to are cleared; they are the automatic ones only.
@@ -68,173 +68,172 @@ void ClearOthersInGroup(HWND window)
     }
 }
 
-void Click(HWND window, const Button& button)
+void Click(const Button& button)
 {
-    const KindFacts& facts = FactsOf(window);
-    if (facts.automatic && IsRadioButton(ButtonKind(window))) {
-        SendMessageW(window, BM_SETCHECK, BST_CHECKED, 0);
-        ClearOthersInGroup(window);
+    const KindFacts& facts = FactsOf(button.window);
+    if (facts.automatic && IsRadioButton(ButtonKind(button.window))) {
+        SendMessageW(button.window, BM_SETCHECK, BST_CHECKED, 0);
+        ClearOthersInGroup(button.window);
     } else if (facts.automatic) {
-        SendMessageW(window, BM_SETCHECK, (button.check + 1) % facts.states, 0);
+        SendMessageW(button.window, BM_SETCHECK, (button.check + 1) % facts.states, 0);
     }
-    NotifyParent(window, BN_CLICKED);
+    NotifyParent(button.window, BN_CLICKED);
 }
 
-LRESULT OnGetDlgCode(HWND window, Button&, WPARAM, LPARAM)
+LRESULT OnGetDlgCode(Button& button, WPARAM, LPARAM)
 {
-    return FactsOf(window).dialogCode;
+    return FactsOf(button.window).dialogCode;
 }
 
-LRESULT OnPaint(HWND window, Button& button, WPARAM wParam, LPARAM)
+LRESULT OnPaint(Button& button, WPARAM wParam, LPARAM)
 {
-    const ControlPaint paint(window, wParam, button.font);
-    PaintButton(window, button, paint.Dc(), ODA_DRAWENTIRE);
+    const ControlPaint paint(button.window, wParam, button.font);
+    PaintButton(button, paint.Dc(), ODA_DRAWENTIRE);
     return 0;
 }
 
-LRESULT OnEraseBackground(HWND, Button&, WPARAM, LPARAM)
+LRESULT OnEraseBackground(Button&, WPARAM, LPARAM)
 {
     return TRUE; // the painting covers all but the group box, which lets its parent show through
 }
 
-LRESULT OnHitTest(HWND window, Button&, WPARAM, LPARAM lParam)
+LRESULT OnHitTest(Button& button, WPARAM, LPARAM lParam)
 {
-    if (ButtonKind(window) == BS_GROUPBOX)
+    if (ButtonKind(button.window) == BS_GROUPBOX)
         return HTTRANSPARENT;
-    return DefWindowProcW(window, WM_NCHITTEST, 0, lParam);
+    return DefWindowProcW(button.window, WM_NCHITTEST, 0, lParam);
 }
 
-LRESULT OnMouseDown(HWND window, Button&, WPARAM, LPARAM)
+LRESULT OnMouseDown(Button& button, WPARAM, LPARAM)
 {
-    SetCapture(window);
-    SetFocus(window);
+    SetCapture(button.window);
+    SetFocus(button.window);
     // Losing the focus elsewhere runs the program, which may have taken the window or the capture away.
-    Button* const still = StateOf<Button>(window);
-    if (still != nullptr && GetCapture() == window) {
-        still->mouseDown = true;
-        SendMessageW(window, BM_SETSTATE, TRUE, 0);
+    if (!button.gone && GetCapture() == button.window) {
+        button.mouseDown = true;
+        SendMessageW(button.window, BM_SETSTATE, TRUE, 0);
     }
     return 0;
 }
 
-LRESULT OnDoubleClick(HWND window, Button& button, WPARAM wParam, LPARAM lParam)
+LRESULT OnDoubleClick(Button& button, WPARAM wParam, LPARAM lParam)
 {
-    const DWORD kind = ButtonKind(window);
-    if (!IsNotifying(window) && !IsRadioButton(kind) && kind != BS_USERBUTTON && kind != BS_OWNERDRAW)
-        return OnMouseDown(window, button, wParam, lParam);
-    NotifyParent(window, BN_DOUBLECLICKED);
+    const DWORD kind = ButtonKind(button.window);
+    if (!IsNotifying(button.window) && !IsRadioButton(kind) && kind != BS_USERBUTTON && kind != BS_OWNERDRAW)
+        return OnMouseDown(button, wParam, lParam);
+    NotifyParent(button.window, BN_DOUBLECLICKED);
     return 0;
 }
 
-LRESULT OnMouseMove(HWND window, Button& button, WPARAM wParam, LPARAM lParam)
+LRESULT OnMouseMove(Button& button, WPARAM wParam, LPARAM lParam)
 {
-    if (!button.mouseDown || !(wParam & MK_LBUTTON) || GetCapture() != window)
+    if (!button.mouseDown || !(wParam & MK_LBUTTON) || GetCapture() != button.window)
         return 0;
-    const RECT client = ClientRectOf(window);
-    SendMessageW(window, BM_SETSTATE, PtInRect(&client, PointOf(lParam)), 0);
+    const RECT client = ClientRectOf(button.window);
+    SendMessageW(button.window, BM_SETSTATE, PtInRect(&client, PointOf(lParam)), 0);
     return 0;
 }
 
-LRESULT OnMouseUp(HWND window, Button& button, WPARAM, LPARAM lParam)
+LRESULT OnMouseUp(Button& button, WPARAM, LPARAM lParam)
 {
     if (!button.mouseDown)
         return 0;
-    const RECT client = ClientRectOf(window);
+    const RECT client = ClientRectOf(button.window);
     const bool clicked = button.pushed && PtInRect(&client, PointOf(lParam));
     button.mouseDown = false;
-    SendMessageW(window, BM_SETSTATE, FALSE, 0);
-    if (GetCapture() == window)
+    SendMessageW(button.window, BM_SETSTATE, FALSE, 0);
+    if (GetCapture() == button.window)
         ReleaseCapture();
-    if (clicked && StateOf<Button>(window) != nullptr)
-        Click(window, button);
+    if (clicked && !button.gone)
+        Click(button);
     return 0;
 }
 
-LRESULT OnCaptureChanged(HWND window, Button& button, WPARAM, LPARAM lParam)
+LRESULT OnCaptureChanged(Button& button, WPARAM, LPARAM lParam)
 {
-    if (reinterpret_cast<HWND>(lParam) == window)
+    if (reinterpret_cast<HWND>(lParam) == button.window)
         return 0;
     if (button.mouseDown) {
         button.mouseDown = false;
-        SendMessageW(window, BM_SETSTATE, FALSE, 0);
+        SendMessageW(button.window, BM_SETSTATE, FALSE, 0);
     }
     return 0;
 }
 
-LRESULT OnCancelMode(HWND window, Button&, WPARAM, LPARAM)
+LRESULT OnCancelMode(Button& button, WPARAM, LPARAM)
 {
-    SendMessageW(window, BM_SETSTATE, FALSE, 0);
-    if (GetCapture() == window)
+    SendMessageW(button.window, BM_SETSTATE, FALSE, 0);
+    if (GetCapture() == button.window)
         ReleaseCapture();
     return 0;
 }
 
-LRESULT OnKeyDown(HWND window, Button&, WPARAM wParam, LPARAM)
+LRESULT OnKeyDown(Button& button, WPARAM wParam, LPARAM)
 {
     if (wParam == VK_SPACE)
-        SendMessageW(window, BM_SETSTATE, TRUE, 0);
+        SendMessageW(button.window, BM_SETSTATE, TRUE, 0);
     return 0;
 }
 
-LRESULT OnKeyUp(HWND window, Button& button, WPARAM wParam, LPARAM)
+LRESULT OnKeyUp(Button& button, WPARAM wParam, LPARAM)
 {
     if (wParam != VK_SPACE || !button.pushed || button.mouseDown)
         return 0;
-    SendMessageW(window, BM_SETSTATE, FALSE, 0);
-    if (StateOf<Button>(window) != nullptr)
-        Click(window, button);
+    SendMessageW(button.window, BM_SETSTATE, FALSE, 0);
+    if (!button.gone)
+        Click(button);
     return 0;
 }
 
-LRESULT OnSetFocus(HWND window, Button& button, WPARAM, LPARAM)
+LRESULT OnSetFocus(Button& button, WPARAM, LPARAM)
 {
-    ShowChange(window, button, ODA_FOCUS);
-    if (IsNotifying(window))
-        NotifyParent(window, BN_SETFOCUS);
+    ShowChange(button, ODA_FOCUS);
+    if (IsNotifying(button.window))
+        NotifyParent(button.window, BN_SETFOCUS);
     return 0;
 }
 
-LRESULT OnKillFocus(HWND window, Button& button, WPARAM, LPARAM)
+LRESULT OnKillFocus(Button& button, WPARAM, LPARAM)
 {
     if (button.mouseDown || button.pushed)
-        OnCancelMode(window, button, 0, 0);
-    ShowChange(window, button, ODA_FOCUS);
-    if (IsNotifying(window))
-        NotifyParent(window, BN_KILLFOCUS);
+        OnCancelMode(button, 0, 0);
+    ShowChange(button, ODA_FOCUS);
+    if (IsNotifying(button.window))
+        NotifyParent(button.window, BN_KILLFOCUS);
     return 0;
 }
 
-LRESULT OnEnable(HWND window, Button& button, WPARAM wParam, LPARAM)
+LRESULT OnEnable(Button& button, WPARAM wParam, LPARAM)
 {
     if (!wParam && button.pushed)
-        OnCancelMode(window, button, 0, 0);
-    Repaint(window);
+        OnCancelMode(button, 0, 0);
+    Repaint(button.window);
     return 0;
 }
 
-LRESULT OnSetText(HWND window, Button&, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetText(Button& button, WPARAM wParam, LPARAM lParam)
 {
-    const LRESULT result = DefWindowProcW(window, WM_SETTEXT, wParam, lParam);
-    Repaint(window);
-    if (ButtonKind(window) == BS_GROUPBOX) // the old text is not covered by the new one
-        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
+    const LRESULT result = DefWindowProcW(button.window, WM_SETTEXT, wParam, lParam);
+    Repaint(button.window);
+    if (ButtonKind(button.window) == BS_GROUPBOX) // the old text is not covered by the new one
+        RedrawWindow(button.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
     return result;
 }
 
-LRESULT OnSetFont(HWND window, Button& button, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetFont(Button& button, WPARAM wParam, LPARAM lParam)
 {
     button.font = reinterpret_cast<HFONT>(wParam);
     if (lParam & 0xFFFF)
-        Repaint(window);
+        Repaint(button.window);
     return 0;
 }
 
-LRESULT OnGetFont(HWND, Button& button, WPARAM, LPARAM)
+LRESULT OnGetFont(Button& button, WPARAM, LPARAM)
 {
     return reinterpret_cast<LRESULT>(button.font);
 }
 
-LRESULT OnGetCheck(HWND, Button& button, WPARAM, LPARAM)
+LRESULT OnGetCheck(Button& button, WPARAM, LPARAM)
 {
     return button.check;
 }
@@ -247,84 +246,76 @@ void MoveTabStop(HWND window, bool here)
                       static_cast<LONG_PTR>(here ? style | WS_TABSTOP : style & ~WS_TABSTOP));
 }
 
-LRESULT OnSetCheck(HWND window, Button& button, WPARAM wParam, LPARAM)
+LRESULT OnSetCheck(Button& button, WPARAM wParam, LPARAM)
 {
-    const UINT states = FactsOf(window).states;
+    const UINT states = FactsOf(button.window).states;
     if (states == 0)
         return 0;
     const UINT check = wParam < states ? static_cast<UINT>(wParam) : states - 1;
-    if (IsRadioButton(ButtonKind(window)))
-        MoveTabStop(window, check != BST_UNCHECKED);
+    if (IsRadioButton(ButtonKind(button.window)))
+        MoveTabStop(button.window, check != BST_UNCHECKED);
     if (check != button.check) {
         button.check = check;
-        Repaint(window);
+        Repaint(button.window);
     }
     return 0;
 }
 
-LRESULT OnGetState(HWND window, Button& button, WPARAM, LPARAM)
+LRESULT OnGetState(Button& button, WPARAM, LPARAM)
 {
-    return button.check | (button.pushed ? BST_PUSHED : 0u) | (GetFocus() == window ? BST_FOCUS : 0u);
+    return button.check | (button.pushed ? BST_PUSHED : 0u) | (GetFocus() == button.window ? BST_FOCUS : 0u);
 }
 
-LRESULT OnSetState(HWND window, Button& button, WPARAM wParam, LPARAM)
+LRESULT OnSetState(Button& button, WPARAM wParam, LPARAM)
 {
-    SetPushed(window, button, wParam != 0);
+    SetPushed(button, wParam != 0);
     return 0;
 }
 
-LRESULT OnSetStyle(HWND window, Button&, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetStyle(Button& button, WPARAM wParam, LPARAM lParam)
 {
-    const DWORD style = (StyleOf(window) & ~BS_TYPEMASK) | (wParam & BS_TYPEMASK);
-    SetWindowLongPtrW(window, GWL_STYLE, static_cast<LONG_PTR>(style));
+    const DWORD style = (StyleOf(button.window) & ~BS_TYPEMASK) | (wParam & BS_TYPEMASK);
+    SetWindowLongPtrW(button.window, GWL_STYLE, static_cast<LONG_PTR>(style));
     if (lParam & 0xFFFF)
-        Repaint(window);
+        Repaint(button.window);
     return 0;
 }
 
-LRESULT OnClickMessage(HWND window, Button&, WPARAM, LPARAM)
+LRESULT OnClickMessage(Button& button, WPARAM, LPARAM)
 {
-    SendMessageW(window, WM_LBUTTONDOWN, 0, 0);
-    SendMessageW(window, WM_LBUTTONUP, 0, 0);
+    SendMessageW(button.window, WM_LBUTTONDOWN, 0, 0);
+    SendMessageW(button.window, WM_LBUTTONUP, 0, 0);
     return 0;
 }
 
-LRESULT OnGetImage(HWND, Button& button, WPARAM wParam, LPARAM)
+LRESULT OnGetImage(Button& button, WPARAM wParam, LPARAM)
 {
     return wParam == button.imageKind ? reinterpret_cast<LRESULT>(button.image) : 0;
 }
 
-LRESULT OnSetImage(HWND window, Button& button, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetImage(Button& button, WPARAM wParam, LPARAM lParam)
 {
     if (wParam != IMAGE_BITMAP && wParam != IMAGE_ICON)
         return 0;
     const HANDLE before = button.image;
     button.image = reinterpret_cast<HANDLE>(lParam);
     button.imageKind = static_cast<UINT>(wParam);
-    Repaint(window);
+    Repaint(button.window);
     return reinterpret_cast<LRESULT>(before);
 }
 
-constexpr MessageHandler<Button> kHandlers[] = {
-    {WM_GETDLGCODE, OnGetDlgCode},
-    {WM_PAINT, OnPaint},
-    {WM_PRINTCLIENT, OnPaint},
-    {WM_ERASEBKGND, OnEraseBackground},
-    {WM_NCHITTEST, OnHitTest},
-    {WM_LBUTTONDOWN, OnMouseDown},
-    {WM_LBUTTONDBLCLK, OnDoubleClick},
-    {WM_MOUSEMOVE, OnMouseMove},
-    {WM_LBUTTONUP, OnMouseUp},
-    {WM_CAPTURECHANGED, OnCaptureChanged},
-    {WM_CANCELMODE, OnCancelMode},
-    {WM_KEYDOWN, OnKeyDown},
-    {WM_KEYUP, OnKeyUp},
+constexpr MessageRow<Button> kMessages[] = {
     {WM_SETFOCUS, OnSetFocus},
     {WM_KILLFOCUS, OnKillFocus},
     {WM_ENABLE, OnEnable},
     {WM_SETTEXT, OnSetText},
+    {WM_PAINT, OnPaint},
+    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_CANCELMODE, OnCancelMode},
     {WM_SETFONT, OnSetFont},
     {WM_GETFONT, OnGetFont},
+    {WM_NCHITTEST, OnHitTest},
+    {WM_GETDLGCODE, OnGetDlgCode},
     {BM_GETCHECK, OnGetCheck},
     {BM_SETCHECK, OnSetCheck},
     {BM_GETSTATE, OnGetState},
@@ -333,7 +324,16 @@ constexpr MessageHandler<Button> kHandlers[] = {
     {BM_CLICK, OnClickMessage},
     {BM_GETIMAGE, OnGetImage},
     {BM_SETIMAGE, OnSetImage},
+    {WM_KEYDOWN, OnKeyDown},
+    {WM_KEYUP, OnKeyUp},
+    {WM_MOUSEMOVE, OnMouseMove},
+    {WM_LBUTTONDOWN, OnMouseDown},
+    {WM_LBUTTONUP, OnMouseUp},
+    {WM_LBUTTONDBLCLK, OnDoubleClick},
+    {WM_CAPTURECHANGED, OnCaptureChanged},
+    {WM_PRINTCLIENT, OnPaint},
 };
+static_assert(InOrder<Button>(kMessages));
 
 } // namespace
 
@@ -349,7 +349,7 @@ bool IsRadioButton(DWORD kind)
 
 LRESULT CALLBACK ButtonProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return RunControl<Button>(kHandlers, window, message, wParam, lParam);
+    return RunRows<Button>(kMessages, window, message, wParam, lParam);
 }
 
 } // namespace host

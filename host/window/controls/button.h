@@ -6,7 +6,7 @@
 
 namespace host {
 
-struct Button
+struct Button : ControlState
 {
     HFONT font = nullptr;
     HANDLE image = nullptr; // a bitmap or an icon; the program's
@@ -21,7 +21,7 @@ DWORD ButtonKind(HWND window);
 bool IsRadioButton(DWORD kind);
 
 /// Draws the button; an owner-drawn one asks its parent (WM_DRAWITEM) with `action` (ODA_DRAWENTIRE ...).
-void PaintButton(HWND window, const Button& button, HDC dc, UINT action);
+void PaintButton(const Button& button, HDC dc, UINT action);
 
 LRESULT CALLBACK ButtonProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -17,7 +17,6 @@ struct Picture
     theme::Look look;
     DWORD style;
     const Button& button;
-    HWND window;
 };
 
 /// DrawTextW's flags for the alignment styles; `usual` applies where the style says nothing.
@@ -53,7 +52,7 @@ RECT DrawContent(const Picture& picture, const RECT& area, UINT usual)
         DrawImage(picture.dc, {at.left, at.top}, picture.button.image, picture.button.imageKind);
         return at;
     }
-    const std::basic_string<WCHAR> text = TextOf(picture.window);
+    const std::basic_string<WCHAR> text = TextOf(picture.button.window);
     RECT size = {0, 0, area.right - area.left, 0};
     DrawTextW(picture.dc, text.data(), static_cast<int>(text.size()), &size, flags | DT_CALCRECT);
     const LONG width = area.right - area.left;
@@ -69,7 +68,7 @@ RECT DrawContent(const Picture& picture, const RECT& area, UINT usual)
 
 void PaintPushButton(const Picture& picture)
 {
-    const HBRUSH behind = AskParentForColours(picture.window, picture.dc, WM_CTLCOLORBTN);
+    const HBRUSH behind = AskParentForColours(picture.button.window, picture.dc, WM_CTLCOLORBTN);
     FillRect(picture.dc, &picture.rect, behind);
     theme::DrawButtonFace(picture.dc, picture.rect, picture.look);
     RECT area = picture.rect;
@@ -90,7 +89,7 @@ theme::Mark MarkOf(UINT check)
 /// A check box or radio button: its mark and its text.
 void PaintMarked(const Picture& picture)
 {
-    const HBRUSH behind = AskParentForColours(picture.window, picture.dc, WM_CTLCOLORSTATIC);
+    const HBRUSH behind = AskParentForColours(picture.button.window, picture.dc, WM_CTLCOLORSTATIC);
     FillRect(picture.dc, &picture.rect, behind);
     const bool markAtRight = (picture.style & BS_LEFTTEXT) != 0;
     RECT mark = picture.rect;
@@ -122,8 +121,8 @@ void PaintMarked(const Picture& picture)
 /// The frame runs through the middle of the caption's first line; the inside is left alone.
 void PaintGroup(const Picture& picture)
 {
-    const HBRUSH behind = AskParentForColours(picture.window, picture.dc, WM_CTLCOLORSTATIC);
-    const std::basic_string<WCHAR> text = TextOf(picture.window);
+    const HBRUSH behind = AskParentForColours(picture.button.window, picture.dc, WM_CTLCOLORSTATIC);
+    const std::basic_string<WCHAR> text = TextOf(picture.button.window);
     TEXTMETRICW metrics = {};
     GetTextMetricsW(picture.dc, &metrics);
     RECT frame = picture.rect;
@@ -148,17 +147,17 @@ void PaintGroup(const Picture& picture)
 
 void AskParentToDraw(const Picture& picture, UINT action)
 {
-    AskParentForColours(picture.window, picture.dc, WM_CTLCOLORBTN);
+    AskParentForColours(picture.button.window, picture.dc, WM_CTLCOLORBTN);
     DRAWITEMSTRUCT item = {};
     item.CtlType = ODT_BUTTON;
-    item.CtlID = static_cast<UINT>(GetDlgCtrlID(picture.window));
+    item.CtlID = static_cast<UINT>(GetDlgCtrlID(picture.button.window));
     item.itemAction = action;
     item.itemState = (picture.look.focused ? ODS_FOCUS : 0u) | (picture.look.pressed ? ODS_SELECTED : 0u) |
                      (picture.look.enabled ? 0u : ODS_DISABLED);
-    item.hwndItem = picture.window;
+    item.hwndItem = picture.button.window;
     item.hDC = picture.dc;
     item.rcItem = picture.rect;
-    SendMessageW(GetParent(picture.window), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    SendMessageW(GetParent(picture.button.window), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
 }
 
 bool HasMark(DWORD style)
@@ -170,9 +169,10 @@ bool HasMark(DWORD style)
 
 } // namespace
 
-void PaintButton(HWND window, const Button& button, HDC dc, UINT action)
+void PaintButton(const Button& button, HDC dc, UINT action)
 {
-    Picture picture = {dc, ClientRectOf(window), LookOf(window), StyleOf(window), button, window};
+    Picture picture = {dc, ClientRectOf(button.window), LookOf(button.window), StyleOf(button.window),
+                       button};
     const DWORD kind = picture.style & BS_TYPEMASK;
     picture.look.isDefault = kind == BS_DEFPUSHBUTTON;
     picture.look.pressed = button.pushed;

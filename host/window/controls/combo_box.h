@@ -5,7 +5,7 @@
 //
 // combo_box.cpp keeps field and list together, combo_box_drop.cpp opens and closes the list,
 // combo_box_view.cpp is for sizes and painting, combo_box_input.cpp for keys and mouse.
-#include "host/window/controls/control_state.h"
+#include "host/window/controls/control.h"
 
 namespace host {
 

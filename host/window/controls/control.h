@@ -2,9 +2,9 @@
 // What the window procedures of all controls share: their state, their dispatch by table, and talking to the
 // parent.
 //
-// A control's state hangs on the window's extra bytes from WM_NCCREATE to WM_NCDESTROY. A parent may destroy
-// the control from within a notification, so a handler touches its state after one only when StateOf() still
-// gives it.
+// A parent may destroy the control from within a notification, so its state outlives the window until every
+// handler has returned. What a handler still does with the window then fails and harms nobody.
+#include <algorithm>
 #include <new>
 #include <span>
 #include <string>
@@ -15,6 +15,8 @@
 
 namespace host {
 
+using Text = std::basic_string<WCHAR>;
+
 /// Null before WM_NCCREATE, after WM_NCDESTROY, and for a window that does not exist.
 template <class State>
 State* StateOf(HWND window)
@@ -22,38 +24,78 @@ State* StateOf(HWND window)
     return reinterpret_cast<State*>(GetWindowLongPtrW(window, 0));
 }
 
-template <class State>
-struct MessageHandler
+/// Hangs on the window's extra bytes from WM_NCCREATE to WM_NCDESTROY, and lives until the last of its
+/// messages has been handled. Used on the window's thread only.
+struct ControlState
 {
-    UINT message;
-    LRESULT (*handle)(HWND window, State& state, WPARAM wParam, LPARAM lParam);
+    HWND window = nullptr;
+    DWORD style = 0;   ///< as created: a scroll bar that hides takes its bit out of the window's style
+    int messages = 0;  ///< being handled
+    bool gone = false; ///< the window is, and its handle is nobody's or another's
 };
 
-/// The body of a control's window procedure: makes and frees the state, finds the message in the table, and
-/// leaves all others to DefWindowProcW.
 template <class State>
-LRESULT RunControl(std::span<const MessageHandler<State>> handlers, HWND window, UINT message, WPARAM wParam,
-                   LPARAM lParam)
+struct MessageRow
 {
-    State* state = StateOf<State>(window);
-    if (message == WM_NCCREATE && state == nullptr) {
-        state = new (std::nothrow) State();
-        if (state == nullptr)
-            return FALSE;
+    UINT message;
+    LRESULT (*handle)(State& state, WPARAM wParam, LPARAM lParam);
+};
+
+template <class State>
+constexpr bool InOrder(std::span<const MessageRow<State>> rows)
+{
+    return std::is_sorted(rows.begin(), rows.end(),
+                          [](const auto& a, const auto& b) { return a.message < b.message; });
+}
+
+template <class State>
+State* AttachState(HWND window, const CREATESTRUCTW& creation)
+{
+    State* const state = new (std::nothrow) State;
+    if (state != nullptr) {
+        state->window = window;
+        state->style = static_cast<DWORD>(creation.style);
         SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(state));
     }
-    if (message == WM_NCDESTROY && state != nullptr) {
+    return state;
+}
+
+/// Runs the row of a message, or the platform's own handling when there is none. `rows` are in ascending
+/// order.
+template <class State>
+LRESULT RunRow(std::span<const MessageRow<State>> rows, State& state, UINT message, WPARAM wParam,
+               LPARAM lParam)
+{
+    const auto row = std::lower_bound(rows.begin(), rows.end(), message,
+                                      [](const auto& each, UINT number) { return each.message < number; });
+    if (row == rows.end() || row->message != message)
+        return DefWindowProcW(state.window, message, wParam, lParam);
+    return row->handle(state, wParam, lParam);
+}
+
+/// The window procedure of a control whose messages are `rows`.
+template <class State>
+LRESULT RunRows(std::span<const MessageRow<State>> rows, HWND window, UINT message, WPARAM wParam,
+                LPARAM lParam)
+{
+    State* state = StateOf<State>(window);
+    if (state == nullptr && message == WM_NCCREATE) {
+        state = AttachState<State>(window, *reinterpret_cast<const CREATESTRUCTW*>(lParam));
+        if (state == nullptr)
+            return FALSE;
+    }
+    if (state == nullptr)
+        return DefWindowProcW(window, message, wParam, lParam);
+
+    ++state->messages;
+    const LRESULT result = RunRow(rows, *state, message, wParam, lParam);
+    if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, 0, 0);
+        state->gone = true;
+    }
+    if (--state->messages == 0 && state->gone)
         delete state;
-        state = nullptr;
-    }
-    if (state != nullptr) {
-        for (const MessageHandler<State>& each : handlers) {
-            if (each.message == message)
-                return each.handle(window, *state, wParam, lParam);
-        }
-    }
-    return DefWindowProcW(window, message, wParam, lParam);
+    return result;
 }
 
 /// Sends the parent WM_COMMAND with a notification code.
@@ -68,7 +110,7 @@ DWORD StyleOf(HWND window);
 bool HasStyle(HWND window, DWORD style);
 RECT ClientRectOf(HWND window);
 POINT PointOf(LPARAM lParam);
-std::basic_string<WCHAR> TextOf(HWND window);
+Text TextOf(HWND window);
 theme::Look LookOf(HWND window);
 
 /// The size in pixels of an image of a control: a bitmap for IMAGE_BITMAP, an icon for all other kinds; and
@@ -120,5 +162,23 @@ private:
     HDC dc_;
     HGDIOBJ oldFont_;
 };
+
+inline UINT ControlId(HWND window)
+{
+    return static_cast<UINT>(GetDlgCtrlID(window));
+}
+
+inline bool KeyIsDown(int key)
+{
+    return GetKeyState(key) < 0;
+}
+
+/// The height of a line of text in pixels; a null font is the system's.
+inline int LineHeight(HWND window, HFONT font)
+{
+    TEXTMETRICW metrics = {};
+    GetTextMetricsW(ControlDc(window, font), &metrics);
+    return metrics.tmHeight;
+}
 
 } // namespace host

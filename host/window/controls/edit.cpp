@@ -28,29 +28,29 @@ char16_t LowerCase(char16_t unit)
     return unit;
 }
 
-LRESULT OnSetFocus(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT OnSetFocus(Edit& edit, WPARAM, LPARAM)
 {
-    CreateCaret(window, nullptr, kCaretWidth, edit.lineHeight);
-    PlaceCaret(window, edit);
-    ShowCaret(window);
-    RepaintField(window);
-    NotifyParent(window, EN_SETFOCUS);
+    CreateCaret(edit.window, nullptr, kCaretWidth, edit.lineHeight);
+    PlaceCaret(edit);
+    ShowCaret(edit.window);
+    RepaintField(edit.window);
+    NotifyParent(edit.window, EN_SETFOCUS);
     return 0;
 }
 
-LRESULT OnKillFocus(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnKillFocus(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    EditMouseUp(window, edit, wParam, lParam);
+    EditMouseUp(edit, wParam, lParam);
     DestroyCaret();
-    RepaintField(window);
-    NotifyParent(window, EN_KILLFOCUS);
+    RepaintField(edit.window);
+    NotifyParent(edit.window, EN_KILLFOCUS);
     return 0;
 }
 
 // Scrolling
 
 /// Lines down (up when negative) that a SB_ code asks for.
-int LinesOfCode(HWND window, const Edit& edit, WORD code)
+int LinesOfCode(const Edit& edit, WORD code)
 {
     switch (code) {
     case SB_LINEUP:
@@ -58,19 +58,19 @@ int LinesOfCode(HWND window, const Edit& edit, WORD code)
     case SB_LINEDOWN:
         return 1;
     case SB_PAGEUP:
-        return -LinesOfPage(window, edit);
+        return -LinesOfPage(edit);
     case SB_PAGEDOWN:
-        return LinesOfPage(window, edit);
+        return LinesOfPage(edit);
     }
     return 0;
 }
 
 /// Returns the lines that the view really moved by.
-int ScrollLines(HWND window, Edit& edit, int64_t lines)
+int ScrollLines(Edit& edit, int64_t lines)
 {
     const size_t before = edit.firstLine;
     const int64_t first = std::max<int64_t>(0, static_cast<int64_t>(before) + lines);
-    ScrollEdit(window, edit, static_cast<size_t>(first), edit.scrolledX);
+    ScrollEdit(edit, static_cast<size_t>(first), edit.scrolledX);
     return static_cast<int>(edit.firstLine) - static_cast<int>(before);
 }
 
@@ -81,97 +81,97 @@ int TrackPosition(HWND window, int bar)
     return info.nTrackPos;
 }
 
-LRESULT OnVScroll(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnVScroll(Edit& edit, WPARAM wParam, LPARAM)
 {
     const WORD code = LOWORD(wParam);
     const bool tracking = code == SB_THUMBTRACK || code == SB_THUMBPOSITION;
     const int before = static_cast<int>(edit.firstLine);
-    const int lines = tracking            ? TrackPosition(window, SB_VERT) - before
+    const int lines = tracking            ? TrackPosition(edit.window, SB_VERT) - before
                       : code == SB_TOP    ? -before
                       : code == SB_BOTTOM ? static_cast<int>(edit.lines.size())
-                                          : LinesOfCode(window, edit, code);
-    if (ScrollLines(window, edit, lines) != 0 && !tracking)
-        NotifyParent(window, EN_VSCROLL);
+                                          : LinesOfCode(edit, code);
+    if (ScrollLines(edit, lines) != 0 && !tracking)
+        NotifyParent(edit.window, EN_VSCROLL);
     return 0;
 }
 
-LRESULT OnHScroll(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnHScroll(Edit& edit, WPARAM wParam, LPARAM)
 {
     const WORD code = LOWORD(wParam);
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     const bool tracking = code == SB_THUMBTRACK || code == SB_THUMBPOSITION;
     const bool paging = code == SB_PAGEUP || code == SB_PAGEDOWN;
     const int step = paging ? rect.right - rect.left : edit.averageWidth;
     const int direction =
         code == SB_LINEUP || code == SB_PAGEUP ? -1 : code == SB_LINEDOWN || code == SB_PAGEDOWN;
-    int target = tracking ? TrackPosition(window, SB_HORZ) : edit.scrolledX + direction * step;
-    if (HasStyle(window, WS_HSCROLL)) {
+    int target = tracking ? TrackPosition(edit.window, SB_HORZ) : edit.scrolledX + direction * step;
+    if (HasStyle(edit.window, WS_HSCROLL)) {
         SCROLLINFO info = {sizeof(info), SIF_RANGE | SIF_PAGE, 0, 0, 0, 0, 0};
-        GetScrollInfo(window, SB_HORZ, &info);
+        GetScrollInfo(edit.window, SB_HORZ, &info);
         target = std::min(target, std::max(0, info.nMax - static_cast<int>(info.nPage) + 1));
     }
-    if (ScrollEdit(window, edit, edit.firstLine, target) && !tracking)
-        NotifyParent(window, EN_HSCROLL);
+    if (ScrollEdit(edit, edit.firstLine, target) && !tracking)
+        NotifyParent(edit.window, EN_HSCROLL);
     return 0;
 }
 
-LRESULT OnWheel(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnWheel(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    if (!IsMultiLine(window))
-        return DefWindowProcW(window, WM_MOUSEWHEEL, wParam, lParam);
+    if (!IsMultiLine(edit.window))
+        return DefWindowProcW(edit.window, WM_MOUSEWHEEL, wParam, lParam);
     const int notches = static_cast<SHORT>(HIWORD(wParam)) / WHEEL_DELTA;
-    if (ScrollLines(window, edit, -notches * kWheelLines) != 0)
-        NotifyParent(window, EN_VSCROLL);
+    if (ScrollLines(edit, -notches * kWheelLines) != 0)
+        NotifyParent(edit.window, EN_VSCROLL);
     return 0;
 }
 
-LRESULT OnScroll(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnScroll(Edit& edit, WPARAM wParam, LPARAM)
 {
-    if (!IsMultiLine(window) || wParam > SB_PAGEDOWN)
+    if (!IsMultiLine(edit.window) || wParam > SB_PAGEDOWN)
         return FALSE;
-    const int moved = ScrollLines(window, edit, LinesOfCode(window, edit, LOWORD(wParam)));
+    const int moved = ScrollLines(edit, LinesOfCode(edit, LOWORD(wParam)));
     if (moved != 0)
-        NotifyParent(window, EN_VSCROLL);
+        NotifyParent(edit.window, EN_VSCROLL);
     return MAKELONG(moved, TRUE);
 }
 
-LRESULT OnLineScroll(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnLineScroll(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    if (!IsMultiLine(window))
+    if (!IsMultiLine(edit.window))
         return FALSE;
-    ScrollLines(window, edit, static_cast<int>(lParam));
-    ScrollEdit(window, edit, edit.firstLine, edit.scrolledX + static_cast<int>(wParam) * edit.averageWidth);
+    ScrollLines(edit, static_cast<int>(lParam));
+    ScrollEdit(edit, edit.firstLine, edit.scrolledX + static_cast<int>(wParam) * edit.averageWidth);
     return TRUE;
 }
 
-LRESULT OnScrollCaret(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT OnScrollCaret(Edit& edit, WPARAM, LPARAM)
 {
-    ScrollToCaret(window, edit);
+    ScrollToCaret(edit);
     return TRUE;
 }
 
-LRESULT OnGetFirstVisibleLine(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetFirstVisibleLine(Edit& edit, WPARAM, LPARAM)
 {
-    if (IsMultiLine(window))
+    if (IsMultiLine(edit.window))
         return static_cast<LRESULT>(edit.firstLine);
-    return static_cast<LRESULT>(PositionOnLine(window, edit, 0, FormatRect(window, edit).left));
+    return static_cast<LRESULT>(PositionOnLine(edit, 0, FormatRect(edit).left));
 }
 
 // Text and selection by message
 
-LRESULT OnSetText(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT OnSetText(Edit& edit, WPARAM, LPARAM lParam)
 {
     const auto text = reinterpret_cast<LPCWSTR>(lParam);
     edit.text.Set(text != nullptr ? View(text) : View());
     edit.firstLine = 0;
     edit.scrolledX = 0;
-    ShowEditChange(window, edit);
-    if (!IsMultiLine(window))
-        TellEditChange(window);
+    ShowEditChange(edit);
+    if (!IsMultiLine(edit.window))
+        TellEditChange(edit);
     return TRUE;
 }
 
-LRESULT OnGetText(HWND, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnGetText(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     if (wParam == 0)
         return 0;
@@ -181,12 +181,12 @@ LRESULT OnGetText(HWND, Edit& edit, WPARAM wParam, LPARAM lParam)
     return static_cast<LRESULT>(count);
 }
 
-LRESULT OnGetTextLength(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetTextLength(Edit& edit, WPARAM, LPARAM)
 {
     return static_cast<LRESULT>(edit.text.Length());
 }
 
-LRESULT OnGetSel(HWND, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnGetSel(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     const size_t start = edit.text.Start();
     const size_t end = edit.text.End();
@@ -198,7 +198,7 @@ LRESULT OnGetSel(HWND, Edit& edit, WPARAM wParam, LPARAM lParam)
 }
 
 /// A negative start takes the selection away, a negative end means the end of the text.
-LRESULT OnSetSel(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetSel(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     const auto start = static_cast<int>(wParam);
     const auto end = static_cast<int>(lParam);
@@ -211,54 +211,54 @@ LRESULT OnSetSel(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
         edit.text.Select(static_cast<size_t>(std::min(start, end)),
                          static_cast<size_t>(std::max(start, end)));
     edit.wishedX = -1;
-    if (!IsMultiLine(window))
-        ScrollToCaret(window, edit);
-    PlaceCaret(window, edit);
-    Repaint(window);
+    if (!IsMultiLine(edit.window))
+        ScrollToCaret(edit);
+    PlaceCaret(edit);
+    Repaint(edit.window);
     return TRUE;
 }
 
-LRESULT OnReplaceSel(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnReplaceSel(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     const auto text = reinterpret_cast<LPCWSTR>(lParam);
-    InsertIntoEdit(window, edit, text != nullptr ? View(text) : View(), wParam != FALSE);
+    InsertIntoEdit(edit, text != nullptr ? View(text) : View(), wParam != FALSE);
     return TRUE;
 }
 
-LRESULT OnGetModify(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetModify(Edit& edit, WPARAM, LPARAM)
 {
     return edit.text.modified;
 }
 
-LRESULT OnSetModify(HWND, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnSetModify(Edit& edit, WPARAM wParam, LPARAM)
 {
     edit.text.modified = wParam != FALSE;
     return 0;
 }
 
-LRESULT OnLimitText(HWND, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnLimitText(Edit& edit, WPARAM wParam, LPARAM)
 {
     edit.text.SetLimit(wParam != 0 && wParam < kNoLimit ? wParam : kNoLimit);
     return 0;
 }
 
-LRESULT OnGetLimitText(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetLimitText(Edit& edit, WPARAM, LPARAM)
 {
     return static_cast<LRESULT>(edit.text.Limit());
 }
 
-LRESULT OnCanUndo(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnCanUndo(Edit& edit, WPARAM, LPARAM)
 {
     return edit.text.CanUndo();
 }
 
-LRESULT OnUndo(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT OnUndo(Edit& edit, WPARAM, LPARAM)
 {
-    const bool always = !IsMultiLine(window);
-    return (!IsReadOnly(window) && UndoEdit(window, edit)) || always;
+    const bool always = !IsMultiLine(edit.window);
+    return (!IsReadOnly(edit.window) && UndoEdit(edit)) || always;
 }
 
-LRESULT OnEmptyUndo(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnEmptyUndo(Edit& edit, WPARAM, LPARAM)
 {
     edit.text.ForgetUndo();
     return 0;
@@ -266,25 +266,25 @@ LRESULT OnEmptyUndo(HWND, Edit& edit, WPARAM, LPARAM)
 
 // Lines
 
-LRESULT OnGetLineCount(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetLineCount(Edit& edit, WPARAM, LPARAM)
 {
     return static_cast<LRESULT>(edit.lines.size());
 }
 
-LRESULT OnLineIndex(HWND, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnLineIndex(Edit& edit, WPARAM wParam, LPARAM)
 {
     const size_t line = static_cast<int>(wParam) == -1 ? CaretLine(edit) : wParam;
     return line < edit.lines.size() ? static_cast<LRESULT>(edit.lines[line].start) : -1;
 }
 
-LRESULT OnLineFromChar(HWND, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnLineFromChar(Edit& edit, WPARAM wParam, LPARAM)
 {
     const size_t position = static_cast<int>(wParam) == -1 ? edit.text.Start() : wParam;
     return static_cast<LRESULT>(LineOfPosition(edit.lines, position));
 }
 
 /// With -1: what is not selected of the lines that the selection touches.
-LRESULT OnLineLength(HWND, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnLineLength(Edit& edit, WPARAM wParam, LPARAM)
 {
     if (static_cast<int>(wParam) != -1) {
         if (wParam > edit.text.Length())
@@ -297,7 +297,7 @@ LRESULT OnLineLength(HWND, Edit& edit, WPARAM wParam, LPARAM)
 }
 
 /// The buffer's first unit tells its size; no terminator is written unless there is room.
-LRESULT OnGetLine(HWND, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnGetLine(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     if (wParam >= edit.lines.size())
         return 0;
@@ -310,149 +310,150 @@ LRESULT OnGetLine(HWND, Edit& edit, WPARAM wParam, LPARAM lParam)
     return static_cast<LRESULT>(count);
 }
 
-LRESULT OnPosFromChar(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnPosFromChar(Edit& edit, WPARAM wParam, LPARAM)
 {
     if (wParam >= edit.text.Length())
         return -1;
-    const POINT point = PointOfPosition(window, edit, wParam);
+    const POINT point = PointOfPosition(edit, wParam);
     return MAKELONG(point.x, point.y);
 }
 
-LRESULT OnCharFromPos(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT OnCharFromPos(Edit& edit, WPARAM, LPARAM lParam)
 {
     const POINT point = PointOf(lParam);
-    const RECT client = ClientRectOf(window);
+    const RECT client = ClientRectOf(edit.window);
     if (!PtInRect(&client, point))
         return -1;
-    const size_t position = PositionOfPoint(window, edit, point);
+    const size_t position = PositionOfPoint(edit, point);
     return MAKELONG(position, LineOfPosition(edit.lines, position));
 }
 
 // Looks
 
-LRESULT OnSetTabStops(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetTabStops(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    if (!IsMultiLine(window))
+    if (!IsMultiLine(edit.window))
         return FALSE;
     const auto* const stops = reinterpret_cast<const UINT*>(lParam);
     edit.tabStops.assign(stops, stops + (stops != nullptr ? wParam : 0));
-    RefreshLines(window, edit);
+    RefreshLines(edit);
     return TRUE;
 }
 
-LRESULT OnSetPasswordChar(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnSetPasswordChar(Edit& edit, WPARAM wParam, LPARAM)
 {
-    if (IsMultiLine(window))
+    if (IsMultiLine(edit.window))
         return 0;
-    const DWORD style = StyleOf(window);
+    const DWORD style = StyleOf(edit.window);
     edit.password = static_cast<WCHAR>(wParam);
-    SetWindowLongPtrW(window, GWL_STYLE,
+    SetWindowLongPtrW(edit.window, GWL_STYLE,
                       static_cast<LONG_PTR>(wParam != 0 ? style | ES_PASSWORD : style & ~ES_PASSWORD));
-    RefreshLines(window, edit);
+    RefreshLines(edit);
     return 0;
 }
 
-LRESULT OnGetPasswordChar(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetPasswordChar(Edit& edit, WPARAM, LPARAM)
 {
     return edit.password;
 }
 
-LRESULT OnSetReadOnly(HWND window, Edit&, WPARAM wParam, LPARAM)
+LRESULT OnSetReadOnly(Edit& edit, WPARAM wParam, LPARAM)
 {
-    const DWORD style = StyleOf(window);
-    SetWindowLongPtrW(window, GWL_STYLE,
+    const DWORD style = StyleOf(edit.window);
+    SetWindowLongPtrW(edit.window, GWL_STYLE,
                       static_cast<LONG_PTR>(wParam ? style | ES_READONLY : style & ~ES_READONLY));
-    Repaint(window);
+    Repaint(edit.window);
     return TRUE;
 }
 
-LRESULT OnSetMargins(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetMargins(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     const bool fromFont = wParam == EC_USEFONTINFO;
     if (fromFont || (wParam & EC_LEFTMARGIN))
         edit.leftMargin = fromFont || LOWORD(lParam) == EC_USEFONTINFO ? 0 : LOWORD(lParam);
     if (fromFont || (wParam & EC_RIGHTMARGIN))
         edit.rightMargin = fromFont || HIWORD(lParam) == EC_USEFONTINFO ? 0 : HIWORD(lParam);
-    RefreshLines(window, edit);
+    RefreshLines(edit);
     return 0;
 }
 
-LRESULT OnGetMargins(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetMargins(Edit& edit, WPARAM, LPARAM)
 {
     return MAKELONG(edit.leftMargin, edit.rightMargin);
 }
 
-LRESULT OnGetRect(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT OnGetRect(Edit& edit, WPARAM, LPARAM lParam)
 {
-    *reinterpret_cast<RECT*>(lParam) = FormatRect(window, edit);
+    *reinterpret_cast<RECT*>(lParam) = FormatRect(edit);
     return 0;
 }
 
-LRESULT OnSetRect(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT OnSetRect(Edit& edit, WPARAM, LPARAM lParam)
 {
-    if (!IsMultiLine(window))
+    if (!IsMultiLine(edit.window))
         return 0;
     edit.setRect = lParam != 0 ? *reinterpret_cast<const RECT*>(lParam) : RECT{};
-    RefreshLines(window, edit);
+    RefreshLines(edit);
     return 0;
 }
 
-LRESULT OnSetFont(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnSetFont(Edit& edit, WPARAM wParam, LPARAM)
 {
     edit.font = reinterpret_cast<HFONT>(wParam);
-    RefreshFont(window, edit);
+    RefreshFont(edit);
     return 0;
 }
 
-LRESULT OnGetFont(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT OnGetFont(Edit& edit, WPARAM, LPARAM)
 {
     return reinterpret_cast<LRESULT>(edit.font);
 }
 
-LRESULT OnPaint(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT OnPaint(Edit& edit, WPARAM wParam, LPARAM)
 {
-    const ControlPaint paint(window, wParam, edit.font);
-    PaintEdit(window, edit, paint.Dc());
+    const ControlPaint paint(edit.window, wParam, edit.font);
+    PaintEdit(edit, paint.Dc());
     return 0;
 }
 
-LRESULT OnPaintFrame(HWND window, Edit&, WPARAM wParam, LPARAM lParam)
+LRESULT OnPaintFrame(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    return PaintFieldFrame(window, wParam, lParam);
+    return PaintFieldFrame(edit.window, wParam, lParam);
 }
 
-LRESULT OnEraseBackground(HWND, Edit&, WPARAM, LPARAM)
+LRESULT OnEraseBackground(Edit&, WPARAM, LPARAM)
 {
     return TRUE;
 }
 
-LRESULT OnEnable(HWND window, Edit&, WPARAM, LPARAM)
+LRESULT OnEnable(Edit& edit, WPARAM, LPARAM)
 {
-    RepaintField(window);
+    RepaintField(edit.window);
     return 0;
 }
 
-LRESULT OnSize(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT OnSize(Edit& edit, WPARAM, LPARAM)
 {
     edit.setRect = {};
-    RefreshLines(window, edit);
+    RefreshLines(edit);
     return 0;
 }
 
-LRESULT OnSetCursor(HWND window, Edit&, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetCursor(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
     if (LOWORD(lParam) != HTCLIENT)
-        return DefWindowProcW(window, WM_SETCURSOR, wParam, lParam);
+        return DefWindowProcW(edit.window, WM_SETCURSOR, wParam, lParam);
     SetCursor(LoadCursorW(nullptr, IDC_IBEAM));
     return TRUE;
 }
 
-LRESULT OnGetDlgCode(HWND window, Edit&, WPARAM, LPARAM)
+LRESULT OnGetDlgCode(Edit& edit, WPARAM, LPARAM)
 {
-    return DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS | (IsMultiLine(window) ? DLGC_WANTALLKEYS : 0);
+    return DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS |
+           (IsMultiLine(edit.window) ? DLGC_WANTALLKEYS : 0);
 }
 
-LRESULT OnCreate(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT OnCreate(Edit& edit, WPARAM, LPARAM lParam)
 {
     const CREATESTRUCTW& create = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
     EditText::Rules rules;
@@ -466,79 +467,80 @@ LRESULT OnCreate(HWND window, Edit& edit, WPARAM, LPARAM lParam)
         edit.password = kUsualPassword;
     if (create.lpszName != nullptr && !IS_INTRESOURCE(create.lpszName))
         edit.text.Set(create.lpszName);
-    RefreshFont(window, edit);
+    RefreshFont(edit);
     return 0;
 }
 
-constexpr MessageHandler<Edit> kHandlers[] = {
+constexpr MessageRow<Edit> kMessages[] = {
     {WM_CREATE, OnCreate},
-    {WM_NCPAINT, OnPaintFrame},
-    {WM_PAINT, OnPaint},
-    {WM_PRINTCLIENT, OnPaint},
-    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_SIZE, OnSize},
+    {WM_SETFOCUS, OnSetFocus},
+    {WM_KILLFOCUS, OnKillFocus},
+    {WM_ENABLE, OnEnable},
     {WM_SETTEXT, OnSetText},
     {WM_GETTEXT, OnGetText},
     {WM_GETTEXTLENGTH, OnGetTextLength},
+    {WM_PAINT, OnPaint},
+    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_SETCURSOR, OnSetCursor},
     {WM_SETFONT, OnSetFont},
     {WM_GETFONT, OnGetFont},
-    {WM_SIZE, OnSize},
-    {WM_ENABLE, OnEnable},
-    {WM_SETCURSOR, OnSetCursor},
+    {WM_NCPAINT, OnPaintFrame},
     {WM_GETDLGCODE, OnGetDlgCode},
-    {WM_SETFOCUS, OnSetFocus},
-    {WM_KILLFOCUS, OnKillFocus},
+    {EM_GETSEL, OnGetSel},
+    {EM_SETSEL, OnSetSel},
+    {EM_GETRECT, OnGetRect},
+    {EM_SETRECT, OnSetRect},
+    {EM_SETRECTNP, OnSetRect},
+    {EM_SCROLL, OnScroll},
+    {EM_LINESCROLL, OnLineScroll},
+    {EM_SCROLLCARET, OnScrollCaret},
+    {EM_GETMODIFY, OnGetModify},
+    {EM_SETMODIFY, OnSetModify},
+    {EM_GETLINECOUNT, OnGetLineCount},
+    {EM_LINEINDEX, OnLineIndex},
+    {EM_LINELENGTH, OnLineLength},
+    {EM_REPLACESEL, OnReplaceSel},
+    {EM_GETLINE, OnGetLine},
+    {EM_LIMITTEXT, OnLimitText},
+    {EM_CANUNDO, OnCanUndo},
+    {EM_UNDO, OnUndo},
+    {EM_LINEFROMCHAR, OnLineFromChar},
+    {EM_SETTABSTOPS, OnSetTabStops},
+    {EM_SETPASSWORDCHAR, OnSetPasswordChar},
+    {EM_EMPTYUNDOBUFFER, OnEmptyUndo},
+    {EM_GETFIRSTVISIBLELINE, OnGetFirstVisibleLine},
+    {EM_SETREADONLY, OnSetReadOnly},
+    {EM_GETPASSWORDCHAR, OnGetPasswordChar},
+    {EM_SETMARGINS, OnSetMargins},
+    {EM_GETMARGINS, OnGetMargins},
+    {EM_GETLIMITTEXT, OnGetLimitText},
+    {EM_POSFROMCHAR, OnPosFromChar},
+    {EM_CHARFROMPOS, OnCharFromPos},
     {WM_KEYDOWN, EditKeyDown},
     {WM_CHAR, EditChar},
-    {WM_LBUTTONDOWN, EditMouseDown},
-    {WM_LBUTTONDBLCLK, EditDoubleClick},
-    {WM_MOUSEMOVE, EditMouseMove},
-    {WM_LBUTTONUP, EditMouseUp},
-    {WM_CAPTURECHANGED, EditCaptureChanged},
-    {WM_MOUSEWHEEL, OnWheel},
-    {WM_VSCROLL, OnVScroll},
     {WM_HSCROLL, OnHScroll},
+    {WM_VSCROLL, OnVScroll},
+    {WM_MOUSEMOVE, EditMouseMove},
+    {WM_LBUTTONDOWN, EditMouseDown},
+    {WM_LBUTTONUP, EditMouseUp},
+    {WM_LBUTTONDBLCLK, EditDoubleClick},
+    {WM_MOUSEWHEEL, OnWheel},
+    {WM_CAPTURECHANGED, EditCaptureChanged},
     {WM_CUT, EditCut},
     {WM_COPY, EditCopy},
     {WM_PASTE, EditPaste},
     {WM_CLEAR, EditClear},
     {WM_UNDO, OnUndo},
-    {EM_UNDO, OnUndo},
-    {EM_CANUNDO, OnCanUndo},
-    {EM_EMPTYUNDOBUFFER, OnEmptyUndo},
-    {EM_GETSEL, OnGetSel},
-    {EM_SETSEL, OnSetSel},
-    {EM_REPLACESEL, OnReplaceSel},
-    {EM_GETMODIFY, OnGetModify},
-    {EM_SETMODIFY, OnSetModify},
-    {EM_LIMITTEXT, OnLimitText},
-    {EM_GETLIMITTEXT, OnGetLimitText},
-    {EM_GETLINECOUNT, OnGetLineCount},
-    {EM_LINEINDEX, OnLineIndex},
-    {EM_LINEFROMCHAR, OnLineFromChar},
-    {EM_LINELENGTH, OnLineLength},
-    {EM_GETLINE, OnGetLine},
-    {EM_POSFROMCHAR, OnPosFromChar},
-    {EM_CHARFROMPOS, OnCharFromPos},
-    {EM_SCROLL, OnScroll},
-    {EM_LINESCROLL, OnLineScroll},
-    {EM_SCROLLCARET, OnScrollCaret},
-    {EM_GETFIRSTVISIBLELINE, OnGetFirstVisibleLine},
-    {EM_SETTABSTOPS, OnSetTabStops},
-    {EM_SETPASSWORDCHAR, OnSetPasswordChar},
-    {EM_GETPASSWORDCHAR, OnGetPasswordChar},
-    {EM_SETREADONLY, OnSetReadOnly},
-    {EM_SETMARGINS, OnSetMargins},
-    {EM_GETMARGINS, OnGetMargins},
-    {EM_GETRECT, OnGetRect},
-    {EM_SETRECT, OnSetRect},
-    {EM_SETRECTNP, OnSetRect},
+    {WM_PRINTCLIENT, OnPaint},
 };
+static_assert(InOrder<Edit>(kMessages));
 
 } // namespace
 
 LRESULT CALLBACK EditProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return RunControl<Edit>(kHandlers, window, message, wParam, lParam);
+    return RunRows<Edit>(kMessages, window, message, wParam, lParam);
 }
 
 } // namespace host

@@ -10,11 +10,11 @@ namespace {
 using View = std::u16string_view;
 
 /// As much of `added` in place of the selection as the limit and the room allow.
-EditText::Outcome InsertWhatFits(HWND window, const Edit& edit, EditText& text, View added, bool undoable)
+EditText::Outcome InsertWhatFits(const Edit& edit, EditText& text, View added, bool undoable)
 {
     const EditText before = text;
     EditText::Outcome outcome = text.Insert(added, undoable);
-    if (added.empty() || FitsWithoutScrolling(window, edit, text))
+    if (added.empty() || FitsWithoutScrolling(edit, text))
         return outcome;
     size_t fits = 0;
     size_t tooMany = added.size();
@@ -22,7 +22,7 @@ EditText::Outcome InsertWhatFits(HWND window, const Edit& edit, EditText& text, 
         const size_t middle = fits + (tooMany - fits) / 2;
         EditText trial = before;
         trial.Insert(added.substr(0, middle), undoable);
-        (FitsWithoutScrolling(window, edit, trial) ? fits : tooMany) = middle;
+        (FitsWithoutScrolling(edit, trial) ? fits : tooMany) = middle;
     }
     text = before;
     fits = EditText::WholeCharacters(added, fits);
@@ -32,9 +32,9 @@ EditText::Outcome InsertWhatFits(HWND window, const Edit& edit, EditText& text, 
     return {outcome.changed, true};
 }
 
-void CopySelection(HWND window, const Edit& edit)
+void CopySelection(const Edit& edit)
 {
-    if (!edit.text.HasSelection() || HasStyle(window, ES_PASSWORD) || !OpenClipboard(window))
+    if (!edit.text.HasSelection() || HasStyle(edit.window, ES_PASSWORD) || !OpenClipboard(edit.window))
         return;
     const View selected = edit.text.Selected();
     EmptyClipboard();
@@ -65,48 +65,48 @@ std::u16string ClipboardText(HWND window)
 
 } // namespace
 
-void TellEditChange(HWND window)
+void TellEditChange(const Edit& edit)
 {
-    NotifyParent(window, EN_UPDATE);
-    if (IsWindow(window))
-        NotifyParent(window, EN_CHANGE);
+    NotifyParent(edit.window, EN_UPDATE);
+    if (!edit.gone)
+        NotifyParent(edit.window, EN_CHANGE);
 }
 
-void ShowEditChange(HWND window, Edit& edit)
+void ShowEditChange(Edit& edit)
 {
     edit.wishedX = -1;
-    RefreshLines(window, edit);
-    ScrollToCaret(window, edit);
+    RefreshLines(edit);
+    ScrollToCaret(edit);
 }
 
-void InsertIntoEdit(HWND window, Edit& edit, View added, bool undoable)
+void InsertIntoEdit(Edit& edit, View added, bool undoable)
 {
     EditText changed = edit.text;
-    const EditText::Outcome outcome = InsertWhatFits(window, edit, changed, added, undoable);
+    const EditText::Outcome outcome = InsertWhatFits(edit, changed, added, undoable);
     if (outcome.changed) {
         edit.text = std::move(changed);
-        ShowEditChange(window, edit);
+        ShowEditChange(edit);
     }
     if (outcome.cut)
-        NotifyParent(window, EN_MAXTEXT);
-    if (outcome.changed && IsWindow(window))
-        TellEditChange(window);
+        NotifyParent(edit.window, EN_MAXTEXT);
+    if (outcome.changed && !edit.gone)
+        TellEditChange(edit);
 }
 
-void EraseFromEdit(HWND window, Edit& edit, size_t to)
+void EraseFromEdit(Edit& edit, size_t to)
 {
     if (!edit.text.Erase(to).changed)
         return;
-    ShowEditChange(window, edit);
-    TellEditChange(window);
+    ShowEditChange(edit);
+    TellEditChange(edit);
 }
 
-bool UndoEdit(HWND window, Edit& edit)
+bool UndoEdit(Edit& edit)
 {
     if (!edit.text.Undo())
         return false;
-    ShowEditChange(window, edit);
-    TellEditChange(window);
+    ShowEditChange(edit);
+    TellEditChange(edit);
     return true;
 }
 
@@ -115,38 +115,38 @@ bool IsDigit(WCHAR unit)
     return unit >= u'0' && unit <= u'9';
 }
 
-LRESULT EditCopy(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT EditCopy(Edit& edit, WPARAM, LPARAM)
 {
-    CopySelection(window, edit);
+    CopySelection(edit);
     return 0;
 }
 
-LRESULT EditClear(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT EditClear(Edit& edit, WPARAM, LPARAM)
 {
-    if (!IsReadOnly(window) && edit.text.HasSelection())
-        InsertIntoEdit(window, edit, {});
+    if (!IsReadOnly(edit.window) && edit.text.HasSelection())
+        InsertIntoEdit(edit, {});
     return 0;
 }
 
-LRESULT EditCut(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT EditCut(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    if (HasStyle(window, ES_PASSWORD))
+    if (HasStyle(edit.window, ES_PASSWORD))
         return 0;
-    CopySelection(window, edit);
-    return EditClear(window, edit, wParam, lParam);
+    CopySelection(edit);
+    return EditClear(edit, wParam, lParam);
 }
 
-LRESULT EditPaste(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT EditPaste(Edit& edit, WPARAM, LPARAM)
 {
-    if (IsReadOnly(window))
+    if (IsReadOnly(edit.window))
         return 0;
-    const std::u16string text = ClipboardText(window);
-    if (HasStyle(window, ES_NUMBER) && !std::all_of(text.begin(), text.end(), IsDigit)) {
+    const std::u16string text = ClipboardText(edit.window);
+    if (HasStyle(edit.window, ES_NUMBER) && !std::all_of(text.begin(), text.end(), IsDigit)) {
         MessageBeep(MB_OK);
         return 0;
     }
     if (!text.empty())
-        InsertIntoEdit(window, edit, text);
+        InsertIntoEdit(edit, text);
     return 0;
 }
 

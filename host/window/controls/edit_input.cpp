@@ -15,12 +15,12 @@ bool IsInDialog(HWND window)
     return std::u16string_view(name) == kDialogClass;
 }
 
-void MoveCaret(HWND window, Edit& edit, size_t to, bool extend)
+void MoveCaret(Edit& edit, size_t to, bool extend)
 {
     if (edit.text.Select(extend ? edit.text.Anchor() : to, to))
-        Repaint(window);
-    ScrollToCaret(window, edit);
-    PlaceCaret(window, edit);
+        Repaint(edit.window);
+    ScrollToCaret(edit);
+    PlaceCaret(edit);
 }
 
 bool IsDown(int key)
@@ -48,72 +48,69 @@ size_t Rightwards(const Edit& edit, bool word)
 }
 
 /// Up and Down by lines; the caret keeps the column that it came from.
-size_t Vertically(HWND window, Edit& edit, int lines)
+size_t Vertically(Edit& edit, int lines)
 {
     const size_t caret = edit.text.Caret();
     if (edit.wishedX < 0)
-        edit.wishedX = PointOfPosition(window, edit, caret).x + edit.scrolledX;
+        edit.wishedX = PointOfPosition(edit, caret).x + edit.scrolledX;
     const int line = static_cast<int>(CaretLine(edit)) + lines;
     const int target = std::clamp(line, 0, static_cast<int>(edit.lines.size()) - 1);
-    return PositionOnLine(window, edit, static_cast<size_t>(target), edit.wishedX - edit.scrolledX);
+    return PositionOnLine(edit, static_cast<size_t>(target), edit.wishedX - edit.scrolledX);
 }
 
-void MoveVertically(HWND window, Edit& edit, int lines, bool extend)
+void MoveVertically(Edit& edit, int lines, bool extend)
 {
-    const size_t target = Vertically(window, edit, lines);
-    MoveCaret(window, edit, target, extend);
+    const size_t target = Vertically(edit, lines);
+    MoveCaret(edit, target, extend);
 }
 
 /// Keys that move the caret. False for all others.
-bool MoveByKey(HWND window, Edit& edit, WPARAM key, bool shift, bool control)
+bool MoveByKey(Edit& edit, WPARAM key, bool shift, bool control)
 {
     const EditLine& line = edit.lines[CaretLine(edit)];
-    const bool multi = IsMultiLine(window);
+    const bool multi = IsMultiLine(edit.window);
     if (key != VK_UP && key != VK_DOWN && key != VK_PRIOR && key != VK_NEXT)
         edit.wishedX = -1;
     switch (key) {
     case VK_LEFT:
-        MoveCaret(window, edit, Leftwards(edit, control), shift);
+        MoveCaret(edit, Leftwards(edit, control), shift);
         return true;
     case VK_RIGHT:
-        MoveCaret(window, edit, Rightwards(edit, control), shift);
+        MoveCaret(edit, Rightwards(edit, control), shift);
         return true;
     case VK_HOME:
-        MoveCaret(window, edit, control ? 0 : line.start, shift);
+        MoveCaret(edit, control ? 0 : line.start, shift);
         return true;
     case VK_END:
-        MoveCaret(window, edit, control ? edit.text.Length() : LineEnd(edit, line), shift);
+        MoveCaret(edit, control ? edit.text.Length() : LineEnd(edit, line), shift);
         return true;
     case VK_UP:
-        multi ? MoveVertically(window, edit, -1, shift)
-              : MoveCaret(window, edit, Leftwards(edit, false), shift);
+        multi ? MoveVertically(edit, -1, shift) : MoveCaret(edit, Leftwards(edit, false), shift);
         return true;
     case VK_DOWN:
-        multi ? MoveVertically(window, edit, 1, shift)
-              : MoveCaret(window, edit, Rightwards(edit, false), shift);
+        multi ? MoveVertically(edit, 1, shift) : MoveCaret(edit, Rightwards(edit, false), shift);
         return true;
     case VK_PRIOR:
-        MoveVertically(window, edit, -LinesOfPage(window, edit), shift);
+        MoveVertically(edit, -LinesOfPage(edit), shift);
         return true;
     case VK_NEXT:
-        MoveVertically(window, edit, LinesOfPage(window, edit), shift);
+        MoveVertically(edit, LinesOfPage(edit), shift);
         return true;
     }
     return false;
 }
 
-void DeleteByKey(HWND window, Edit& edit, bool shift, bool control)
+void DeleteByKey(Edit& edit, bool shift, bool control)
 {
-    if (IsReadOnly(window))
+    if (IsReadOnly(edit.window))
         return;
     if (shift && edit.text.HasSelection())
-        SendMessageW(window, WM_CUT, 0, 0);
+        SendMessageW(edit.window, WM_CUT, 0, 0);
     else if (shift)
-        EraseFromEdit(window, edit, edit.text.Previous(edit.text.Caret()));
+        EraseFromEdit(edit, edit.text.Previous(edit.text.Caret()));
     else
-        EraseFromEdit(window, edit,
-                      control ? LineEnd(edit, edit.lines[CaretLine(edit)])
-                              : edit.text.Next(edit.text.Caret()));
+        EraseFromEdit(edit, control ? LineEnd(edit, edit.lines[CaretLine(edit)])
+                                    : edit.text.Next(edit.text.Caret()));
 }
 
 /// What Enter does in a dialog when the control does not want it: it presses the default button.
@@ -143,49 +140,50 @@ bool ReturnKeyToDialog(HWND window, WPARAM key, bool control)
     return true;
 }
 
-void TypeUnit(HWND window, Edit& edit, WCHAR unit)
+void TypeUnit(Edit& edit, WCHAR unit)
 {
-    if (IsReadOnly(window))
+    if (IsReadOnly(edit.window))
         return;
-    if (HasStyle(window, ES_NUMBER) && !IsDigit(unit)) {
+    if (HasStyle(edit.window, ES_NUMBER) && !IsDigit(unit)) {
         MessageBeep(MB_OK);
         return;
     }
-    InsertIntoEdit(window, edit, {&unit, 1});
+    InsertIntoEdit(edit, {&unit, 1});
 }
 
-void TypeReturn(HWND window, Edit& edit)
+void TypeReturn(Edit& edit)
 {
-    const bool forDialog = !HasStyle(window, ES_WANTRETURN) && !IsDown(VK_CONTROL) && IsInDialog(window);
-    if (IsMultiLine(window) && !forDialog && !IsReadOnly(window))
-        InsertIntoEdit(window, edit, u"\r\n");
+    const bool forDialog =
+        !HasStyle(edit.window, ES_WANTRETURN) && !IsDown(VK_CONTROL) && IsInDialog(edit.window);
+    if (IsMultiLine(edit.window) && !forDialog && !IsReadOnly(edit.window))
+        InsertIntoEdit(edit, u"\r\n");
 }
 
-void TypeTab(HWND window, Edit& edit)
+void TypeTab(Edit& edit)
 {
-    const bool forDialog = !IsDown(VK_CONTROL) && IsInDialog(window);
-    if (IsMultiLine(window) && !forDialog && !IsReadOnly(window))
-        InsertIntoEdit(window, edit, u"\t");
+    const bool forDialog = !IsDown(VK_CONTROL) && IsInDialog(edit.window);
+    if (IsMultiLine(edit.window) && !forDialog && !IsReadOnly(edit.window))
+        InsertIntoEdit(edit, u"\t");
 }
 
 } // namespace
 
-LRESULT EditKeyDown(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT EditKeyDown(Edit& edit, WPARAM wParam, LPARAM)
 {
     const bool shift = IsDown(VK_SHIFT);
     const bool control = IsDown(VK_CONTROL);
-    if (MoveByKey(window, edit, wParam, shift, control) || ReturnKeyToDialog(window, wParam, control))
+    if (MoveByKey(edit, wParam, shift, control) || ReturnKeyToDialog(edit.window, wParam, control))
         return 0;
     if (wParam == VK_DELETE)
-        DeleteByKey(window, edit, shift, control);
+        DeleteByKey(edit, shift, control);
     else if (wParam == VK_INSERT && shift)
-        SendMessageW(window, WM_PASTE, 0, 0);
+        SendMessageW(edit.window, WM_PASTE, 0, 0);
     else if (wParam == VK_INSERT && control)
-        SendMessageW(window, WM_COPY, 0, 0);
+        SendMessageW(edit.window, WM_COPY, 0, 0);
     return 0;
 }
 
-LRESULT EditChar(HWND window, Edit& edit, WPARAM wParam, LPARAM)
+LRESULT EditChar(Edit& edit, WPARAM wParam, LPARAM)
 {
     constexpr struct
     {
@@ -201,58 +199,58 @@ LRESULT EditChar(HWND window, Edit& edit, WPARAM wParam, LPARAM)
     const auto unit = static_cast<WCHAR>(wParam);
     for (const auto& each : kCommands) {
         if (each.unit == unit) {
-            SendMessageW(window, each.message, each.wParam, each.lParam);
+            SendMessageW(edit.window, each.message, each.wParam, each.lParam);
             return 0;
         }
     }
     if (unit == VK_RETURN || unit == u'\n')
-        TypeReturn(window, edit);
+        TypeReturn(edit);
     else if (unit == VK_TAB)
-        TypeTab(window, edit);
-    else if (unit == VK_BACK && !IsReadOnly(window))
-        EraseFromEdit(window, edit, edit.text.Previous(edit.text.Caret()));
+        TypeTab(edit);
+    else if (unit == VK_BACK && !IsReadOnly(edit.window))
+        EraseFromEdit(edit, edit.text.Previous(edit.text.Caret()));
     else if (unit >= u' ' && unit != kControlBackspace)
-        TypeUnit(window, edit, unit);
+        TypeUnit(edit, unit);
     return 1;
 }
 
-LRESULT EditMouseDown(HWND window, Edit& edit, WPARAM wParam, LPARAM lParam)
+LRESULT EditMouseDown(Edit& edit, WPARAM wParam, LPARAM lParam)
 {
-    const size_t position = PositionOfPoint(window, edit, PointOf(lParam));
+    const size_t position = PositionOfPoint(edit, PointOf(lParam));
     edit.wishedX = -1;
     edit.selecting = true;
-    SetCapture(window);
-    MoveCaret(window, edit, position, (wParam & MK_SHIFT) != 0);
-    if (GetFocus() != window)
-        SetFocus(window);
+    SetCapture(edit.window);
+    MoveCaret(edit, position, (wParam & MK_SHIFT) != 0);
+    if (GetFocus() != edit.window)
+        SetFocus(edit.window);
     return 0;
 }
 
-LRESULT EditMouseMove(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT EditMouseMove(Edit& edit, WPARAM, LPARAM lParam)
 {
     if (edit.selecting)
-        MoveCaret(window, edit, PositionOfPoint(window, edit, PointOf(lParam)), true);
+        MoveCaret(edit, PositionOfPoint(edit, PointOf(lParam)), true);
     return 0;
 }
 
-LRESULT EditMouseUp(HWND window, Edit& edit, WPARAM, LPARAM)
+LRESULT EditMouseUp(Edit& edit, WPARAM, LPARAM)
 {
-    if (edit.selecting && GetCapture() == window)
+    if (edit.selecting && GetCapture() == edit.window)
         ReleaseCapture();
     edit.selecting = false;
     return 0;
 }
 
-LRESULT EditDoubleClick(HWND window, Edit& edit, WPARAM, LPARAM lParam)
+LRESULT EditDoubleClick(Edit& edit, WPARAM, LPARAM lParam)
 {
-    const size_t position = PositionOfPoint(window, edit, PointOf(lParam));
+    const size_t position = PositionOfPoint(edit, PointOf(lParam));
     const size_t start = edit.text.PreviousWord(edit.text.Next(position));
     edit.text.Select(start, start);
-    MoveCaret(window, edit, edit.text.NextWord(start), true);
+    MoveCaret(edit, edit.text.NextWord(start), true);
     return 0;
 }
 
-LRESULT EditCaptureChanged(HWND, Edit& edit, WPARAM, LPARAM)
+LRESULT EditCaptureChanged(Edit& edit, WPARAM, LPARAM)
 {
     edit.selecting = false;
     return 0;

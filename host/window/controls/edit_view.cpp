@@ -57,10 +57,10 @@ int WidthOf(HDC dc, const Edit& edit, View start)
 }
 
 /// Where a line's text starts: by the alignment styles, moved by what is scrolled away.
-int LineLeft(HWND window, HDC dc, const Edit& edit, const EditLine& line)
+int LineLeft(HDC dc, const Edit& edit, const EditLine& line)
 {
-    const RECT rect = FormatRect(window, edit);
-    const DWORD alignment = StyleOf(window) & (ES_CENTER | ES_RIGHT);
+    const RECT rect = FormatRect(edit);
+    const DWORD alignment = StyleOf(edit.window) & (ES_CENTER | ES_RIGHT);
     int spare = 0;
     if (alignment != 0)
         spare =
@@ -69,55 +69,55 @@ int LineLeft(HWND window, HDC dc, const Edit& edit, const EditLine& line)
 }
 
 /// Lines are wrapped unless the control scrolls sideways.
-int WrapWidth(HWND window, const Edit& edit)
+int WrapWidth(const Edit& edit)
 {
-    if (!IsMultiLine(window) || (StyleOf(window) & (ES_AUTOHSCROLL | WS_HSCROLL)))
+    if (!IsMultiLine(edit.window) || (StyleOf(edit.window) & (ES_AUTOHSCROLL | WS_HSCROLL)))
         return 0;
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     return std::max(1, static_cast<int>(rect.right - rect.left));
 }
 
-std::vector<EditLine> BreakText(HWND window, const Edit& edit, View text)
+std::vector<EditLine> BreakText(const Edit& edit, View text)
 {
-    if (!IsMultiLine(window))
+    if (!IsMultiLine(edit.window))
         return {{0, text.size(), 0}};
-    const ControlDc dc(window, edit.font);
-    return BreakLines(text, WrapWidth(window, edit), [&](View piece) { return WidthOf(dc, edit, piece); });
+    const ControlDc dc(edit.window, edit.font);
+    return BreakLines(text, WrapWidth(edit), [&](View piece) { return WidthOf(dc, edit, piece); });
 }
 
-int WidestLine(HWND window, const Edit& edit)
+int WidestLine(const Edit& edit)
 {
-    const ControlDc dc(window, edit.font);
+    const ControlDc dc(edit.window, edit.font);
     int widest = 0;
     for (const EditLine& line : edit.lines)
         widest = std::max(widest, WidthOf(dc, edit, LineText(edit, line)));
     return widest;
 }
 
-size_t LastFirstLine(HWND window, const Edit& edit)
+size_t LastFirstLine(const Edit& edit)
 {
-    const size_t visible = VisibleLines(window, edit);
+    const size_t visible = VisibleLines(edit);
     return edit.lines.size() > visible ? edit.lines.size() - visible : 0;
 }
 
-void ShowScrollBars(HWND window, const Edit& edit)
+void ShowScrollBars(const Edit& edit)
 {
-    const DWORD style = StyleOf(window);
-    if (!IsMultiLine(window))
+    const DWORD style = StyleOf(edit.window);
+    if (!IsMultiLine(edit.window))
         return;
     SCROLLINFO info = {sizeof(info), SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL, 0, 0, 0, 0, 0};
     if (style & WS_VSCROLL) {
         info.nMax = static_cast<int>(edit.lines.size()) - 1;
-        info.nPage = static_cast<UINT>(VisibleLines(window, edit));
+        info.nPage = static_cast<UINT>(VisibleLines(edit));
         info.nPos = static_cast<int>(edit.firstLine);
-        SetScrollInfo(window, SB_VERT, &info, TRUE);
+        SetScrollInfo(edit.window, SB_VERT, &info, TRUE);
     }
     if (style & WS_HSCROLL) {
-        const RECT rect = FormatRect(window, edit);
-        info.nMax = WidestLine(window, edit);
+        const RECT rect = FormatRect(edit);
+        info.nMax = WidestLine(edit);
         info.nPage = static_cast<UINT>(std::max<LONG>(0, rect.right - rect.left));
         info.nPos = edit.scrolledX;
-        SetScrollInfo(window, SB_HORZ, &info, TRUE);
+        SetScrollInfo(edit.window, SB_HORZ, &info, TRUE);
     }
 }
 
@@ -139,11 +139,10 @@ void DrawPiece(HDC dc, const Edit& edit, View line, size_t from, size_t to, int 
     }
 }
 
-void DrawLine(HWND window, const Edit& edit, HDC dc, const EditLine& line, int top, bool showsSelection,
-              COLORREF colour)
+void DrawLine(const Edit& edit, HDC dc, const EditLine& line, int top, bool showsSelection, COLORREF colour)
 {
     const View text = LineText(edit, line);
-    const int left = LineLeft(window, dc, edit, line);
+    const int left = LineLeft(dc, edit, line);
     const auto inLine = [&](size_t position) {
         return std::clamp(position, line.start, line.start + line.length) - line.start;
     };
@@ -168,14 +167,14 @@ bool IsReadOnly(HWND window)
     return (StyleOf(window) & ES_READONLY) != 0;
 }
 
-RECT FormatRect(HWND window, const Edit& edit)
+RECT FormatRect(const Edit& edit)
 {
     if (!IsRectEmpty(&edit.setRect))
         return edit.setRect;
-    RECT rect = ClientRectOf(window);
+    RECT rect = ClientRectOf(edit.window);
     rect.left += kInset + edit.leftMargin;
     rect.right = std::max(rect.left, rect.right - kInset - edit.rightMargin);
-    if (IsMultiLine(window)) {
+    if (IsMultiLine(edit.window)) {
         rect.top += kInset;
     } else {
         rect.top += std::max(0, static_cast<int>(rect.bottom - rect.top) - edit.lineHeight) / 2;
@@ -184,15 +183,15 @@ RECT FormatRect(HWND window, const Edit& edit)
     return rect;
 }
 
-size_t VisibleLines(HWND window, const Edit& edit)
+size_t VisibleLines(const Edit& edit)
 {
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     return static_cast<size_t>(std::max(1, static_cast<int>(rect.bottom - rect.top) / edit.lineHeight));
 }
 
-int LinesOfPage(HWND window, const Edit& edit)
+int LinesOfPage(const Edit& edit)
 {
-    return static_cast<int>(std::max<size_t>(1, VisibleLines(window, edit) - 1));
+    return static_cast<int>(std::max<size_t>(1, VisibleLines(edit) - 1));
 }
 
 size_t CaretLine(const Edit& edit)
@@ -200,56 +199,56 @@ size_t CaretLine(const Edit& edit)
     return LineOfPosition(edit.lines, edit.text.Caret());
 }
 
-void RefreshFont(HWND window, Edit& edit)
+void RefreshFont(Edit& edit)
 {
     {
-        const ControlDc dc(window, edit.font);
+        const ControlDc dc(edit.window, edit.font);
         TEXTMETRICW metrics = {};
         GetTextMetricsW(dc, &metrics);
         edit.lineHeight = std::max<int>(1, metrics.tmHeight);
         edit.averageWidth = std::max<int>(1, metrics.tmAveCharWidth);
     }
-    RefreshLines(window, edit);
+    RefreshLines(edit);
 }
 
-void RefreshLines(HWND window, Edit& edit)
+void RefreshLines(Edit& edit)
 {
-    edit.lines = BreakText(window, edit, edit.text.Text());
-    edit.firstLine = std::min(edit.firstLine, LastFirstLine(window, edit));
-    ShowScrollBars(window, edit);
-    PlaceCaret(window, edit);
-    Repaint(window);
+    edit.lines = BreakText(edit, edit.text.Text());
+    edit.firstLine = std::min(edit.firstLine, LastFirstLine(edit));
+    ShowScrollBars(edit);
+    PlaceCaret(edit);
+    Repaint(edit.window);
 }
 
-bool FitsWithoutScrolling(HWND window, const Edit& edit, const EditText& text)
+bool FitsWithoutScrolling(const Edit& edit, const EditText& text)
 {
-    const DWORD style = StyleOf(window);
-    if (IsMultiLine(window)) {
+    const DWORD style = StyleOf(edit.window);
+    if (IsMultiLine(edit.window)) {
         const bool scrolls = (style & (ES_AUTOVSCROLL | WS_VSCROLL)) != 0;
-        return scrolls || BreakText(window, edit, text.Text()).size() <= VisibleLines(window, edit);
+        return scrolls || BreakText(edit, text.Text()).size() <= VisibleLines(edit);
     }
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     return (style & ES_AUTOHSCROLL) ||
-           WidthOf(ControlDc(window, edit.font), edit, text.Text()) <= rect.right - rect.left;
+           WidthOf(ControlDc(edit.window, edit.font), edit, text.Text()) <= rect.right - rect.left;
 }
 
-POINT PointOfPosition(HWND window, const Edit& edit, size_t position)
+POINT PointOfPosition(const Edit& edit, size_t position)
 {
-    const ControlDc dc(window, edit.font);
+    const ControlDc dc(edit.window, edit.font);
     const size_t index = LineOfPosition(edit.lines, position);
     const EditLine& line = edit.lines[index];
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     const int down = (static_cast<int>(index) - static_cast<int>(edit.firstLine)) * edit.lineHeight;
     const View before = LineText(edit, line).substr(0, position - line.start);
-    return {LineLeft(window, dc, edit, line) + WidthOf(dc, edit, before), rect.top + down};
+    return {LineLeft(dc, edit, line) + WidthOf(dc, edit, before), rect.top + down};
 }
 
-size_t PositionOnLine(HWND window, const Edit& edit, size_t lineIndex, int x)
+size_t PositionOnLine(const Edit& edit, size_t lineIndex, int x)
 {
-    const ControlDc dc(window, edit.font);
+    const ControlDc dc(edit.window, edit.font);
     const EditLine& line = edit.lines[std::min(lineIndex, edit.lines.size() - 1)];
     const View text = LineText(edit, line);
-    const int target = x - LineLeft(window, dc, edit, line);
+    const int target = x - LineLeft(dc, edit, line);
     size_t before = 0; // the last place left of the target
     size_t after = text.size() + 1;
     while (before + 1 < after) {
@@ -263,76 +262,76 @@ size_t PositionOnLine(HWND window, const Edit& edit, size_t lineIndex, int x)
     return target - left > right - target && target > left ? next : here;
 }
 
-size_t PositionOfPoint(HWND window, const Edit& edit, POINT point)
+size_t PositionOfPoint(const Edit& edit, POINT point)
 {
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     const int offset = point.y - rect.top;
     const int down = offset >= 0 ? offset / edit.lineHeight : -1;
     const int line =
         std::clamp(static_cast<int>(edit.firstLine) + down, 0, static_cast<int>(edit.lines.size()) - 1);
-    return PositionOnLine(window, edit, static_cast<size_t>(line), point.x);
+    return PositionOnLine(edit, static_cast<size_t>(line), point.x);
 }
 
-bool ScrollEdit(HWND window, Edit& edit, size_t firstLine, int scrolledX)
+bool ScrollEdit(Edit& edit, size_t firstLine, int scrolledX)
 {
-    firstLine = std::min(firstLine, LastFirstLine(window, edit));
+    firstLine = std::min(firstLine, LastFirstLine(edit));
     scrolledX = std::max(0, scrolledX);
     if (firstLine == edit.firstLine && scrolledX == edit.scrolledX)
         return false;
     edit.firstLine = firstLine;
     edit.scrolledX = scrolledX;
-    ShowScrollBars(window, edit);
-    PlaceCaret(window, edit);
-    Repaint(window);
+    ShowScrollBars(edit);
+    PlaceCaret(edit);
+    Repaint(edit.window);
     return true;
 }
 
-void ScrollToCaret(HWND window, Edit& edit)
+void ScrollToCaret(Edit& edit)
 {
     const size_t line = CaretLine(edit);
-    const size_t visible = VisibleLines(window, edit);
+    const size_t visible = VisibleLines(edit);
     size_t first = std::min(edit.firstLine, line);
     if (line >= first + visible)
         first = line - visible + 1;
     int scrolled = edit.scrolledX;
-    if (WrapWidth(window, edit) == 0) {
-        const RECT rect = FormatRect(window, edit);
-        const int x = PointOfPosition(window, edit, edit.text.Caret()).x;
+    if (WrapWidth(edit) == 0) {
+        const RECT rect = FormatRect(edit);
+        const int x = PointOfPosition(edit, edit.text.Caret()).x;
         const int pulled = (rect.right - rect.left) / kScrollStep;
         if (x < rect.left)
             scrolled -= rect.left - x + pulled;
         else if (x >= rect.right)
-            scrolled += x - rect.right + 1 + (IsMultiLine(window) ? pulled : 0);
+            scrolled += x - rect.right + 1 + (IsMultiLine(edit.window) ? pulled : 0);
     }
-    ScrollEdit(window, edit, first, scrolled);
+    ScrollEdit(edit, first, scrolled);
 }
 
-void PlaceCaret(HWND window, const Edit& edit)
+void PlaceCaret(const Edit& edit)
 {
-    if (GetFocus() != window)
+    if (GetFocus() != edit.window)
         return;
-    const POINT place = PointOfPosition(window, edit, edit.text.Caret());
+    const POINT place = PointOfPosition(edit, edit.text.Caret());
     SetCaretPos(place.x, place.y);
 }
 
-void PaintEdit(HWND window, const Edit& edit, HDC dc)
+void PaintEdit(const Edit& edit, HDC dc)
 {
-    const theme::Look look = LookOf(window);
-    const bool inert = !look.enabled || IsReadOnly(window);
-    const HBRUSH behind = AskParentForColours(window, dc, inert ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT);
-    const RECT client = ClientRectOf(window);
+    const theme::Look look = LookOf(edit.window);
+    const bool inert = !look.enabled || IsReadOnly(edit.window);
+    const HBRUSH behind = AskParentForColours(edit.window, dc, inert ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT);
+    const RECT client = ClientRectOf(edit.window);
     FillRect(dc, &client, behind);
     const bool showsSelection =
-        edit.text.HasSelection() && (look.focused || (StyleOf(window) & ES_NOHIDESEL));
+        edit.text.HasSelection() && (look.focused || (StyleOf(edit.window) & ES_NOHIDESEL));
     const COLORREF colour = theme::TextColourOf(dc, look);
-    const RECT rect = FormatRect(window, edit);
+    const RECT rect = FormatRect(edit);
     const int saved = SaveDC(dc);
     IntersectClipRect(dc, rect.left, rect.top, rect.right + 1,
-                      IsMultiLine(window) ? client.bottom : rect.bottom);
+                      IsMultiLine(edit.window) ? client.bottom : rect.bottom);
     SetBkMode(dc, TRANSPARENT);
     int top = rect.top;
     for (size_t i = edit.firstLine; i < edit.lines.size() && top < client.bottom; ++i) {
-        DrawLine(window, edit, dc, edit.lines[i], top, showsSelection, colour);
+        DrawLine(edit, dc, edit.lines[i], top, showsSelection, colour);
         top += edit.lineHeight;
     }
     RestoreDC(dc, saved);

@@ -2,7 +2,7 @@
 // The entries of a list box, without a window.
 #include <vector>
 
-#include "host/window/controls/control_state.h"
+#include "host/window/controls/control.h"
 
 namespace host {
 

@@ -9,7 +9,7 @@ constexpr UINT_PTR kRepeatTimer = 1;
 constexpr UINT kFirstRepeatMs = 400;
 constexpr UINT kRepeatMs = 50;
 
-struct ScrollBar
+struct ScrollBar : ControlState
 {
     ScrollRange range = {0, 0, 0, 0};
     ScrollPress press;
@@ -27,13 +27,13 @@ int Along(HWND window, POINT point)
     return IsVertical(window) ? point.y : point.x;
 }
 
-ScrollLayout LayoutOf(HWND window, const ScrollBar& bar)
+ScrollLayout LayoutOf(const ScrollBar& bar)
 {
-    const RECT client = ClientRectOf(window);
+    const RECT client = ClientRectOf(bar.window);
     ScrollRange shown = bar.range;
     if (bar.press.part == ScrollPart::thumb)
         shown.position = bar.press.trackPosition;
-    return LayOutScrollBar(shown, IsVertical(window) ? client.bottom : client.right, theme::kArrowLength);
+    return LayOutScrollBar(shown, IsVertical(bar.window) ? client.bottom : client.right, theme::kArrowLength);
 }
 
 /// Tells the parent; `code` below 0 is nothing to tell. The bar may be gone afterwards.
@@ -52,73 +52,73 @@ bool IsBlocked(const ScrollBar& bar, ScrollPart part)
            (part == ScrollPart::lineDown && (bar.blockedArrows & ESB_DISABLE_RTDN));
 }
 
-LRESULT OnMouseDown(HWND window, ScrollBar& bar, WPARAM, LPARAM lParam)
+LRESULT OnMouseDown(ScrollBar& bar, WPARAM, LPARAM lParam)
 {
-    if (StyleOf(window) & WS_TABSTOP)
-        SetFocus(window);
-    const ScrollLayout layout = LayoutOf(window, bar);
-    bar.pointer = Along(window, PointOf(lParam));
+    if (StyleOf(bar.window) & WS_TABSTOP)
+        SetFocus(bar.window);
+    const ScrollLayout layout = LayoutOf(bar);
+    bar.pointer = Along(bar.window, PointOf(lParam));
     if (IsBlocked(bar, ScrollPartAt(layout, bar.pointer)))
         return 0;
-    SetCapture(window);
+    SetCapture(bar.window);
     const int code = PressScrollBar(bar.press, bar.range, layout, bar.pointer);
     if (bar.press.part != ScrollPart::thumb && bar.press.part != ScrollPart::none)
-        SetTimer(window, kRepeatTimer, kFirstRepeatMs, nullptr);
-    Repaint(window);
-    Tell(window, code, bar.press.trackPosition);
+        SetTimer(bar.window, kRepeatTimer, kFirstRepeatMs, nullptr);
+    Repaint(bar.window);
+    Tell(bar.window, code, bar.press.trackPosition);
     return 0;
 }
 
-LRESULT OnMouseMove(HWND window, ScrollBar& bar, WPARAM, LPARAM lParam)
+LRESULT OnMouseMove(ScrollBar& bar, WPARAM, LPARAM lParam)
 {
     if (bar.press.part == ScrollPart::none)
         return 0;
     const POINT point = PointOf(lParam);
-    const RECT client = ClientRectOf(window);
-    const int across = IsVertical(window) ? point.x : point.y;
-    const int thickness = IsVertical(window) ? client.right : client.bottom;
-    bar.pointer = Along(window, point);
-    const int code = MoveOnScrollBar(bar.press, bar.range, LayoutOf(window, bar), bar.pointer,
+    const RECT client = ClientRectOf(bar.window);
+    const int across = IsVertical(bar.window) ? point.x : point.y;
+    const int thickness = IsVertical(bar.window) ? client.right : client.bottom;
+    bar.pointer = Along(bar.window, point);
+    const int code = MoveOnScrollBar(bar.press, bar.range, LayoutOf(bar), bar.pointer,
                                      across < 0            ? -across
                                      : across >= thickness ? across - thickness + 1
                                                            : 0);
-    Repaint(window);
-    Tell(window, code, bar.press.trackPosition);
+    Repaint(bar.window);
+    Tell(bar.window, code, bar.press.trackPosition);
     return 0;
 }
 
-LRESULT OnTimer(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+LRESULT OnTimer(ScrollBar& bar, WPARAM wParam, LPARAM)
 {
     if (wParam != kRepeatTimer)
         return 0;
-    SetTimer(window, kRepeatTimer, kRepeatMs, nullptr);
-    Tell(window, RepeatOnScrollBar(bar.press, LayoutOf(window, bar), bar.pointer));
+    SetTimer(bar.window, kRepeatTimer, kRepeatMs, nullptr);
+    Tell(bar.window, RepeatOnScrollBar(bar.press, LayoutOf(bar), bar.pointer));
     return 0;
 }
 
 /// Ends the press: a thumb stays where it was let go, as far as the program then moves the bar there.
-void EndPress(HWND window, ScrollBar& bar)
+void EndPress(ScrollBar& bar)
 {
     const ScrollPress press = bar.press;
     if (press.part == ScrollPart::none)
         return;
-    KillTimer(window, kRepeatTimer);
+    KillTimer(bar.window, kRepeatTimer);
     bar.press = {};
-    if (GetCapture() == window)
+    if (GetCapture() == bar.window)
         ReleaseCapture();
-    Repaint(window);
+    Repaint(bar.window);
     if (press.part == ScrollPart::thumb)
-        Tell(window, SB_THUMBPOSITION, press.trackPosition);
-    Tell(window, SB_ENDSCROLL);
+        Tell(bar.window, SB_THUMBPOSITION, press.trackPosition);
+    Tell(bar.window, SB_ENDSCROLL);
 }
 
-LRESULT OnMouseUp(HWND window, ScrollBar& bar, WPARAM, LPARAM)
+LRESULT OnMouseUp(ScrollBar& bar, WPARAM, LPARAM)
 {
-    EndPress(window, bar);
+    EndPress(bar);
     return 0;
 }
 
-LRESULT OnKeyDown(HWND window, ScrollBar&, WPARAM wParam, LPARAM)
+LRESULT OnKeyDown(ScrollBar& bar, WPARAM wParam, LPARAM)
 {
     constexpr struct
     {
@@ -130,44 +130,45 @@ LRESULT OnKeyDown(HWND window, ScrollBar&, WPARAM wParam, LPARAM)
     };
     for (const auto& each : kCodes) {
         if (each.key == wParam)
-            Tell(window, each.code);
+            Tell(bar.window, each.code);
     }
     return 0;
 }
 
-LRESULT OnGetDlgCode(HWND, ScrollBar&, WPARAM, LPARAM)
+LRESULT OnGetDlgCode(ScrollBar&, WPARAM, LPARAM)
 {
     return DLGC_WANTARROWS;
 }
 
-LRESULT OnRepaint(HWND window, ScrollBar&, WPARAM, LPARAM)
+LRESULT OnRepaint(ScrollBar& bar, WPARAM, LPARAM)
 {
-    Repaint(window);
+    Repaint(bar.window);
     return 0;
 }
 
-LRESULT OnEnable(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+LRESULT OnEnable(ScrollBar& bar, WPARAM wParam, LPARAM)
 {
     bar.blockedArrows = wParam ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH;
-    Repaint(window);
+    Repaint(bar.window);
     return 0;
 }
 
-LRESULT OnPaint(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+LRESULT OnPaint(ScrollBar& bar, WPARAM wParam, LPARAM)
 {
-    const ControlPaint paint(window, wParam, nullptr);
-    AskParentForColours(window, paint.Dc(), WM_CTLCOLORSCROLLBAR);
-    PaintScrollBar(paint.Dc(), ClientRectOf(window), IsVertical(window), LayoutOf(window, bar),
-                   bar.press.inside ? bar.press.part : ScrollPart::none, bar.blockedArrows, LookOf(window));
+    const ControlPaint paint(bar.window, wParam, nullptr);
+    AskParentForColours(bar.window, paint.Dc(), WM_CTLCOLORSCROLLBAR);
+    PaintScrollBar(paint.Dc(), ClientRectOf(bar.window), IsVertical(bar.window), LayoutOf(bar),
+                   bar.press.inside ? bar.press.part : ScrollPart::none, bar.blockedArrows,
+                   LookOf(bar.window));
     return 0;
 }
 
-LRESULT OnEraseBackground(HWND, ScrollBar&, WPARAM, LPARAM)
+LRESULT OnEraseBackground(ScrollBar&, WPARAM, LPARAM)
 {
     return TRUE;
 }
 
-LRESULT OnSetInfo(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetInfo(ScrollBar& bar, WPARAM wParam, LPARAM lParam)
 {
     const SCROLLINFO& info = *reinterpret_cast<const SCROLLINFO*>(lParam);
     const bool changed = ChangeScrollRange(bar.range, info);
@@ -175,11 +176,11 @@ LRESULT OnSetInfo(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
         bar.blockedArrows =
             bar.range.CanScroll() || !(info.fMask & SIF_DISABLENOSCROLL) ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH;
     if (changed && wParam)
-        Repaint(window);
+        Repaint(bar.window);
     return bar.range.position;
 }
 
-LRESULT OnGetInfo(HWND, ScrollBar& bar, WPARAM, LPARAM lParam)
+LRESULT OnGetInfo(ScrollBar& bar, WPARAM, LPARAM lParam)
 {
     SCROLLINFO& info = *reinterpret_cast<SCROLLINFO*>(lParam);
     if (info.fMask & SIF_RANGE) {
@@ -195,39 +196,39 @@ LRESULT OnGetInfo(HWND, ScrollBar& bar, WPARAM, LPARAM lParam)
     return (info.fMask & SIF_ALL) != 0;
 }
 
-LRESULT OnSetPos(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetPos(ScrollBar& bar, WPARAM wParam, LPARAM lParam)
 {
     const int before = bar.range.position;
     const SCROLLINFO info = {sizeof(info), SIF_POS, 0, 0, 0, static_cast<int>(wParam), 0};
-    OnSetInfo(window, bar, static_cast<WPARAM>(lParam), reinterpret_cast<LPARAM>(&info));
+    OnSetInfo(bar, static_cast<WPARAM>(lParam), reinterpret_cast<LPARAM>(&info));
     return before;
 }
 
-LRESULT OnGetPos(HWND, ScrollBar& bar, WPARAM, LPARAM)
+LRESULT OnGetPos(ScrollBar& bar, WPARAM, LPARAM)
 {
     return bar.range.position;
 }
 
-LRESULT SetRange(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam, bool redraw)
+LRESULT SetRange(ScrollBar& bar, WPARAM wParam, LPARAM lParam, bool redraw)
 {
     const int before = bar.range.position;
     const SCROLLINFO info = {
         sizeof(info), SIF_RANGE, static_cast<int>(wParam), static_cast<int>(lParam), 0, 0, 0};
-    OnSetInfo(window, bar, redraw, reinterpret_cast<LPARAM>(&info));
+    OnSetInfo(bar, redraw, reinterpret_cast<LPARAM>(&info));
     return bar.range.position != before ? before : 0;
 }
 
-LRESULT OnSetRange(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetRange(ScrollBar& bar, WPARAM wParam, LPARAM lParam)
 {
-    return SetRange(window, bar, wParam, lParam, false);
+    return SetRange(bar, wParam, lParam, false);
 }
 
-LRESULT OnSetRangeRedraw(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetRangeRedraw(ScrollBar& bar, WPARAM wParam, LPARAM lParam)
 {
-    return SetRange(window, bar, wParam, lParam, true);
+    return SetRange(bar, wParam, lParam, true);
 }
 
-LRESULT OnGetRange(HWND, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
+LRESULT OnGetRange(ScrollBar& bar, WPARAM wParam, LPARAM lParam)
 {
     if (wParam != 0)
         *reinterpret_cast<int*>(wParam) = bar.range.minimum;
@@ -236,17 +237,17 @@ LRESULT OnGetRange(HWND, ScrollBar& bar, WPARAM wParam, LPARAM lParam)
     return 0;
 }
 
-LRESULT OnEnableArrows(HWND window, ScrollBar& bar, WPARAM wParam, LPARAM)
+LRESULT OnEnableArrows(ScrollBar& bar, WPARAM wParam, LPARAM)
 {
     const UINT blocked = static_cast<UINT>(wParam) & ESB_DISABLE_BOTH;
     const bool changed = blocked != bar.blockedArrows;
     bar.blockedArrows = blocked;
-    Repaint(window);
+    Repaint(bar.window);
     return changed;
 }
 
 /// The alignment styles put a bar of the usual thickness along one side of the rectangle it was made with.
-LRESULT OnCreate(HWND window, ScrollBar&, WPARAM, LPARAM lParam)
+LRESULT OnCreate(ScrollBar& bar, WPARAM, LPARAM lParam)
 {
     const CREATESTRUCTW& create = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
     const bool first = (create.style & SBS_TOPALIGN) != 0;
@@ -254,41 +255,42 @@ LRESULT OnCreate(HWND window, ScrollBar&, WPARAM, LPARAM lParam)
     if (create.style & SBS_VERT) {
         const int width = GetSystemMetrics(SM_CXVSCROLL);
         if (first || last)
-            MoveWindow(window, first ? create.x : create.x + create.cx - width, create.y, width, create.cy,
-                       FALSE);
+            MoveWindow(bar.window, first ? create.x : create.x + create.cx - width, create.y, width,
+                       create.cy, FALSE);
     } else if (first || last) {
         const int height = GetSystemMetrics(SM_CYHSCROLL);
-        MoveWindow(window, create.x, first ? create.y : create.y + create.cy - height, create.cx, height,
+        MoveWindow(bar.window, create.x, first ? create.y : create.y + create.cy - height, create.cx, height,
                    FALSE);
     }
     return 0;
 }
 
-constexpr MessageHandler<ScrollBar> kHandlers[] = {
+constexpr MessageRow<ScrollBar> kMessages[] = {
     {WM_CREATE, OnCreate},
-    {WM_PAINT, OnPaint},
-    {WM_PRINTCLIENT, OnPaint},
-    {WM_ERASEBKGND, OnEraseBackground},
-    {WM_LBUTTONDOWN, OnMouseDown},
-    {WM_LBUTTONDBLCLK, OnMouseDown},
-    {WM_MOUSEMOVE, OnMouseMove},
-    {WM_LBUTTONUP, OnMouseUp},
-    {WM_CAPTURECHANGED, OnMouseUp},
-    {WM_TIMER, OnTimer},
-    {WM_KEYDOWN, OnKeyDown},
-    {WM_GETDLGCODE, OnGetDlgCode},
     {WM_SETFOCUS, OnRepaint},
     {WM_KILLFOCUS, OnRepaint},
     {WM_ENABLE, OnEnable},
-    {SBM_SETSCROLLINFO, OnSetInfo},
-    {SBM_GETSCROLLINFO, OnGetInfo},
+    {WM_PAINT, OnPaint},
+    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_GETDLGCODE, OnGetDlgCode},
     {SBM_SETPOS, OnSetPos},
     {SBM_GETPOS, OnGetPos},
     {SBM_SETRANGE, OnSetRange},
-    {SBM_SETRANGEREDRAW, OnSetRangeRedraw},
     {SBM_GETRANGE, OnGetRange},
     {SBM_ENABLE_ARROWS, OnEnableArrows},
+    {SBM_SETRANGEREDRAW, OnSetRangeRedraw},
+    {SBM_SETSCROLLINFO, OnSetInfo},
+    {SBM_GETSCROLLINFO, OnGetInfo},
+    {WM_KEYDOWN, OnKeyDown},
+    {WM_TIMER, OnTimer},
+    {WM_MOUSEMOVE, OnMouseMove},
+    {WM_LBUTTONDOWN, OnMouseDown},
+    {WM_LBUTTONUP, OnMouseUp},
+    {WM_LBUTTONDBLCLK, OnMouseDown},
+    {WM_CAPTURECHANGED, OnMouseUp},
+    {WM_PRINTCLIENT, OnPaint},
 };
+static_assert(InOrder<ScrollBar>(kMessages));
 
 /// The part of `bar` from `start` on along it.
 RECT Piece(const RECT& bar, bool vertical, int start, int length)
@@ -329,7 +331,7 @@ void PaintScrollBar(HDC dc, const RECT& rect, bool vertical, const ScrollLayout&
 
 LRESULT CALLBACK ScrollBarProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return RunControl<ScrollBar>(kHandlers, window, message, wParam, lParam);
+    return RunRows<ScrollBar>(kMessages, window, message, wParam, lParam);
 }
 
 } // namespace host

@@ -8,7 +8,7 @@ namespace {
 /// Every text of a resource ordinal starts with this unit; the ordinal follows.
 constexpr WCHAR kOrdinalMark = 0xFFFF;
 
-struct Static
+struct Static : ControlState
 {
     HFONT font = nullptr;
     HANDLE image = nullptr;
@@ -25,9 +25,9 @@ bool IsImageKind(DWORD kind)
     return kind == SS_ICON || kind == SS_BITMAP;
 }
 
-void FreeOwnImage(HWND window, Static& control)
+void FreeOwnImage(Static& control)
 {
-    if (control.ownsImage && KindOf(window) == SS_BITMAP)
+    if (control.ownsImage && KindOf(control.window) == SS_BITMAP)
         DeleteObject(control.image);
     else if (control.ownsImage)
         DestroyIcon(static_cast<HICON>(control.image));
@@ -40,58 +40,59 @@ UINT ImageKind(HWND window)
 }
 
 /// Without a style that keeps its size, the control takes the image's.
-void FitToImage(HWND window, const Static& control)
+void FitToImage(const Static& control)
 {
-    if (control.image == nullptr || (StyleOf(window) & (SS_CENTERIMAGE | SS_REALSIZECONTROL)))
+    if (control.image == nullptr || (StyleOf(control.window) & (SS_CENTERIMAGE | SS_REALSIZECONTROL)))
         return;
-    const SIZE size = ImageSizeOf(control.image, ImageKind(window));
+    const SIZE size = ImageSizeOf(control.image, ImageKind(control.window));
     RECT whole = {0, 0, size.cx, size.cy};
-    AdjustWindowRectEx(&whole, StyleOf(window), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)));
-    SetWindowPos(window, nullptr, 0, 0, whole.right - whole.left, whole.bottom - whole.top,
+    AdjustWindowRectEx(&whole, StyleOf(control.window), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(control.window, GWL_EXSTYLE)));
+    SetWindowPos(control.window, nullptr, 0, 0, whole.right - whole.left, whole.bottom - whole.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-LRESULT SetImage(HWND window, Static& control, HANDLE image)
+LRESULT SetImage(Static& control, HANDLE image)
 {
     const HANDLE before = control.image;
     control.image = image;
     control.ownsImage = false;
-    FitToImage(window, control);
-    Repaint(window);
+    FitToImage(control);
+    Repaint(control.window);
     return reinterpret_cast<LRESULT>(before);
 }
 
 /// The text of an image's control names a resource of the module that made the window.
-void LoadNamedImage(HWND window, Static& control, const CREATESTRUCTW& create)
+void LoadNamedImage(Static& control, const CREATESTRUCTW& create)
 {
     LPCWSTR name = create.lpszName;
     if (name == nullptr || create.hInstance == nullptr || (!IS_INTRESOURCE(name) && name[0] == 0))
         return;
     if (!IS_INTRESOURCE(name) && name[0] == kOrdinalMark)
         name = MAKEINTRESOURCEW(name[1]);
-    control.image = KindOf(window) == SS_BITMAP ? static_cast<HANDLE>(LoadBitmapW(create.hInstance, name))
-                                                : static_cast<HANDLE>(LoadIconW(create.hInstance, name));
+    control.image = KindOf(control.window) == SS_BITMAP
+                        ? static_cast<HANDLE>(LoadBitmapW(create.hInstance, name))
+                        : static_cast<HANDLE>(LoadIconW(create.hInstance, name));
     control.ownsImage = control.image != nullptr;
-    FitToImage(window, control);
+    FitToImage(control);
 }
 
-LRESULT OnCreate(HWND window, Static& control, WPARAM, LPARAM lParam)
+LRESULT OnCreate(Static& control, WPARAM, LPARAM lParam)
 {
-    if (StyleOf(window) & SS_SUNKEN) {
-        const LONG_PTR edges = GetWindowLongPtrW(window, GWL_EXSTYLE) | WS_EX_STATICEDGE;
-        SetWindowLongPtrW(window, GWL_EXSTYLE, edges);
-        SetWindowPos(window, nullptr, 0, 0, 0, 0,
+    if (StyleOf(control.window) & SS_SUNKEN) {
+        const LONG_PTR edges = GetWindowLongPtrW(control.window, GWL_EXSTYLE) | WS_EX_STATICEDGE;
+        SetWindowLongPtrW(control.window, GWL_EXSTYLE, edges);
+        SetWindowPos(control.window, nullptr, 0, 0, 0, 0,
                      SWP_FRAMECHANGED | SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    if (IsImageKind(KindOf(window)))
-        LoadNamedImage(window, control, *reinterpret_cast<const CREATESTRUCTW*>(lParam));
+    if (IsImageKind(KindOf(control.window)))
+        LoadNamedImage(control, *reinterpret_cast<const CREATESTRUCTW*>(lParam));
     return 0;
 }
 
-LRESULT OnDestroy(HWND window, Static& control, WPARAM, LPARAM)
+LRESULT OnDestroy(Static& control, WPARAM, LPARAM)
 {
-    FreeOwnImage(window, control);
+    FreeOwnImage(control);
     return 0;
 }
 
@@ -143,14 +144,14 @@ void PaintText(HWND window, HDC dc, RECT rect)
     SetBkMode(dc, oldMode);
 }
 
-void PaintImage(HWND window, const Static& control, HDC dc, const RECT& rect)
+void PaintImage(const Static& control, HDC dc, const RECT& rect)
 {
     if (control.image == nullptr)
         return;
-    const SIZE size = ImageSizeOf(control.image, ImageKind(window));
-    const bool centred = (StyleOf(window) & SS_CENTERIMAGE) != 0;
+    const SIZE size = ImageSizeOf(control.image, ImageKind(control.window));
+    const bool centred = (StyleOf(control.window) & SS_CENTERIMAGE) != 0;
     const POINT at = {centred ? (rect.right - size.cx) / 2 : 0, centred ? (rect.bottom - size.cy) / 2 : 0};
-    DrawImage(dc, at, control.image, ImageKind(window));
+    DrawImage(dc, at, control.image, ImageKind(control.window));
 }
 
 /// The rectangles and frames in the order of their styles.
@@ -182,15 +183,15 @@ void AskParentToDraw(HWND window, HDC dc, const RECT& rect)
     SendMessageW(GetParent(window), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
 }
 
-LRESULT OnPaint(HWND window, Static& control, WPARAM wParam, LPARAM)
+LRESULT OnPaint(Static& control, WPARAM wParam, LPARAM)
 {
-    const ControlPaint paint(window, wParam, control.font);
+    const ControlPaint paint(control.window, wParam, control.font);
     const HDC dc = paint.Dc();
-    const DWORD kind = KindOf(window);
-    const RECT rect = ClientRectOf(window);
-    const HBRUSH behind = AskParentForColours(window, dc, WM_CTLCOLORSTATIC);
+    const DWORD kind = KindOf(control.window);
+    const RECT rect = ClientRectOf(control.window);
+    const HBRUSH behind = AskParentForColours(control.window, dc, WM_CTLCOLORSTATIC);
     if (kind == SS_OWNERDRAW) {
-        AskParentToDraw(window, dc, rect);
+        AskParentToDraw(control.window, dc, rect);
     } else if (kind >= SS_BLACKRECT && kind <= SS_WHITERECT) {
         theme::Fill(dc, rect, ColourOfShape(kind));
     } else if (kind >= SS_BLACKFRAME && kind <= SS_WHITEFRAME) {
@@ -199,22 +200,22 @@ LRESULT OnPaint(HWND window, Static& control, WPARAM wParam, LPARAM)
         PaintEtched(kind, dc, rect);
     } else {
         FillRect(dc, &rect, behind);
-        IsImageKind(kind) ? PaintImage(window, control, dc, rect) : PaintText(window, dc, rect);
+        IsImageKind(kind) ? PaintImage(control, dc, rect) : PaintText(control.window, dc, rect);
     }
     return 0;
 }
 
-LRESULT OnEraseBackground(HWND, Static&, WPARAM, LPARAM)
+LRESULT OnEraseBackground(Static&, WPARAM, LPARAM)
 {
     return TRUE;
 }
 
-LRESULT OnHitTest(HWND window, Static&, WPARAM, LPARAM)
+LRESULT OnHitTest(Static& control, WPARAM, LPARAM)
 {
-    return StyleOf(window) & SS_NOTIFY ? HTCLIENT : HTTRANSPARENT;
+    return StyleOf(control.window) & SS_NOTIFY ? HTCLIENT : HTTRANSPARENT;
 }
 
-LRESULT OnGetDlgCode(HWND, Static&, WPARAM, LPARAM)
+LRESULT OnGetDlgCode(Static&, WPARAM, LPARAM)
 {
     return DLGC_STATIC;
 }
@@ -225,41 +226,41 @@ void Notify(HWND window, WORD code)
         NotifyParent(window, code);
 }
 
-LRESULT OnMouseDown(HWND window, Static&, WPARAM, LPARAM)
+LRESULT OnMouseDown(Static& control, WPARAM, LPARAM)
 {
-    Notify(window, STN_CLICKED);
+    Notify(control.window, STN_CLICKED);
     return 0;
 }
 
-LRESULT OnDoubleClick(HWND window, Static&, WPARAM, LPARAM)
+LRESULT OnDoubleClick(Static& control, WPARAM, LPARAM)
 {
-    Notify(window, STN_DBLCLK);
+    Notify(control.window, STN_DBLCLK);
     return 0;
 }
 
-LRESULT OnEnable(HWND window, Static&, WPARAM wParam, LPARAM)
+LRESULT OnEnable(Static& control, WPARAM wParam, LPARAM)
 {
-    Repaint(window);
-    Notify(window, wParam ? STN_ENABLE : STN_DISABLE);
+    Repaint(control.window);
+    Notify(control.window, wParam ? STN_ENABLE : STN_DISABLE);
     return 0;
 }
 
-LRESULT OnSetText(HWND window, Static&, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetText(Static& control, WPARAM wParam, LPARAM lParam)
 {
-    const LRESULT result = DefWindowProcW(window, WM_SETTEXT, wParam, lParam);
-    Repaint(window);
+    const LRESULT result = DefWindowProcW(control.window, WM_SETTEXT, wParam, lParam);
+    Repaint(control.window);
     return result;
 }
 
-LRESULT OnSetFont(HWND window, Static& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetFont(Static& control, WPARAM wParam, LPARAM lParam)
 {
     control.font = reinterpret_cast<HFONT>(wParam);
     if (lParam & 0xFFFF)
-        Repaint(window);
+        Repaint(control.window);
     return 0;
 }
 
-LRESULT OnGetFont(HWND, Static& control, WPARAM, LPARAM)
+LRESULT OnGetFont(Static& control, WPARAM, LPARAM)
 {
     return reinterpret_cast<LRESULT>(control.font);
 }
@@ -272,51 +273,44 @@ bool ShowsImageType(HWND window, WPARAM type)
                                 : (type == IMAGE_ICON || type == IMAGE_CURSOR) && kind == SS_ICON;
 }
 
-LRESULT OnSetImage(HWND window, Static& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetImage(Static& control, WPARAM wParam, LPARAM lParam)
 {
-    return ShowsImageType(window, wParam) ? SetImage(window, control, reinterpret_cast<HANDLE>(lParam)) : 0;
+    return ShowsImageType(control.window, wParam) ? SetImage(control, reinterpret_cast<HANDLE>(lParam)) : 0;
 }
 
-LRESULT OnGetImage(HWND window, Static& control, WPARAM wParam, LPARAM)
+LRESULT OnGetImage(Static& control, WPARAM wParam, LPARAM)
 {
-    return ShowsImageType(window, wParam) ? reinterpret_cast<LRESULT>(control.image) : 0;
+    return ShowsImageType(control.window, wParam) ? reinterpret_cast<LRESULT>(control.image) : 0;
 }
 
-LRESULT OnSetIcon(HWND window, Static& control, WPARAM wParam, LPARAM)
+LRESULT OnSetIcon(Static& control, WPARAM wParam, LPARAM)
 {
-    return OnSetImage(window, control, IMAGE_ICON, static_cast<LPARAM>(wParam));
+    return OnSetImage(control, IMAGE_ICON, static_cast<LPARAM>(wParam));
 }
 
-LRESULT OnGetIcon(HWND window, Static& control, WPARAM, LPARAM)
+LRESULT OnGetIcon(Static& control, WPARAM, LPARAM)
 {
-    return OnGetImage(window, control, IMAGE_ICON, 0);
+    return OnGetImage(control, IMAGE_ICON, 0);
 }
 
-constexpr MessageHandler<Static> kHandlers[] = {
-    {WM_CREATE, OnCreate},
-    {WM_DESTROY, OnDestroy},
-    {WM_PAINT, OnPaint},
+constexpr MessageRow<Static> kMessages[] = {
+    {WM_CREATE, OnCreate},         {WM_DESTROY, OnDestroy},
+    {WM_ENABLE, OnEnable},         {WM_SETTEXT, OnSetText},
+    {WM_PAINT, OnPaint},           {WM_ERASEBKGND, OnEraseBackground},
+    {WM_SETFONT, OnSetFont},       {WM_GETFONT, OnGetFont},
+    {WM_NCHITTEST, OnHitTest},     {WM_GETDLGCODE, OnGetDlgCode},
+    {STM_SETICON, OnSetIcon},      {STM_GETICON, OnGetIcon},
+    {STM_SETIMAGE, OnSetImage},    {STM_GETIMAGE, OnGetImage},
+    {WM_LBUTTONDOWN, OnMouseDown}, {WM_LBUTTONDBLCLK, OnDoubleClick},
     {WM_PRINTCLIENT, OnPaint},
-    {WM_ERASEBKGND, OnEraseBackground},
-    {WM_NCHITTEST, OnHitTest},
-    {WM_GETDLGCODE, OnGetDlgCode},
-    {WM_LBUTTONDOWN, OnMouseDown},
-    {WM_LBUTTONDBLCLK, OnDoubleClick},
-    {WM_ENABLE, OnEnable},
-    {WM_SETTEXT, OnSetText},
-    {WM_SETFONT, OnSetFont},
-    {WM_GETFONT, OnGetFont},
-    {STM_SETIMAGE, OnSetImage},
-    {STM_GETIMAGE, OnGetImage},
-    {STM_SETICON, OnSetIcon},
-    {STM_GETICON, OnGetIcon},
 };
+static_assert(InOrder<Static>(kMessages));
 
 } // namespace
 
 LRESULT CALLBACK StaticProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return RunControl<Static>(kHandlers, window, message, wParam, lParam);
+    return RunRows<Static>(kMessages, window, message, wParam, lParam);
 }
 
 } // namespace host

@@ -4,7 +4,7 @@
 // tab.cpp keeps the tabs and what the user does with them, tab_view.cpp measures and paints them.
 #include <vector>
 
-#include "host/window/controls/control_state.h"
+#include "host/window/controls/control.h"
 
 namespace host {
 

@@ -5,7 +5,7 @@
 // and mouse. A vertical bar is measured and drawn like a horizontal one with x and y exchanged.
 #include <vector>
 
-#include "host/window/controls/control_state.h"
+#include "host/window/controls/control.h"
 
 namespace host {
 

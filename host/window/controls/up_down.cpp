@@ -28,7 +28,7 @@ enum class Half
     decrease
 };
 
-struct UpDown
+struct UpDown : ControlState
 {
     HWND buddy = nullptr;
     // A maximum below the minimum turns the arrows around.
@@ -75,15 +75,13 @@ int Clamped(const UpDown& control, int64_t position)
 
 // The number in the buddy
 
-using Text = std::basic_string<WCHAR>;
-
-Text NumberText(HWND window, const UpDown& control)
+Text NumberText(const UpDown& control)
 {
     Text text;
     const bool hexadecimal = control.base == kHexadecimal;
     uint64_t rest = hexadecimal ? static_cast<uint32_t>(control.position)
                                 : static_cast<uint64_t>(std::abs(static_cast<int64_t>(control.position)));
-    const bool grouped = !hexadecimal && !(StyleOf(window) & UDS_NOTHOUSANDS);
+    const bool grouped = !hexadecimal && !(StyleOf(control.window) & UDS_NOTHOUSANDS);
     int digits = 0;
     do {
         if (grouped && digits > 0 && digits % kGroupDigits == 0)
@@ -135,9 +133,9 @@ bool ParseNumber(const Text& text, UINT base, int& number)
 }
 
 /// Takes over what the user has typed into the buddy. False when that is no number of the range.
-bool ReadBuddy(HWND window, UpDown& control)
+bool ReadBuddy(UpDown& control)
 {
-    if (!(StyleOf(window) & UDS_SETBUDDYINT) || !IsWindow(control.buddy))
+    if (!(StyleOf(control.window) & UDS_SETBUDDYINT) || !IsWindow(control.buddy))
         return true;
     int number = 0;
     if (!ParseNumber(TextOf(control.buddy), control.base, number) || Clamped(control, number) != number)
@@ -146,11 +144,11 @@ bool ReadBuddy(HWND window, UpDown& control)
     return true;
 }
 
-void WriteBuddy(HWND window, const UpDown& control)
+void WriteBuddy(const UpDown& control)
 {
-    if (!(StyleOf(window) & UDS_SETBUDDYINT) || !IsWindow(control.buddy))
+    if (!(StyleOf(control.window) & UDS_SETBUDDYINT) || !IsWindow(control.buddy))
         return;
-    const Text text = NumberText(window, control);
+    const Text text = NumberText(control);
     if (text != TextOf(control.buddy))
         SetWindowTextW(control.buddy, text.c_str());
 }
@@ -222,14 +220,14 @@ void AlignToBuddy(HWND window, HWND buddy)
                  SWP_NOACTIVATE | SWP_NOZORDER);
 }
 
-HWND SetBuddy(HWND window, UpDown& control, HWND buddy)
+HWND SetBuddy(UpDown& control, HWND buddy)
 {
     const HWND before = control.buddy;
     UnhookBuddy(before);
     control.buddy = buddy;
     if (IsWindow(buddy)) {
-        HookBuddy(window, buddy);
-        AlignToBuddy(window, buddy);
+        HookBuddy(control.window, buddy);
+        AlignToBuddy(control.window, buddy);
     }
     return before;
 }
@@ -248,192 +246,192 @@ int64_t StepOf(const UpDown& control)
 }
 
 /// Where a step leads: with UDS_WRAP from one end to the other, else no further than an end.
-int Stepped(HWND window, const UpDown& control, int64_t delta)
+int Stepped(const UpDown& control, int64_t delta)
 {
     const int64_t target = control.position + delta;
     const int clamped = Clamped(control, target);
-    if (clamped == target || !(StyleOf(window) & UDS_WRAP))
+    if (clamped == target || !(StyleOf(control.window) & UDS_WRAP))
         return clamped;
     const auto [low, high] = std::minmax(control.minimum, control.maximum);
     return target > high ? low : high;
 }
 
-void TellScroll(HWND window, WORD code, int position)
+void TellScroll(const UpDown& control, WORD code)
 {
-    SendMessageW(GetParent(window), IsHorizontal(window) ? WM_HSCROLL : WM_VSCROLL,
-                 MAKEWPARAM(code, position), reinterpret_cast<LPARAM>(window));
+    SendMessageW(GetParent(control.window), IsHorizontal(control.window) ? WM_HSCROLL : WM_VSCROLL,
+                 MAKEWPARAM(code, control.position), reinterpret_cast<LPARAM>(control.window));
 }
 
-void Step(HWND window, UpDown& control, Half half, int64_t step)
+void Step(UpDown& control, Half half, int64_t step)
 {
-    ReadBuddy(window, control);
+    ReadBuddy(control);
     const bool upwards = (half == Half::increase) == (control.maximum >= control.minimum);
     NMUPDOWN change = {};
-    change.hdr.hwndFrom = window;
-    change.hdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(window));
+    change.hdr.hwndFrom = control.window;
+    change.hdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(control.window));
     change.hdr.code = UDN_DELTAPOS;
     change.iPos = control.position;
     change.iDelta = static_cast<int>(upwards ? step : -step);
-    const LRESULT refused =
-        SendMessageW(GetParent(window), WM_NOTIFY, change.hdr.idFrom, reinterpret_cast<LPARAM>(&change));
-    if (refused || StateOf<UpDown>(window) == nullptr)
+    const LRESULT refused = SendMessageW(GetParent(control.window), WM_NOTIFY, change.hdr.idFrom,
+                                         reinterpret_cast<LPARAM>(&change));
+    if (refused || control.gone)
         return;
-    control.position = Stepped(window, control, change.iDelta);
-    const int position = control.position;
-    WriteBuddy(window, control);
-    if (IsWindow(window))
-        TellScroll(window, SB_THUMBPOSITION, position);
+    control.position = Stepped(control, change.iDelta);
+    WriteBuddy(control);
+    if (!control.gone)
+        TellScroll(control, SB_THUMBPOSITION);
 }
 
-LRESULT OnMouseDown(HWND window, UpDown& control, WPARAM, LPARAM lParam)
+LRESULT OnMouseDown(UpDown& control, WPARAM, LPARAM lParam)
 {
     if (IsWindow(control.buddy) && IsWindowEnabled(control.buddy))
         SetFocus(control.buddy);
-    control.pressed = HalfAt(window, PointOf(lParam));
+    control.pressed = HalfAt(control.window, PointOf(lParam));
     if (control.pressed == Half::none)
         return 0;
     control.inside = true;
     control.pressedSince = GetTickCount64();
-    SetCapture(window);
-    SetTimer(window, kRepeatTimer, kFirstRepeatMs, nullptr);
-    Repaint(window);
-    Step(window, control, control.pressed, StepOf(control));
+    SetCapture(control.window);
+    SetTimer(control.window, kRepeatTimer, kFirstRepeatMs, nullptr);
+    Repaint(control.window);
+    Step(control, control.pressed, StepOf(control));
     return 0;
 }
 
-LRESULT OnMouseMove(HWND window, UpDown& control, WPARAM, LPARAM lParam)
+LRESULT OnMouseMove(UpDown& control, WPARAM, LPARAM lParam)
 {
-    const bool inside = control.pressed != Half::none && HalfAt(window, PointOf(lParam)) == control.pressed;
+    const bool inside =
+        control.pressed != Half::none && HalfAt(control.window, PointOf(lParam)) == control.pressed;
     if (inside != control.inside) {
         control.inside = inside;
-        Repaint(window);
+        Repaint(control.window);
     }
     return 0;
 }
 
-LRESULT OnTimer(HWND window, UpDown& control, WPARAM wParam, LPARAM)
+LRESULT OnTimer(UpDown& control, WPARAM wParam, LPARAM)
 {
     if (wParam != kRepeatTimer || control.pressed == Half::none)
         return 0;
-    SetTimer(window, kRepeatTimer, kRepeatMs, nullptr);
+    SetTimer(control.window, kRepeatTimer, kRepeatMs, nullptr);
     if (control.inside)
-        Step(window, control, control.pressed, StepOf(control));
+        Step(control, control.pressed, StepOf(control));
     return 0;
 }
 
-LRESULT OnRelease(HWND window, UpDown& control, WPARAM, LPARAM)
+LRESULT OnRelease(UpDown& control, WPARAM, LPARAM)
 {
     if (control.pressed == Half::none)
         return 0;
     control.pressed = Half::none;
     control.inside = false;
-    KillTimer(window, kRepeatTimer);
-    if (GetCapture() == window)
+    KillTimer(control.window, kRepeatTimer);
+    if (GetCapture() == control.window)
         ReleaseCapture();
-    Repaint(window);
-    TellScroll(window, SB_ENDSCROLL, control.position);
+    Repaint(control.window);
+    TellScroll(control, SB_ENDSCROLL);
     return 0;
 }
 
-LRESULT OnKeyDown(HWND window, UpDown& control, WPARAM wParam, LPARAM)
+LRESULT OnKeyDown(UpDown& control, WPARAM wParam, LPARAM)
 {
-    if (!(StyleOf(window) & UDS_ARROWKEYS) || !IsWindowEnabled(window))
+    if (!(StyleOf(control.window) & UDS_ARROWKEYS) || !IsWindowEnabled(control.window))
         return 0;
     control.pressedSince = GetTickCount64();
     if (wParam == VK_UP)
-        Step(window, control, Half::increase, 1);
+        Step(control, Half::increase, 1);
     else if (wParam == VK_DOWN)
-        Step(window, control, Half::decrease, 1);
+        Step(control, Half::decrease, 1);
     return 0;
 }
 
 // State
 
-LRESULT OnCreate(HWND window, UpDown& control, WPARAM, LPARAM)
+LRESULT OnCreate(UpDown& control, WPARAM, LPARAM)
 {
-    if (StyleOf(window) & UDS_AUTOBUDDY)
-        SetBuddy(window, control, GetWindow(window, GW_HWNDPREV));
+    if (StyleOf(control.window) & UDS_AUTOBUDDY)
+        SetBuddy(control, GetWindow(control.window, GW_HWNDPREV));
     return 0;
 }
 
-LRESULT OnDestroy(HWND, UpDown& control, WPARAM, LPARAM)
+LRESULT OnDestroy(UpDown& control, WPARAM, LPARAM)
 {
     UnhookBuddy(control.buddy);
     return 0;
 }
 
-LRESULT OnEnable(HWND window, UpDown& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnEnable(UpDown& control, WPARAM wParam, LPARAM lParam)
 {
     if (!wParam)
-        OnRelease(window, control, 0, lParam);
-    Repaint(window);
+        OnRelease(control, 0, lParam);
+    Repaint(control.window);
     return 0;
 }
 
-LRESULT OnSetBuddy(HWND window, UpDown& control, WPARAM wParam, LPARAM)
+LRESULT OnSetBuddy(UpDown& control, WPARAM wParam, LPARAM)
 {
-    return reinterpret_cast<LRESULT>(SetBuddy(window, control, reinterpret_cast<HWND>(wParam)));
+    return reinterpret_cast<LRESULT>(SetBuddy(control, reinterpret_cast<HWND>(wParam)));
 }
 
-LRESULT OnGetBuddy(HWND, UpDown& control, WPARAM, LPARAM)
+LRESULT OnGetBuddy(UpDown& control, WPARAM, LPARAM)
 {
     return reinterpret_cast<LRESULT>(control.buddy);
 }
 
-LRESULT SetPosition(HWND window, UpDown& control, int position)
+LRESULT SetPosition(UpDown& control, int position)
 {
-    ReadBuddy(window, control);
+    ReadBuddy(control);
     const int before = control.position;
     control.position = Clamped(control, position);
-    WriteBuddy(window, control);
+    WriteBuddy(control);
     return before;
 }
 
-LRESULT OnSetPos(HWND window, UpDown& control, WPARAM, LPARAM lParam)
+LRESULT OnSetPos(UpDown& control, WPARAM, LPARAM lParam)
 {
-    return static_cast<SHORT>(LOWORD(SetPosition(window, control, static_cast<SHORT>(LOWORD(lParam)))));
+    return static_cast<SHORT>(LOWORD(SetPosition(control, static_cast<SHORT>(LOWORD(lParam)))));
 }
 
-LRESULT OnSetPos32(HWND window, UpDown& control, WPARAM, LPARAM lParam)
+LRESULT OnSetPos32(UpDown& control, WPARAM, LPARAM lParam)
 {
-    return SetPosition(window, control, static_cast<int>(lParam));
+    return SetPosition(control, static_cast<int>(lParam));
 }
 
 /// The high word tells that the buddy shows no number of the range.
-LRESULT OnGetPos(HWND window, UpDown& control, WPARAM, LPARAM)
+LRESULT OnGetPos(UpDown& control, WPARAM, LPARAM)
 {
-    const bool sound = ReadBuddy(window, control);
+    const bool sound = ReadBuddy(control);
     return MAKELONG(control.position, sound ? 0 : 1);
 }
 
-LRESULT OnGetPos32(HWND window, UpDown& control, WPARAM, LPARAM lParam)
+LRESULT OnGetPos32(UpDown& control, WPARAM, LPARAM lParam)
 {
-    const bool sound = ReadBuddy(window, control);
+    const bool sound = ReadBuddy(control);
     if (lParam != 0)
         *reinterpret_cast<BOOL*>(lParam) = !sound;
     return control.position;
 }
 
-LRESULT OnSetRange(HWND, UpDown& control, WPARAM, LPARAM lParam)
+LRESULT OnSetRange(UpDown& control, WPARAM, LPARAM lParam)
 {
     control.maximum = static_cast<SHORT>(LOWORD(lParam));
     control.minimum = static_cast<SHORT>(HIWORD(lParam));
     return 0;
 }
 
-LRESULT OnGetRange(HWND, UpDown& control, WPARAM, LPARAM)
+LRESULT OnGetRange(UpDown& control, WPARAM, LPARAM)
 {
     return MAKELONG(control.maximum, control.minimum);
 }
 
-LRESULT OnSetRange32(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetRange32(UpDown& control, WPARAM wParam, LPARAM lParam)
 {
     control.minimum = static_cast<int>(wParam);
     control.maximum = static_cast<int>(lParam);
     return 0;
 }
 
-LRESULT OnGetRange32(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnGetRange32(UpDown& control, WPARAM wParam, LPARAM lParam)
 {
     if (wParam != 0)
         *reinterpret_cast<int*>(wParam) = control.minimum;
@@ -442,7 +440,7 @@ LRESULT OnGetRange32(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
     return 0;
 }
 
-LRESULT OnSetAccel(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetAccel(UpDown& control, WPARAM wParam, LPARAM lParam)
 {
     const auto* const steps = reinterpret_cast<const UDACCEL*>(lParam);
     if (wParam == 0 || steps == nullptr)
@@ -451,7 +449,7 @@ LRESULT OnSetAccel(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
     return TRUE;
 }
 
-LRESULT OnGetAccel(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
+LRESULT OnGetAccel(UpDown& control, WPARAM wParam, LPARAM lParam)
 {
     if (lParam != 0)
         std::copy_n(control.steps.begin(), std::min<size_t>(wParam, control.steps.size()),
@@ -459,83 +457,84 @@ LRESULT OnGetAccel(HWND, UpDown& control, WPARAM wParam, LPARAM lParam)
     return static_cast<LRESULT>(control.steps.size());
 }
 
-LRESULT OnSetBase(HWND window, UpDown& control, WPARAM wParam, LPARAM)
+LRESULT OnSetBase(UpDown& control, WPARAM wParam, LPARAM)
 {
     if (wParam != kDecimal && wParam != kHexadecimal)
         return 0;
     const UINT before = control.base;
     control.base = static_cast<UINT>(wParam);
-    WriteBuddy(window, control);
+    WriteBuddy(control);
     return before;
 }
 
-LRESULT OnGetBase(HWND, UpDown& control, WPARAM, LPARAM)
+LRESULT OnGetBase(UpDown& control, WPARAM, LPARAM)
 {
     return control.base;
 }
 
-void PaintHalf(HWND window, const UpDown& control, HDC dc, Half half)
+void PaintHalf(const UpDown& control, HDC dc, Half half)
 {
     using theme::Arrow;
-    theme::Look look = {IsWindowEnabled(window) &&
+    theme::Look look = {IsWindowEnabled(control.window) &&
                             (control.buddy == nullptr || IsWindowEnabled(control.buddy)),
                         control.pressed == half && control.inside, false, false};
-    const RECT rect = RectOf(window, half);
+    const RECT rect = RectOf(control.window, half);
     theme::DrawButtonFace(dc, rect, look);
     const bool increases = half == Half::increase;
-    const Arrow arrow = IsHorizontal(window) ? (increases ? Arrow::right : Arrow::left)
-                                             : (increases ? Arrow::up : Arrow::down);
+    const Arrow arrow = IsHorizontal(control.window) ? (increases ? Arrow::right : Arrow::left)
+                                                     : (increases ? Arrow::up : Arrow::down);
     theme::DrawArrow(dc, rect, arrow, look.enabled ? theme::kGlyph : theme::kThumb);
 }
 
-LRESULT OnPaint(HWND window, UpDown& control, WPARAM wParam, LPARAM)
+LRESULT OnPaint(UpDown& control, WPARAM wParam, LPARAM)
 {
-    const ControlPaint paint(window, wParam, nullptr);
-    PaintHalf(window, control, paint.Dc(), Half::increase);
-    PaintHalf(window, control, paint.Dc(), Half::decrease);
+    const ControlPaint paint(control.window, wParam, nullptr);
+    PaintHalf(control, paint.Dc(), Half::increase);
+    PaintHalf(control, paint.Dc(), Half::decrease);
     return 0;
 }
 
-LRESULT OnEraseBackground(HWND, UpDown&, WPARAM, LPARAM)
+LRESULT OnEraseBackground(UpDown&, WPARAM, LPARAM)
 {
     return TRUE;
 }
 
-constexpr MessageHandler<UpDown> kHandlers[] = {
+constexpr MessageRow<UpDown> kMessages[] = {
     {WM_CREATE, OnCreate},
     {WM_DESTROY, OnDestroy},
-    {WM_PAINT, OnPaint},
-    {WM_PRINTCLIENT, OnPaint},
-    {WM_ERASEBKGND, OnEraseBackground},
-    {WM_LBUTTONDOWN, OnMouseDown},
-    {WM_LBUTTONDBLCLK, OnMouseDown},
-    {WM_MOUSEMOVE, OnMouseMove},
-    {WM_LBUTTONUP, OnRelease},
-    {WM_CAPTURECHANGED, OnRelease},
-    {WM_TIMER, OnTimer},
-    {WM_KEYDOWN, OnKeyDown},
     {WM_ENABLE, OnEnable},
-    {UDM_SETBUDDY, OnSetBuddy},
-    {UDM_GETBUDDY, OnGetBuddy},
-    {UDM_SETPOS, OnSetPos},
-    {UDM_GETPOS, OnGetPos},
-    {UDM_SETPOS32, OnSetPos32},
-    {UDM_GETPOS32, OnGetPos32},
+    {WM_PAINT, OnPaint},
+    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_KEYDOWN, OnKeyDown},
+    {WM_TIMER, OnTimer},
+    {WM_MOUSEMOVE, OnMouseMove},
+    {WM_LBUTTONDOWN, OnMouseDown},
+    {WM_LBUTTONUP, OnRelease},
+    {WM_LBUTTONDBLCLK, OnMouseDown},
+    {WM_CAPTURECHANGED, OnRelease},
+    {WM_PRINTCLIENT, OnPaint},
     {UDM_SETRANGE, OnSetRange},
     {UDM_GETRANGE, OnGetRange},
-    {UDM_SETRANGE32, OnSetRange32},
-    {UDM_GETRANGE32, OnGetRange32},
+    {UDM_SETPOS, OnSetPos},
+    {UDM_GETPOS, OnGetPos},
+    {UDM_SETBUDDY, OnSetBuddy},
+    {UDM_GETBUDDY, OnGetBuddy},
     {UDM_SETACCEL, OnSetAccel},
     {UDM_GETACCEL, OnGetAccel},
     {UDM_SETBASE, OnSetBase},
     {UDM_GETBASE, OnGetBase},
+    {UDM_SETRANGE32, OnSetRange32},
+    {UDM_GETRANGE32, OnGetRange32},
+    {UDM_SETPOS32, OnSetPos32},
+    {UDM_GETPOS32, OnGetPos32},
 };
+static_assert(InOrder<UpDown>(kMessages));
 
 } // namespace
 
 LRESULT CALLBACK UpDownProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return RunControl<UpDown>(kHandlers, window, message, wParam, lParam);
+    return RunRows<UpDown>(kMessages, window, message, wParam, lParam);
 }
 
 } // namespace host
