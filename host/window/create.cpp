@@ -82,8 +82,6 @@ WindowPtr MakeWindow(const Wish& wish)
     window->extra.resize(static_cast<size_t>(std::max(wish.windowClass->windowExtra, 0)));
     window->rect = {create.x, create.y, create.x + create.cx, create.y + create.cy};
     window->client = {0, 0, create.cx, create.cy};
-    for (ScrollBar& bar : window->scrollBars)
-        bar.maximum = 100;
     if (!AddHandle(window)) {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;

@@ -233,7 +233,7 @@ void PaintFrame(Window& window)
     if (HasCaption(window.style))
         DrawCaption(dc, window);
     for (const int bar : {SB_HORZ, SB_VERT})
-        PaintScrollBar(dc, window, bar);
+        PaintFrameScrollBar(dc, window, bar);
     if ((window.style & (WS_VSCROLL | WS_HSCROLL)) == (WS_VSCROLL | WS_HSCROLL)) {
         const RECT corner = {ScrollBarRect(window, SB_VERT).left, ScrollBarRect(window, SB_HORZ).top,
                              ScrollBarRect(window, SB_VERT).right, ScrollBarRect(window, SB_HORZ).bottom};

@@ -23,6 +23,7 @@
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"
 #include "host/kernel/world.h"
+#include "host/window/controls/scroll_parts.h"
 #include "host/window/display_x11.h"
 
 namespace host {
@@ -47,15 +48,12 @@ struct WindowClass
 };
 
 /// A scroll bar that is a part of a window. Positions are the program's numbers.
-struct ScrollBar
+/// A scroll bar in a window's frame.
+struct FrameScrollBar
 {
-    int minimum = 0;
-    int maximum = 100;
-    UINT page = 0;
-    int position = 0;
-    int trackPosition = 0;
-    bool tracking = false;
-    UINT disabled = ESB_ENABLE_BOTH;
+    ScrollRange range = {0, 100, 0, 0};
+    ScrollPress press;
+    UINT blockedArrows = ESB_ENABLE_BOTH;
 };
 
 /// What a window has once it is a dialog.
@@ -99,8 +97,8 @@ struct Window
     bool internalPaint = false;
     bool activeFrame = false; // the caption is drawn as the active window's
     bool destroying = false;
-    bool sized = false;                  // an overlapped window hears its size when it is first shown
-    std::array<ScrollBar, 2> scrollBars; // by SB_HORZ, SB_VERT
+    bool sized = false;                       // an overlapped window hears its size when it is first shown
+    std::array<FrameScrollBar, 2> scrollBars; // by SB_HORZ, SB_VERT
     std::unique_ptr<DialogState> dialog;
     HMENU systemMenu = nullptr;       // a program's copy
     std::shared_ptr<Surface> surface; // of top-level windows, once painted
@@ -288,7 +286,7 @@ void RunHelpMode(HWND window);
 
 /// Window coordinates; empty when the window has none.
 RECT ScrollBarRect(const Window& window, int bar);
-void PaintScrollBar(HDC dc, const Window& window, int bar);
+void PaintFrameScrollBar(HDC dc, const Window& window, int bar);
 /// Plays a press on a scroll bar until the button is up.
 void TrackScrollBar(HWND window, int bar, POINT point);
 

@@ -1,5 +1,5 @@
 // The scroll bars that are parts of windows. Those that are windows themselves answer SBM_ messages.
-#include "host/window/controls/scroll_parts.h"
+#include "host/window/controls/scroll_bar.h"
 #include "host/window/controls/theme.h"
 #include "host/window/room.h"
 
@@ -10,15 +10,17 @@ constexpr UINT kFirstRepeat = 400; // ms
 constexpr UINT kRepeat = 50;       // ms
 constexpr UINT_PTR kRepeatTimer = 0xFFF0;
 
-ScrollBar* BarOf(Window& window, int bar)
+FrameScrollBar* BarOf(Window& window, int bar)
 {
     return bar == SB_HORZ || bar == SB_VERT ? &window.scrollBars[static_cast<size_t>(bar)] : nullptr;
 }
 
-ScrollRange RangeOf(const ScrollBar& bar)
+/// A place on the desktop as the bar sees it.
+struct Place
 {
-    return {bar.minimum, bar.maximum, bar.page, bar.tracking ? bar.trackPosition : bar.position};
-}
+    int along;
+    int beside; // pixels off its sides
+};
 
 struct Geometry
 {
@@ -27,39 +29,36 @@ struct Geometry
     ScrollLayout layout;
     bool vertical;
 
-    int PlaceOf(POINT point) const
+    Place PlaceOf(POINT point) const
     {
-        return vertical ? point.y - origin.y - rect.top : point.x - origin.x - rect.left;
-    }
-    bool Holds(POINT point) const
-    {
-        const POINT inside = {point.x - origin.x, point.y - origin.y};
-        return PtInRect(&rect, inside);
+        const POINT inside = {point.x - origin.x - rect.left, point.y - origin.y - rect.top};
+        const SIZE size = SizeOf(rect);
+        return vertical ? Place{inside.y, PixelsBeside(inside.x, size.cx)}
+                        : Place{inside.x, PixelsBeside(inside.y, size.cy)};
     }
 };
 
 Geometry GeometryOf(const Window& window, int bar)
 {
+    const FrameScrollBar& of = window.scrollBars[static_cast<size_t>(bar)];
     Geometry result = {};
     result.vertical = bar == SB_VERT;
     result.rect = ScrollBarRect(window, bar);
     result.origin = WindowOrigin(window);
     const SIZE size = SizeOf(result.rect);
-    result.layout = LayOutScrollBar(RangeOf(window.scrollBars[static_cast<size_t>(bar)]),
-                                    result.vertical ? size.cy : size.cx, theme::kArrowLength);
+    result.layout = LayOutScrollBar(ShownRange(of.range, of.press), result.vertical ? size.cy : size.cx,
+                                    theme::kArrowLength);
     return result;
 }
 
-RECT Piece(const Geometry& g, int start, int length)
+/// `code` is kNoScrollCode for nothing to tell.
+void Notify(HWND window, int bar, int code, int position = 0)
 {
-    if (g.vertical)
-        return {g.rect.left, g.rect.top + start, g.rect.right, g.rect.top + start + length};
-    return {g.rect.left + start, g.rect.top, g.rect.left + start + length, g.rect.bottom};
-}
-
-void Notify(HWND window, int bar, WORD code, int position)
-{
-    SendMessageW(window, bar == SB_VERT ? WM_VSCROLL : WM_HSCROLL, MAKEWPARAM(code, position), 0);
+    if (code == kNoScrollCode)
+        return;
+    const bool carriesPosition = code == SB_THUMBPOSITION || code == SB_THUMBTRACK;
+    SendMessageW(window, bar == SB_VERT ? WM_VSCROLL : WM_HSCROLL,
+                 MAKEWPARAM(code, carriesPosition ? position : 0), 0);
 }
 
 void Repaint(HWND handle, int bar)
@@ -68,7 +67,7 @@ void Repaint(HWND handle, int bar)
     if (window == nullptr || !IsShown(*window) || IsEmpty(ScrollBarRect(*window, bar)))
         return;
     const HDC dc = GetWindowDC(handle);
-    PaintScrollBar(dc, *window, bar);
+    PaintFrameScrollBar(dc, *window, bar);
     ReleaseDC(handle, dc);
 }
 
@@ -84,54 +83,28 @@ bool ShowBars(Window& window, DWORD bars, bool show)
     return true;
 }
 
-void DragThumb(HWND handle, int bar, POINT from)
+/// Follows the pointer from the press on a bar until the button is up or the capture is lost.
+void FollowPress(Window& window, int bar, Place place)
 {
-    const WindowPtr window = LookUp(handle);
-    ScrollBar& of = window->scrollBars[static_cast<size_t>(bar)];
-    const Geometry start = GeometryOf(*window, bar);
-    const ScrollRange range = RangeOf(of);
-    of.tracking = true;
-    of.trackPosition = of.position;
+    const HWND handle = window.handle;
+    FrameScrollBar& of = window.scrollBars[static_cast<size_t>(bar)];
     MSG message;
     while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (message.message == WM_LBUTTONUP)
             break;
-        if (message.message != WM_MOUSEMOVE) {
-            DispatchMessageW(&message);
-            continue;
-        }
-        const int moved = start.PlaceOf(message.pt) - start.PlaceOf(from);
-        of.trackPosition = ScrollPositionOfThumb(range, start.layout, start.layout.thumb + moved);
-        Notify(handle, bar, SB_THUMBTRACK, of.trackPosition);
-        Repaint(handle, bar);
-    }
-    const int position = of.trackPosition;
-    of.tracking = false;
-    Notify(handle, bar, SB_THUMBPOSITION, position);
-}
-
-/// Repeats a step as long as the mouse stays on its part.
-void RepeatStep(HWND handle, int bar, ScrollPart part)
-{
-    Notify(handle, bar, CodeOfScrollPart(part), 0);
-    SetTimer(handle, kRepeatTimer, kFirstRepeat, nullptr);
-    MSG message;
-    while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const WindowPtr window = LookUp(handle);
-        if (message.message == WM_LBUTTONUP || window == nullptr)
-            break;
-        if (message.message == WM_TIMER && message.hwnd == handle && message.wParam == kRepeatTimer) {
+        if (message.message == WM_MOUSEMOVE) {
+            const Geometry now = GeometryOf(window, bar);
+            place = now.PlaceOf(message.pt);
+            Notify(handle, bar, MoveOnScrollBar(of.press, of.range, now.layout, place.along, place.beside),
+                   of.press.trackPosition);
+            Repaint(handle, bar);
+        } else if (message.message == WM_TIMER && message.hwnd == handle && message.wParam == kRepeatTimer) {
             SetTimer(handle, kRepeatTimer, kRepeat, nullptr);
-            POINT point;
-            GetCursorPos(&point);
-            const Geometry now = GeometryOf(*window, bar);
-            if (now.Holds(point) && ScrollPartAt(now.layout, now.PlaceOf(point)) == part)
-                Notify(handle, bar, CodeOfScrollPart(part), 0);
+            Notify(handle, bar, RepeatOnScrollBar(of.press, GeometryOf(window, bar).layout, place.along));
         } else if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) {
             DispatchMessageW(&message);
         }
     }
-    KillTimer(handle, kRepeatTimer);
 }
 
 int Apply(HWND handle, int bar, const SCROLLINFO& info, bool redraw)
@@ -140,47 +113,33 @@ int Apply(HWND handle, int bar, const SCROLLINFO& info, bool redraw)
         return static_cast<int>(
             SendMessageW(handle, SBM_SETSCROLLINFO, redraw, reinterpret_cast<LPARAM>(&info)));
     const WindowPtr window = WindowOf(handle);
-    ScrollBar* const of = window != nullptr ? BarOf(*window, bar) : nullptr;
+    FrameScrollBar* const of = window != nullptr ? BarOf(*window, bar) : nullptr;
     if (of == nullptr)
         return 0;
-    ScrollRange range = {of->minimum, of->maximum, of->page, of->position};
-    const bool changed = ChangeScrollRange(range, info);
-    of->minimum = range.minimum;
-    of->maximum = range.maximum;
-    of->page = range.page;
-    of->position = range.position;
+    const bool changed = ChangeScrollRange(of->range, info);
     if ((info.fMask & (SIF_RANGE | SIF_PAGE)) != 0) {
         const DWORD style = bar == SB_VERT ? WS_VSCROLL : WS_HSCROLL;
         const bool keeps = (info.fMask & SIF_DISABLENOSCROLL) != 0;
-        of->disabled = range.CanScroll() ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH;
-        if (ShowBars(*window, style, range.CanScroll() || keeps))
-            return range.position;
+        of->blockedArrows = of->range.CanScroll() ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH;
+        if (ShowBars(*window, style, of->range.CanScroll() || keeps))
+            return of->range.position;
     }
     if (redraw && changed)
         Repaint(handle, bar);
-    return range.position;
+    return of->range.position;
 }
 
 } // namespace
 
-void PaintScrollBar(HDC dc, const Window& window, int bar)
+void PaintFrameScrollBar(HDC dc, const Window& window, int bar)
 {
-    const Geometry g = GeometryOf(window, bar);
-    if (dc == nullptr || IsEmpty(g.rect))
+    const Geometry geometry = GeometryOf(window, bar);
+    if (dc == nullptr || IsEmpty(geometry.rect))
         return;
-    const ScrollBar& of = window.scrollBars[static_cast<size_t>(bar)];
-    const bool enabled = of.disabled != ESB_DISABLE_BOTH && (window.style & WS_DISABLED) == 0;
-    const COLORREF glyph = enabled ? theme::kGlyph : theme::kDisabledText;
-    theme::Fill(dc, g.rect, theme::kTrack);
-    theme::DrawArrow(dc, Piece(g, 0, g.layout.arrow), g.vertical ? theme::Arrow::up : theme::Arrow::left,
-                     glyph);
-    theme::DrawArrow(dc, Piece(g, g.layout.length - g.layout.arrow, g.layout.arrow),
-                     g.vertical ? theme::Arrow::down : theme::Arrow::right, glyph);
-    if (g.layout.thumbLength > 0 && enabled) {
-        RECT thumb = Piece(g, g.layout.thumb, g.layout.thumbLength);
-        InflateRect(&thumb, g.vertical ? -3 : 0, g.vertical ? 0 : -3);
-        theme::Fill(dc, thumb, of.tracking ? theme::kThumbPressed : theme::kThumb);
-    }
+    const FrameScrollBar& of = window.scrollBars[static_cast<size_t>(bar)];
+    const bool enabled = of.blockedArrows != ESB_DISABLE_BOTH && (window.style & WS_DISABLED) == 0;
+    PaintScrollBar(dc, geometry.rect, geometry.vertical, geometry.layout,
+                   of.press.inside ? of.press.part : ScrollPart::none, of.blockedArrows, {enabled});
 }
 
 void TrackScrollBar(HWND handle, int bar, POINT point)
@@ -188,21 +147,28 @@ void TrackScrollBar(HWND handle, int bar, POINT point)
     const WindowPtr window = LookUp(handle);
     if (window == nullptr || (window->style & WS_DISABLED) != 0)
         return;
-    const Geometry g = GeometryOf(*window, bar);
-    const ScrollPart part = ScrollPartAt(g.layout, g.PlaceOf(point));
-    if (part == ScrollPart::none)
+    FrameScrollBar& of = window->scrollBars[static_cast<size_t>(bar)];
+    const Geometry start = GeometryOf(*window, bar);
+    const Place place = start.PlaceOf(point);
+    const ScrollPart part = ScrollPartAt(start.layout, place.along);
+    if (part == ScrollPart::none || IsBlockedPart(part, of.blockedArrows))
         return;
     SetCapture(handle);
-    if (part == ScrollPart::thumb)
-        DragThumb(handle, bar, point);
-    else
-        RepeatStep(handle, bar, part);
+    const int code = PressScrollBar(of.press, of.range, start.layout, place.along);
+    Repaint(handle, bar);
+    if (part != ScrollPart::thumb)
+        SetTimer(handle, kRepeatTimer, kFirstRepeat, nullptr);
+    Notify(handle, bar, code, of.press.trackPosition);
+    FollowPress(*window, bar, place);
+    KillTimer(handle, kRepeatTimer);
+    const int position = of.press.trackPosition;
+    of.press = {};
     if (GetCapture() == handle)
         ReleaseCapture();
-    if (LookUp(handle) == nullptr)
-        return;
-    Notify(handle, bar, SB_ENDSCROLL, 0);
     Repaint(handle, bar);
+    if (part == ScrollPart::thumb)
+        Notify(handle, bar, SB_THUMBPOSITION, position);
+    Notify(handle, bar, SB_ENDSCROLL);
 }
 
 } // namespace host
@@ -223,20 +189,10 @@ BOOL WINAPI GetScrollInfo(HWND handle, int bar, LPSCROLLINFO info)
     if (bar == SB_CTL)
         return static_cast<BOOL>(SendMessageW(handle, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(info)));
     const WindowPtr window = WindowOf(handle);
-    const ScrollBar* const of = window != nullptr ? BarOf(*window, bar) : nullptr;
+    const FrameScrollBar* const of = window != nullptr ? BarOf(*window, bar) : nullptr;
     if (of == nullptr)
         return FailWith(ERROR_NO_SCROLLBARS);
-    if ((info->fMask & SIF_RANGE) != 0) {
-        info->nMin = of->minimum;
-        info->nMax = of->maximum;
-    }
-    if ((info->fMask & SIF_PAGE) != 0)
-        info->nPage = of->page;
-    if ((info->fMask & SIF_POS) != 0)
-        info->nPos = of->position;
-    if ((info->fMask & SIF_TRACKPOS) != 0)
-        info->nTrackPos = of->tracking ? of->trackPosition : of->position;
-    return (info->fMask & SIF_ALL) != 0;
+    return ReadScrollRange(of->range, of->press, *info);
 }
 
 int WINAPI SetScrollPos(HWND window, int bar, int position, BOOL redraw)
@@ -306,7 +262,7 @@ BOOL WINAPI EnableScrollBar(HWND handle, UINT bar, UINT arrows)
         return static_cast<BOOL>(SendMessageW(handle, SBM_ENABLE_ARROWS, arrows, 0));
     for (const int each : {SB_HORZ, SB_VERT}) {
         if (bar == static_cast<UINT>(each) || bar == SB_BOTH) {
-            window->scrollBars[static_cast<size_t>(each)].disabled = arrows;
+            window->scrollBars[static_cast<size_t>(each)].blockedArrows = arrows;
             Repaint(handle, each);
         }
     }

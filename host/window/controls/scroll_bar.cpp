@@ -30,10 +30,8 @@ int Along(HWND window, POINT point)
 ScrollLayout LayoutOf(const ScrollBar& bar)
 {
     const RECT client = ClientRectOf(bar.window);
-    ScrollRange shown = bar.range;
-    if (bar.press.part == ScrollPart::thumb)
-        shown.position = bar.press.trackPosition;
-    return LayOutScrollBar(shown, IsVertical(bar.window) ? client.bottom : client.right, theme::kArrowLength);
+    return LayOutScrollBar(ShownRange(bar.range, bar.press),
+                           IsVertical(bar.window) ? client.bottom : client.right, theme::kArrowLength);
 }
 
 /// Tells the parent; `code` below 0 is nothing to tell. The bar may be gone afterwards.
@@ -46,19 +44,13 @@ void Tell(HWND window, int code, int position = 0)
                  MAKEWPARAM(code, carriesPosition ? position : 0), reinterpret_cast<LPARAM>(window));
 }
 
-bool IsBlocked(const ScrollBar& bar, ScrollPart part)
-{
-    return (part == ScrollPart::lineUp && (bar.blockedArrows & ESB_DISABLE_LTUP)) ||
-           (part == ScrollPart::lineDown && (bar.blockedArrows & ESB_DISABLE_RTDN));
-}
-
 LRESULT OnMouseDown(ScrollBar& bar, WPARAM, LPARAM lParam)
 {
     if (StyleOf(bar.window) & WS_TABSTOP)
         SetFocus(bar.window);
     const ScrollLayout layout = LayoutOf(bar);
     bar.pointer = Along(bar.window, PointOf(lParam));
-    if (IsBlocked(bar, ScrollPartAt(layout, bar.pointer)))
+    if (IsBlockedPart(ScrollPartAt(layout, bar.pointer), bar.blockedArrows))
         return 0;
     SetCapture(bar.window);
     const int code = PressScrollBar(bar.press, bar.range, layout, bar.pointer);
@@ -78,10 +70,8 @@ LRESULT OnMouseMove(ScrollBar& bar, WPARAM, LPARAM lParam)
     const int across = IsVertical(bar.window) ? point.x : point.y;
     const int thickness = IsVertical(bar.window) ? client.right : client.bottom;
     bar.pointer = Along(bar.window, point);
-    const int code = MoveOnScrollBar(bar.press, bar.range, LayoutOf(bar), bar.pointer,
-                                     across < 0            ? -across
-                                     : across >= thickness ? across - thickness + 1
-                                                           : 0);
+    const int code =
+        MoveOnScrollBar(bar.press, bar.range, LayoutOf(bar), bar.pointer, PixelsBeside(across, thickness));
     Repaint(bar.window);
     Tell(bar.window, code, bar.press.trackPosition);
     return 0;
@@ -182,18 +172,7 @@ LRESULT OnSetInfo(ScrollBar& bar, WPARAM wParam, LPARAM lParam)
 
 LRESULT OnGetInfo(ScrollBar& bar, WPARAM, LPARAM lParam)
 {
-    SCROLLINFO& info = *reinterpret_cast<SCROLLINFO*>(lParam);
-    if (info.fMask & SIF_RANGE) {
-        info.nMin = bar.range.minimum;
-        info.nMax = bar.range.maximum;
-    }
-    if (info.fMask & SIF_PAGE)
-        info.nPage = bar.range.page;
-    if (info.fMask & SIF_POS)
-        info.nPos = bar.range.position;
-    if (info.fMask & SIF_TRACKPOS)
-        info.nTrackPos = bar.press.part == ScrollPart::thumb ? bar.press.trackPosition : bar.range.position;
-    return (info.fMask & SIF_ALL) != 0;
+    return ReadScrollRange(bar.range, bar.press, *reinterpret_cast<SCROLLINFO*>(lParam));
 }
 
 LRESULT OnSetPos(ScrollBar& bar, WPARAM wParam, LPARAM lParam)

@@ -93,6 +93,40 @@ WORD CodeOfScrollPart(ScrollPart part)
     return kCodes[static_cast<size_t>(part)];
 }
 
+bool ReadScrollRange(const ScrollRange& range, const ScrollPress& press, SCROLLINFO& info)
+{
+    if (info.fMask & SIF_RANGE) {
+        info.nMin = range.minimum;
+        info.nMax = range.maximum;
+    }
+    if (info.fMask & SIF_PAGE)
+        info.nPage = range.page;
+    if (info.fMask & SIF_POS)
+        info.nPos = range.position;
+    if (info.fMask & SIF_TRACKPOS)
+        info.nTrackPos = ShownRange(range, press).position;
+    return (info.fMask & SIF_ALL) != 0;
+}
+
+ScrollRange ShownRange(const ScrollRange& range, const ScrollPress& press)
+{
+    ScrollRange shown = range;
+    if (press.part == ScrollPart::thumb)
+        shown.position = press.trackPosition;
+    return shown;
+}
+
+bool IsBlockedPart(ScrollPart part, UINT arrows)
+{
+    return (part == ScrollPart::lineUp && (arrows & ESB_DISABLE_LTUP)) ||
+           (part == ScrollPart::lineDown && (arrows & ESB_DISABLE_RTDN));
+}
+
+int PixelsBeside(int across, int thickness)
+{
+    return std::max({0, -across, across - thickness + 1});
+}
+
 int PressScrollBar(ScrollPress& press, const ScrollRange& range, const ScrollLayout& layout, int place)
 {
     press = {ScrollPartAt(layout, place), true, place - layout.thumb, range.position};

@@ -64,6 +64,16 @@ struct ScrollPress
     int trackPosition = 0; // of the thumb: the position that it stands for now
 };
 
+/// What SBM_GETSCROLLINFO and GetScrollInfo do: fills what `fMask` selects, and returns whether it selects
+/// anything.
+bool ReadScrollRange(const ScrollRange& range, const ScrollPress& press, SCROLLINFO& info);
+/// The range with the position at which the bar shows itself: the one that a dragged thumb stands for.
+ScrollRange ShownRange(const ScrollRange& range, const ScrollPress& press);
+/// Whether `arrows` (ESB_DISABLE_ bits) make a press on this part do nothing.
+bool IsBlockedPart(ScrollPart part, UINT arrows);
+/// How far a place is off a bar's sides, which is `thickness` across; 0 on the bar.
+int PixelsBeside(int across, int thickness);
+
 /// These three follow the pointer, which is at `place` along the bar. They return the code to tell the
 /// program (SB_LINEUP ...; with SB_THUMBTRACK goes `trackPosition`), or kNoScrollCode.
 inline constexpr int kNoScrollCode = -1;
