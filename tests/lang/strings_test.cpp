@@ -150,6 +150,53 @@ TEST_P(Language, KeepsSeparatorsOutOfPaperNames)
     }
 }
 
+struct CodePage
+{
+    const char* language;
+    UINT number;
+};
+
+constexpr CodePage kCodePages[] = {{"eng", 1252}, {"jpn", 932}};
+
+/// What stays of a text on its way through the language's code page, and how many bytes that takes.
+std::u16string Through(UINT codePage, const std::u16string& text, int& bytes)
+{
+    char narrow[1024];
+    char16_t wide[1024];
+    bytes = WideCharToMultiByte(codePage, 0, text.data(), static_cast<int>(text.size()), narrow,
+                                sizeof narrow, nullptr, nullptr);
+    const int units = MultiByteToWideChar(codePage, 0, narrow, bytes, wide, std::size(wide));
+    return {wide, static_cast<size_t>(units)};
+}
+
+struct ByteLimit
+{
+    unsigned first, last;
+    int bytes;
+};
+
+/// Room in the records that keep texts in the code page, without the terminator.
+constexpr ByteLimit kByteLimits[] = {
+    {IDS_SUNDAY, IDS_DECEMBER, 5},
+    {IDS_FAVOURITE_STANDARD, IDS_FAVOURITE_CUSTOM, 49},
+};
+
+TEST_P(Language, KeepsItsTextsInItsCodePage)
+{
+    const auto page = std::find_if(std::begin(kCodePages), std::end(kCodePages), [](const CodePage& row) {
+        return row.language == std::string(GetParam());
+    });
+    for (const StringId& row : kIds) {
+        const std::u16string text = Load(row.id);
+        int bytes = 0;
+        const bool arrow = row.id == IDS_SCALED_TO; // only ever shown
+        EXPECT_TRUE(arrow || Through(page->number, text, bytes) == text) << row.name;
+        for (const ByteLimit& limit : kByteLimits) {
+            EXPECT_TRUE(row.id < limit.first || row.id > limit.last || bytes <= limit.bytes) << row.name;
+        }
+    }
+}
+
 struct LanguageFact
 {
     const char* language;
