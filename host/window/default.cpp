@@ -202,7 +202,7 @@ void DragWindow(HWND handle, POINT from)
     GetWindowRect(handle, &start);
     SetCapture(handle);
     MSG message;
-    while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (NextWhileCaptured(handle, message)) {
         if (message.message == WM_MOUSEMOVE) {
             SetWindowPos(handle, nullptr, start.left + message.pt.x - from.x,
                          start.top + message.pt.y - from.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -224,7 +224,7 @@ void PressCaptionButton(Window& window, LRESULT part, WPARAM command)
     SetCapture(handle);
     MSG message;
     bool pressed = false;
-    while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (NextWhileCaptured(handle, message)) {
         if (message.message == WM_LBUTTONUP) {
             pressed = HitTest(window, message.pt) == part;
             break;

@@ -35,7 +35,7 @@ void RunHelpMode(HWND handle)
     const HCURSOR previous = SetCursor(LoadCursorW(nullptr, IDC_HELP));
     HWND target = nullptr;
     MSG message;
-    while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (NextWhileCaptured(handle, message)) {
         if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE)
             break;
         if (message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK) {

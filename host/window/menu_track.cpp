@@ -402,7 +402,7 @@ void RunTracking(Tracking& tracking)
         if (!PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE))
             Notify(tracking, WM_ENTERIDLE, MSGF_MENU,
                    reinterpret_cast<LPARAM>(tracking.levels.back().window));
-        if (tracking.done || GetMessageW(&message, nullptr, 0, 0) <= 0)
+        if (tracking.done || !NextWhileCaptured(tracking.owner, message))
             break;
         OnMessage(tracking, message);
     }

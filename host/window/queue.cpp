@@ -313,6 +313,16 @@ void CloseQueues()
     timeAhead = 0;
 }
 
+bool NextWhileCaptured(HWND window, MSG& message)
+{
+    if (GetCapture() != window)
+        return false;
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+    if (got == 0)
+        PostQuitMessage(static_cast<int>(message.wParam));
+    return got > 0;
+}
+
 } // namespace host
 
 using namespace host;

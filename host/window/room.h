@@ -233,6 +233,9 @@ LRESULT CallProcedure(WNDPROC procedure, HWND window, UINT message, WPARAM wPara
 /// Serves everything other threads have sent to the calling thread.
 void ServeSent(Queue& queue);
 void CloseQueues();
+/// The next message for a loop that follows the mouse. False when the loop is to end: the window has lost the
+/// capture, nothing can come, or the program is to quit, of which the loop around is told again.
+bool NextWhileCaptured(HWND window, MSG& message);
 
 /// Makes the message of a timer that is due; false when none is.
 bool TakeTimer(Queue& queue, HWND window, UINT first, UINT last, bool remove, MSG& message);

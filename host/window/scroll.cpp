@@ -89,7 +89,7 @@ void FollowPress(Window& window, int bar, Place place)
     const HWND handle = window.handle;
     FrameScrollBar& of = window.scrollBars[static_cast<size_t>(bar)];
     MSG message;
-    while (GetCapture() == handle && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (NextWhileCaptured(handle, message)) {
         if (message.message == WM_LBUTTONUP)
             break;
         if (message.message == WM_MOUSEMOVE) {

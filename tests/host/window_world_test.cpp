@@ -161,6 +161,42 @@ TEST_F(Windows, CloseButtonCancelsWhenReleasedOnIt)
     EXPECT_EQ(RunDialog(), IDCANCEL);
 }
 
+TEST_F(Windows, LoopsThatFollowTheMouseHandQuitOn)
+{
+    constexpr int kExitCode = 7;
+    const HWND window =
+        CreateWindowExW(0, TEXT("STATIC"), nullptr, WS_POPUP | WS_CAPTION | WS_VSCROLL | WS_VISIBLE, 0, 0,
+                        200, 200, nullptr, nullptr, nullptr, nullptr);
+    const HMENU menu = CreatePopupMenu();
+    AppendMenuW(menu, MF_STRING, 1, TEXT("Item"));
+    const auto pressFrame = [&](WPARAM part) {
+        return [=] { SendMessageW(window, WM_NCLBUTTONDOWN, part, MAKELPARAM(195, 190)); };
+    };
+    const struct
+    {
+        const char* name;
+        std::function<void()> run;
+    } cases[] = {{"moving", pressFrame(HTCAPTION)},
+                 {"caption button", pressFrame(HTCLOSE)},
+                 {"scroll bar", pressFrame(HTVSCROLL)},
+                 {"help", [&] { SendMessageW(window, WM_SYSCOMMAND, SC_CONTEXTHELP, 0); }},
+                 {"menu", [&] { TrackPopupMenu(menu, 0, 10, 10, 0, window, nullptr); }}};
+    for (const auto& each : cases) {
+        bool asked = false;
+        Play({[&] {
+            asked = GetCapture() == window;
+            PostQuitMessage(kExitCode);
+        }});
+        each.run();
+        EXPECT_TRUE(asked) << each.name;
+        MSG message = {};
+        EXPECT_EQ(GetMessageW(&message, nullptr, 0, 0), FALSE) << each.name;
+        EXPECT_EQ(message.wParam, WPARAM{kExitCode}) << each.name;
+    }
+    DestroyMenu(menu);
+    DestroyWindow(window);
+}
+
 int helpFor;
 
 INT_PTR CALLBACK HelpedProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
