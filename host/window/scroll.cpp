@@ -94,9 +94,12 @@ void FollowPress(Window& window, int bar, Place place)
             break;
         if (message.message == WM_MOUSEMOVE) {
             const Geometry now = GeometryOf(window, bar);
-            place = now.PlaceOf(message.pt);
-            Notify(handle, bar, MoveOnScrollBar(of.press, of.range, now.layout, place.along, place.beside),
-                   of.press.trackPosition);
+            POINT point = {static_cast<short>(LOWORD(message.lParam)),
+                           static_cast<short>(HIWORD(message.lParam))};
+            ClientToScreen(message.hwnd, &point);
+            place = now.PlaceOf(point);
+            const int code = MoveOnScrollBar(of.press, of.range, now.layout, place.along, place.beside);
+            Notify(handle, bar, code, of.press.trackPosition);
             Repaint(handle, bar);
         } else if (message.message == WM_TIMER && message.hwnd == handle && message.wParam == kRepeatTimer) {
             SetTimer(handle, kRepeatTimer, kRepeat, nullptr);

@@ -48,26 +48,46 @@ TEST(ScrollBar, KeepsRangePageAndPositionWithinTheirBounds)
     EXPECT_EQ(parent.Take(), Tolds{});
 }
 
+constexpr struct
+{
+    int place;
+    int code;
+} kPresses[] = {{3, SB_LINEUP}, {kLength - 3, SB_LINEDOWN}, {25, SB_PAGEUP}, {kLength - 25, SB_PAGEDOWN}};
+
+void DispatchMouse(HWND window)
+{
+    MSG queued = {};
+    while (PeekMessageW(&queued, window, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE))
+        DispatchMessageW(&queued);
+}
+
+/// A thumb was dragged to between 55 and 75 of 100.
+void ExpectDragged(const Tolds& told, UINT message)
+{
+    ASSERT_GE(told.size(), 3u);
+    EXPECT_EQ(told.back(), (Told{message, SB_ENDSCROLL}));
+    const Told& dropped = told[told.size() - 2];
+    EXPECT_EQ(dropped.code, SB_THUMBPOSITION);
+    EXPECT_GT(dropped.detail, 55);
+    EXPECT_LT(dropped.detail, 75);
+    const Told& dragged = told[told.size() - 3];
+    EXPECT_EQ(dragged.code, SB_THUMBTRACK);
+    EXPECT_EQ(dragged.detail, dropped.detail);
+}
+
 TEST(ScrollBar, PressTellsTheCodeOfThePartAndReleaseEndsIt)
 {
-    constexpr struct
-    {
-        int place;
-        int code;
-    } kCases[] = {{3, SB_LINEUP}, {kLength - 3, SB_LINEDOWN}, {25, SB_PAGEUP}, {kLength - 25, SB_PAGEDOWN}};
     for (const DWORD style : {SBS_HORZ, SBS_VERT}) {
         Parent parent;
         const HWND bar = AddBar(parent, style);
         SCROLLINFO info = {sizeof(info), SIF_ALL, 0, 100, 10, 45, 0};
         SetScrollInfo(bar, SB_CTL, &info, TRUE);
         const UINT message = style & SBS_VERT ? WM_VSCROLL : WM_HSCROLL;
-        for (const auto& each : kCases) {
+        for (const auto& each : kPresses) {
             // Some systems run the whole press within the message; the release is there already then.
             PostMessageW(bar, WM_LBUTTONUP, 0, Along(style, each.place));
             SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, Along(style, each.place));
-            MSG queued = {};
-            while (PeekMessageW(&queued, bar, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE))
-                DispatchMessageW(&queued);
+            DispatchMouse(bar);
             EXPECT_EQ(parent.Take(), (Tolds{{message, each.code}, {message, SB_ENDSCROLL}})) << each.place;
             EXPECT_NE(GetCapture(), bar);
         }
@@ -84,19 +104,34 @@ TEST(ScrollBar, DraggedThumbTellsWhereItIsAndWhereItWasLetGo)
     PostMessageW(bar, WM_MOUSEMOVE, MK_LBUTTON, At(kMiddle + 20, 8));
     PostMessageW(bar, WM_LBUTTONUP, 0, At(kMiddle + 20, 8));
     SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, At(kMiddle, 8));
-    MSG queued = {};
-    while (PeekMessageW(&queued, bar, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE))
-        DispatchMessageW(&queued);
-    const Tolds told = parent.Take();
-    ASSERT_GE(told.size(), 3u);
-    EXPECT_EQ(told.back(), (Told{WM_HSCROLL, SB_ENDSCROLL}));
-    const Told& dropped = told[told.size() - 2];
-    EXPECT_EQ(dropped.code, SB_THUMBPOSITION);
-    EXPECT_GT(dropped.detail, 55);
-    EXPECT_LT(dropped.detail, 75);
-    const Told& dragged = told[told.size() - 3];
-    EXPECT_EQ(dragged.code, SB_THUMBTRACK);
-    EXPECT_EQ(dragged.detail, dropped.detail);
+    DispatchMouse(bar);
+    ExpectDragged(parent.Take(), WM_HSCROLL);
+}
+
+TEST(ScrollBar, InAFrameTellsItsWindow)
+{
+    Parent parent;
+    SCROLLINFO info = {sizeof(info), SIF_ALL, 0, 100, 10, 45, 0};
+    SetScrollInfo(parent, SB_VERT, &info, TRUE);
+    RECT rect = {};
+    GetWindowRect(parent, &rect);
+    SetWindowPos(parent, nullptr, 0, 0, rect.right - rect.left, kLength, SWP_NOMOVE | SWP_NOZORDER);
+    RECT client = {};
+    GetClientRect(parent, &client);
+    const auto press = [&](int place, int release) {
+        POINT point = {client.right + 8, place};
+        PostMessageW(parent, WM_MOUSEMOVE, MK_LBUTTON, At(point.x, release));
+        PostMessageW(parent, WM_LBUTTONUP, 0, At(point.x, release));
+        ClientToScreen(parent, &point);
+        SendMessageW(parent, WM_NCLBUTTONDOWN, HTVSCROLL, At(point.x, point.y));
+        EXPECT_NE(GetCapture(), parent);
+        return parent.Take();
+    };
+    for (const auto& each : kPresses)
+        EXPECT_EQ(press(each.place, each.place),
+                  (Tolds{{WM_VSCROLL, each.code}, {WM_VSCROLL, SB_ENDSCROLL}}));
+    ExpectDragged(press(kMiddle, kMiddle + 30), WM_VSCROLL);
+    EXPECT_EQ(GetScrollPos(parent, SB_VERT), 45) << "moving it is the program's";
 }
 
 TEST(ScrollBar, KeysTellTheirCodes)
