@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the fuzz targets, one after the other, from their seeds.
+# Runs the fuzz targets from their seeds, as many at once as there are processors.
 # usage: fuzz.sh [SECONDS [TARGET...]]   (60 seconds each and all targets without arguments)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -17,19 +17,36 @@ if [ $# -eq 0 ]; then
     mapfile -t targets <"$build/fuzz/targets.txt"
     set -- "${targets[@]}"
 fi
-for target in "$@"; do
+
+fuzz() { # target
+    local target=$1 work seeds options folder words
     work=$build/fuzz/work/$target
     mkdir -p "$work" # what is found; seeds are only read
     seeds=()
     for folder in "fuzz/corpus/$target" "$build/fuzz/seeds/$target"; do
         [ -d "$folder" ] && seeds+=("$folder")
     done
-    options=(-max_total_time="$seconds" -max_len=8192 -print_final_stats=1 -artifact_prefix="$build/fuzz/$target-")
+    options=(-max_total_time="$seconds" -max_len=8192 -artifact_prefix="$build/fuzz/$target-")
     for words in "$target" "${target%%_*}"; do
         [ -f "fuzz/dictionaries/$words.dict" ] && options+=(-dict="fuzz/dictionaries/$words.dict") && break
     done
-    echo "== $target"
     "$build/fuzz/$target" "${options[@]}" "$work" "${seeds[@]}" >"$build/fuzz/$target.log" 2>&1 ||
-        { tail -n 60 "$build/fuzz/$target.log"; exit 1; }
-    grep -E '^Done|stat::number_of_executed_units|stat::average_exec_per_sec' "$build/fuzz/$target.log"
+        { tail -n 60 "$build/fuzz/$target.log"; return 1; }
+    echo "$target: $(grep '^Done' "$build/fuzz/$target.log")"
+}
+
+running=0
+failed=0
+for target; do
+    if [ $running -eq "$(nproc)" ]; then
+        wait -n || failed=1
+        running=$((running - 1))
+    fi
+    fuzz "$target" &
+    running=$((running + 1))
 done
+while [ $running -gt 0 ]; do
+    wait -n || failed=1
+    running=$((running - 1))
+done
+exit $failed
