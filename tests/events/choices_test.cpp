@@ -14,12 +14,7 @@ using psui::DriverDevMode;
 DriverDevMode Odd()
 {
     DriverDevMode record = {};
-    test::SetAll(record, {{"wPoster", 7},
-                          {"dmScale", 50},
-                          {"wScale", 60},
-                          {"bFitToPaper", 2},
-                          {"wMultiPageMode", 5},
-                          {"dwPagesPerSheet", 77}});
+    test::SetAll(record, "wPoster=7 dmScale=50 wScale=60 bFitToPaper=2 wMultiPageMode=5 dwPagesPerSheet=77");
     return record;
 }
 

@@ -34,7 +34,7 @@ void Prepare(MonitorWorld& world)
     RegDeleteKeyW(HKEY_CURRENT_USER, test::kMonitorKey);
     world.Shared().Replace("[LODESTAT]\r\nPrinter=Other\r\n[P1]\r\n10=4\r\n3=4097\r\n10C=1\r\n");
     MonitorWorld::OfModel().Replace("[ENG]\r\nSet=10,3\r\nBits=0x104\r\n");
-    test::SetAll(world.record, {{"dwPagesPerSheet", 2}, {"dmNup", 2}});
+    test::SetAll(world.record, "dwPagesPerSheet=2 dmNup=2");
 }
 
 /// Runs every operation with each of its requests failing in turn.

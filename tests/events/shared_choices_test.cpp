@@ -240,7 +240,7 @@ TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
     for (const auto& [what, before, model, after] : cases) {
         SCOPED_TRACE(what);
         MonitorWorld world;
-        test::SetAll(world.record, {{"dwPagesPerSheet", 4}, {"dmColor", 1}});
+        test::SetAll(world.record, "dwPagesPerSheet=4 dmColor=1");
         world.Shared().Write(u"P1", before);
         MonitorWorld::OfModel().Write(u"ENG", model);
         const psui::DriverDevMode record = world.record;

@@ -70,7 +70,7 @@ struct JobCheckTest : testing::Test
         query = {sizeof(query), 1, printer.handle(), &job.dmPublic, message, kErrorUnits, 12345};
     }
 
-    void Change(const std::vector<FieldValue>& fields)
+    void Change(const FieldValues& fields)
     {
         Reset();
         SetAll(job, fields);
@@ -118,14 +118,14 @@ TEST_F(JobCheckTest, PrintsWhatThePrinterIsSetUpFor)
 
 TEST_F(JobCheckTest, NamesTheReasonOfARefusal)
 {
-    const std::tuple<const char*, std::vector<FieldValue>, UINT> cases[] = {
-        {"user-defined size", {{"dmPaperSize", 256}}, IDS_JOB_USER_PAPER},
-        {"unknown paper", {{"dmPaperSize", 8}}, IDS_JOB_PAPER},
+    const std::tuple<const char*, FieldValues, UINT> cases[] = {
+        {"user-defined size", "dmPaperSize=256", IDS_JOB_USER_PAPER},
+        {"unknown paper", "dmPaperSize=8", IDS_JOB_PAPER},
         {"no paper", {{"dmFields", DM_ORIENTATION}}, IDS_JOB_PAPER},
         {"duplex without its unit",
          {{"dmFields", DM_PAPERSIZE | DM_DUPLEX}, {"dmDuplex", 3}},
          IDS_JOB_CONFLICT},
-        {"unusable record", {{"dmSize", 1}, {"dmSpecVersion", 0}}, IDS_JOB_RECORD},
+        {"unusable record", "dmSize=1 dmSpecVersion=0", IDS_JOB_RECORD},
     };
     for (const auto& [name, fields, reason] : cases) {
         SCOPED_TRACE(name);
@@ -216,7 +216,7 @@ TEST_F(JobCheckTest, FeedsByHandOnlyPapersAmongThePageSizes)
 
 TEST_F(JobCheckTest, CutsTheMessageToTheBuffer)
 {
-    Change({{"dmPaperSize", 256}});
+    Change("dmPaperSize=256");
     const std::u16string whole = OwnText(IDS_JOB_USER_PAPER);
     query.cchErrorStr = 5;
     EXPECT_FALSE(psui::CheckJob(&query));
@@ -254,7 +254,7 @@ TEST_F(JobCheckTest, IsAskedThroughTheLibrary)
     const auto check = psui::FindProcedure<psui::DevQueryPrintExFn>(psui::hOwnModule, "DevQueryPrintEx");
     ASSERT_NE(check, nullptr);
     EXPECT_TRUE(check(&query));
-    Change({{"dmPaperSize", 256}});
+    Change("dmPaperSize=256");
     EXPECT_FALSE(check(&query));
     EXPECT_EQ(std::u16string(message), OwnText(IDS_JOB_USER_PAPER));
 }

@@ -1,4 +1,3 @@
-#include <map>
 #include <tuple>
 
 #include "psui/settings/environment.h"
@@ -11,98 +10,23 @@ using namespace test;
 using psui::DriverDevMode;
 
 /// Every number of a default record that is not zero. Texts, fonts and marks are looked at one by one.
-const std::map<std::string, int64_t> kFullModelDefaults = {
-    {"dmSpecVersion", 0x0401},
-    {"dmDriverVersion", 1301},
-    {"dmSize", 220},
-    {"dmDriverExtra", 1632},
-    {"dmFields", 0x02011A03},
-    {"dmOrientation", 1},
-    {"dmPaperSize", 9},
-    {"dmPaperLength", 2970},
-    {"dmPaperWidth", 2100},
-    {"dmScale", 100},
-    {"dmCopies", 1},
-    {"dmDefaultSource", 7},
-    {"dmPrintQuality", -3},
-    {"dmColor", 2},
-    {"dmDuplex", 1},
-    {"dmTTOption", 3},
-    {"dmICMMethod", 1},
-    {"dmICMIntent", 3},
-    {"dmMediaType", 266},
-    {"dmDitherType", 1},
-    {"wTailOffset", 820},
-    {"dwOptionFlags", 0x2000},
-    {"shQuality", -3},
-    {"wMediaValue", 266},
-    {"wHrcValue", 11},
-    {"wPageProtectValue", 12},
-    {"wCaptValue", 13},
-    {"wThickness", 4},
-    {"bDocType", 14},
-    {"bColorHalftone", 15},
-    {"bColorMatching", 16},
-    {"wPoster", 1},
-    {"unnamed262", 3},
-    {"wCustomWidth", 2100},
-    {"wCustomLength", 2970},
-    {"unnamed270", 2},
-    {"bCmpMode", 17},
-    {"unnamed272", 1},
-    {"dwDirModePlain", 19},
-    {"unnamed284", 0x201},
-    {"unnamed286", 500},
-    {"unnamed288", 1},
-    {"unnamed292", 1},
-    {"unnamed296", 2},
-    {"bQualityLevel", 2},
-    {"dwDirChoicePlain", 1},
-    {"dwTrayChoice", 1},
-    {"dwColorModeOn", 1},
-    {"dwMatchingChoice", 1},
-    {"bJpegPrint", 2},
-    {"unnamed332", 0x3F000000}, // 0.5
-    {"unnamed348", 33},
-    {"unnamed354", 500},
-    {"unnamed360", 1},
-    {"wGMode", 18},
-    {"dwPhotoNotice", 1},
-    {"wMemorySize", 32},
-    {"bTtMode", 20},
-    {"unnamed410", 500},
-    {"wModelType", 0x031F},
-    {"wMinCustomLength", 1270},
-    {"wMinCustomWidth", 889},
-    {"bKcDraft", 21},
-    {"bBorderless", 23},
-    {"bSfQuality", 22},
-    {"dwDatePrint", 6},
-    {"crDateBack", 0xFFFFFF},
-    {"wScale", 100},
-    {"wDocumentPaper", 9},
-    {"wOutputPaper", 9},
-    {"wCustomThickness", 4},
-    {"dwNoFavourites", 1},
-    {"unnamed576", 3},
-    {"wSleepMode", 10},
-    {"dwSavedNup", 1},
-    {"unnamed664", 8},
-    {"wTailSize", 1032},
-    {"dwPagesPerSheet", 1},
-    {"unnamed679", 1},
-    {"unnamed680", 1},
-    {"unnamed682", -1},
-    {"unnamed688", 90},
-    {"dwWatermarkRop", 0x008800C6},
-    {"wWatermarkScale", 100},
-    {"crTailDateBack", 0xFFFFFF},
-    {"shTailDocPaper", -1},
-    {"shTailOutPaper", -1},
-    {"unnamed1188", 100},
-    {"unnamed1600", 1},
-    {"bTailValid", 1},
-};
+constexpr char kFullModelDefaults[] =
+    "dmSpecVersion=0x0401 dmDriverVersion=1301 dmSize=220 dmDriverExtra=1632 dmFields=0x02011A03 "
+    "dmOrientation=1 dmPaperSize=9 dmPaperLength=2970 dmPaperWidth=2100 dmScale=100 dmCopies=1 "
+    "dmDefaultSource=7 dmPrintQuality=-3 dmColor=2 dmDuplex=1 dmTTOption=3 dmICMMethod=1 "
+    "dmICMIntent=3 dmMediaType=266 dmDitherType=1 wTailOffset=820 dwOptionFlags=0x2000 shQuality=-3 "
+    "wMediaValue=266 wHrcValue=11 wPageProtectValue=12 wCaptValue=13 wThickness=4 bDocType=14 "
+    "bColorHalftone=15 bColorMatching=16 wPoster=1 unnamed262=3 wCustomWidth=2100 wCustomLength=2970 "
+    "unnamed270=2 bCmpMode=17 unnamed272=1 dwDirModePlain=19 unnamed284=0x201 unnamed286=500 "
+    "unnamed288=1 unnamed292=1 unnamed296=2 bQualityLevel=2 dwDirChoicePlain=1 dwTrayChoice=1 "
+    "dwColorModeOn=1 dwMatchingChoice=1 bJpegPrint=2 unnamed332=0x3F000000 unnamed348=33 "
+    "unnamed354=500 unnamed360=1 wGMode=18 dwPhotoNotice=1 wMemorySize=32 bTtMode=20 unnamed410=500 "
+    "wModelType=0x031F wMinCustomLength=1270 wMinCustomWidth=889 bKcDraft=21 bBorderless=23 "
+    "bSfQuality=22 dwDatePrint=6 crDateBack=0xFFFFFF wScale=100 wDocumentPaper=9 wOutputPaper=9 "
+    "wCustomThickness=4 dwNoFavourites=1 unnamed576=3 wSleepMode=10 dwSavedNup=1 unnamed664=8 "
+    "wTailSize=1032 dwPagesPerSheet=1 unnamed679=1 unnamed680=1 unnamed682=-1 unnamed688=90 "
+    "dwWatermarkRop=0x008800C6 wWatermarkScale=100 crTailDateBack=0xFFFFFF shTailDocPaper=-1 "
+    "shTailOutPaper=-1 unnamed1188=100 unnamed1600=1 bTailValid=1";
 
 bool IsNumber(const psui::DevModeField& field)
 {
@@ -122,13 +46,13 @@ TEST(Defaults, FillEveryNumberFromModelAndTable)
     World world;
     const Model model(kFullModel);
     const DriverDevMode record = BuildDefault(model);
+    DriverDevMode expected = {};
+    SetAll(expected, kFullModelDefaults);
     for (const psui::DevModeField& field : psui::kDevModeFields) {
         if (!IsNumber(field) || std::string_view(field.name) == "wModelCrc" ||
             std::string_view(field.name) == "wFeatureCount")
             continue;
-        const auto expected = kFullModelDefaults.find(field.name);
-        EXPECT_EQ(Get(record, field.name), expected == kFullModelDefaults.end() ? 0 : expected->second)
-            << field.name;
+        EXPECT_EQ(Get(record, field), Get(expected, field)) << field.name;
     }
     EXPECT_EQ(record.dmPrivate.wModelCrc, model->sourceCrc);
     EXPECT_EQ(record.dmPrivate.wFeatureCount, model->documentFeatureCount);
@@ -172,45 +96,25 @@ TEST(Defaults, FallBackWhenTheModelSaysNothing)
 {
     World world;
     const DriverDevMode record = BuildDefault(Model(kEmptyModel));
-    ExpectFields(record, {{"dmFields", 0x02010A03},
-                          {"dmDefaultSource", 7},
-                          {"dmColor", 2},
-                          {"dmMediaType", 0},
-                          {"wPageProtectValue", 1},
-                          {"wCaptValue", 1},
-                          {"bDocType", 2},
-                          {"bColorHalftone", 3},
-                          {"bColorMatching", 1},
-                          {"bCmpMode", 9},
-                          {"dwDirModePlain", 1},
-                          {"dwTrayChoice", 0},
-                          {"wMemorySize", 1},
-                          {"wSleepMode", 1},
-                          {"dwPagesPerSheet", 1},
-                          {"wFeatureCount", 0},
-                          {"bBorderless", 0}});
+    ExpectFields(record,
+                 "dmFields=0x02010A03 dmDefaultSource=7 dmColor=2 dmMediaType=0 wPageProtectValue=1 "
+                 "wCaptValue=1 bDocType=2 bColorHalftone=3 bColorMatching=1 bCmpMode=9 dwDirModePlain=1 "
+                 "dwTrayChoice=0 wMemorySize=1 wSleepMode=1 dwPagesPerSheet=1 wFeatureCount=0 bBorderless=0");
 }
 
 TEST(Defaults, OfferNoTrayChoiceForASingleTray)
 {
     World world;
     const DriverDevMode record = BuildDefault(Model("*Tray Tray1: \"1\"\n"));
-    ExpectFields(record, {{"dwTrayChoice", 0}, {"dmDefaultSource", 1}});
+    ExpectFields(record, "dwTrayChoice=0 dmDefaultSource=1");
 }
 
 TEST(Defaults, UseLetterAndInchesOutsideMetricCountries)
 {
     World world;
     const DriverDevMode record = BuildDefault(Model(kFullModel), false);
-    ExpectFields(record, {{"dmPaperSize", 1},
-                          {"dmPaperWidth", 2159},
-                          {"dmPaperLength", 2794},
-                          {"wCustomUnit", 1},
-                          {"wCustomWidth", 2159},
-                          {"wCustomLength", 2794},
-                          {"wDocumentPaper", 1},
-                          {"wOutputPaper", 1},
-                          {"bBindingFlags", 1}});
+    ExpectFields(record, "dmPaperSize=1 dmPaperWidth=2159 dmPaperLength=2794 wCustomUnit=1 wCustomWidth=2159 "
+                         "wCustomLength=2794 wDocumentPaper=1 wOutputPaper=1 bBindingFlags=1");
     EXPECT_EQ(Text(record.dmPublic.dmFormName, 32), TEXT("Letter"));
 }
 

@@ -32,7 +32,7 @@ TEST_F(ResolvePaper, NamesAListedPaper)
 
 TEST_F(ResolvePaper, MeasuresTheUserSizeInWholePoints)
 {
-    SetAll(record_, {{"dmPaperSize", 256}, {"wCustomWidth", 2100}, {"wCustomLength", 2970}});
+    SetAll(record_, "dmPaperSize=256 wCustomWidth=2100 wCustomLength=2970");
     EXPECT_EQ(Resolve(), ResolvedPaper::User);
     EXPECT_EQ(FormName(), u"User");
     EXPECT_EQ(form_.width, 594u * 256);  // 826 hundredths of an inch
@@ -60,7 +60,7 @@ TEST_F(ResolvePaper, KnowsNoPaperThatIsNotListed)
 
 TEST_F(ResolvePaper, ChangesNothingWithoutAPaperSize)
 {
-    SetAll(record_, {{"dmFields", 0}, {"dmPaperSize", 1}, {"bBorderless", 7}});
+    SetAll(record_, "dmFields=0 dmPaperSize=1 bBorderless=7");
     const psui::DriverDevMode before = record_;
     EXPECT_EQ(Resolve(), ResolvedPaper::Unknown);
     EXPECT_EQ(Differences(before, record_), "");
@@ -76,7 +76,7 @@ TEST_F(ResolvePaper, StaysInsideAForeignRecord)
         EXPECT_EQ(Get(record_, "bBorderless"), 7);
         record_ = before;
     }
-    SetAll(record_, {{"dmSize", 72}, {"dmDriverExtra", 0}});
+    SetAll(record_, "dmSize=72 dmDriverExtra=0");
     EXPECT_EQ(Resolve(), ResolvedPaper::Unknown);
 }
 

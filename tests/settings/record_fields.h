@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,11 +58,32 @@ inline std::u16string Text(const WCHAR* field, size_t units)
 
 struct FieldValue
 {
-    const char* name;
+    std::string name;
     int64_t value;
 };
 
-inline void SetAll(psui::DriverDevMode& record, const std::vector<FieldValue>& fields)
+/// Fields and values from a text such as "dmCopies=2 dmFields=0x100".
+class FieldValues : public std::vector<FieldValue>
+{
+public:
+    using std::vector<FieldValue>::vector;
+    FieldValues(const char* text)
+    {
+        std::istringstream words(text);
+        for (std::string word; words >> word;) {
+            const size_t equals = word.find('=');
+            char* end = nullptr;
+            const int64_t value = std::strtoll(word.c_str() + equals + 1, &end, 0);
+            if (equals == word.npos || *end) {
+                std::fprintf(stderr, "%s is no field and value\n", word.c_str());
+                std::abort();
+            }
+            push_back({word.substr(0, equals), value});
+        }
+    }
+};
+
+inline void SetAll(psui::DriverDevMode& record, const FieldValues& fields)
 {
     for (const FieldValue& field : fields)
         Set(record, field.name, field.value);

@@ -97,7 +97,7 @@ private:
     psui::ModelDescription* model_;
 };
 
-inline void ExpectFields(const psui::DriverDevMode& record, const std::vector<FieldValue>& fields)
+inline void ExpectFields(const psui::DriverDevMode& record, const FieldValues& fields)
 {
     for (const FieldValue& field : fields)
         EXPECT_EQ(Get(record, field.name), field.value) << field.name;

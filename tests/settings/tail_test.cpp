@@ -17,7 +17,7 @@ protected:
         psui::RefreshTail(&record_);
     }
 
-    std::u16string ClientAfter(const std::vector<FieldValue>& fields)
+    std::u16string ClientAfter(const FieldValues& fields)
     {
         alignas(8) psui::DriverDevMode record = record_;
         SetAll(record, fields);
@@ -58,12 +58,10 @@ TEST_F(RefreshTail, KeepsTheRestOfTheClientText)
 
 TEST_F(RefreshTail, CopiesDatePrintAndFonts)
 {
-    SetAll(record_, {{"dwDatePrint", 0x1286}, {"crDateText", 5}, {"crDateBack", 6}, {"bTailValid", 0}});
+    SetAll(record_, "dwDatePrint=0x1286 crDateText=5 crDateBack=6 bTailValid=0");
     record_.dmPrivate.lfDateFont.lfWeight = 700;
     psui::RefreshTail(&record_);
-    ExpectFields(
-        record_,
-        {{"dwTailDatePrint", 0x1286}, {"crTailDateText", 5}, {"crTailDateBack", 6}, {"bTailValid", 1}});
+    ExpectFields(record_, "dwTailDatePrint=0x1286 crTailDateText=5 crTailDateBack=6 bTailValid=1");
     EXPECT_EQ(record_.dmPrivate.lfTailDateFont.lfWeight, 700);
 }
 
