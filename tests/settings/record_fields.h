@@ -67,6 +67,7 @@ class FieldValues : public std::vector<FieldValue>
 {
 public:
     using std::vector<FieldValue>::vector;
+    FieldValues(std::vector<FieldValue> fields) : std::vector<FieldValue>(std::move(fields)) {}
     FieldValues(const char* text)
     {
         std::istringstream words(text);
