@@ -3,10 +3,9 @@
 // Input: mode, flags (below), stated size of the output, shape of the output, input record.
 #include <cstring>
 
-#include <winspool.h>
-
 #include "fuzz/settings_input.h"
 #include "psui/entry/exports.h"
+#include "tests/entry/printer.h"
 
 namespace {
 
@@ -20,34 +19,7 @@ enum Flags : uint8_t
 };
 
 constexpr LONG kMostOutput = 1 << 18;
-WCHAR printerName[] = TEXT("Fuzz");
-
-/// A printer whose driver has a small model, for the driver default.
-void AddPrinter()
-{
-    const std::string file = host::RootFolder() + "/drive_c/fuzz.ppd";
-    std::FILE* model = std::fopen(file.c_str(), "w");
-    fuzz::Require(model != nullptr, file);
-    std::fputs("*ColorDevice: True\n*Duplex None: \"0\"\n", model);
-    std::fclose(model);
-    std::u16string path = host::WindowsPath(file), environment = TEXT("Windows x64"), port = TEXT("FILE:"),
-                   processor = TEXT("raw");
-    DRIVER_INFO_3W driver = {};
-    driver.cVersion = 3;
-    driver.pName = printerName;
-    driver.pEnvironment = environment.data();
-    driver.pDriverPath = driver.pConfigFile = driver.pDataFile = path.data();
-    fuzz::Require(AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&driver),
-                                      APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY),
-                  "driver");
-    PRINTER_INFO_2W printer = {};
-    printer.pPrinterName = printer.pDriverName = printerName;
-    printer.pPortName = port.data();
-    printer.pPrintProcessor = processor.data();
-    const HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&printer));
-    fuzz::Require(handle != nullptr, "printer");
-    ClosePrinter(handle);
-}
+test::Printer* printer;
 
 /// What a success must have left behind.
 void CheckConverted(DWORD mode, fuzz::Block& output, LONG size)
@@ -70,7 +42,7 @@ void CheckConverted(DWORD mode, fuzz::Block& output, LONG size)
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     fuzz::OpenWorld();
-    AddPrinter();
+    printer = new test::Printer(u"Fuzz", "*ColorDevice: True\n*Duplex None: \"0\"\n");
     return 0;
 }
 
@@ -92,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t length)
 
     LONG size = inPlace ? static_cast<LONG>(record.size) : stated;
     const std::string before(reinterpret_cast<char*>(output.bytes.get()), output.size);
-    const bool converted = DrvConvertDevMode((flags & kKnownPrinter) != 0 ? printerName : nullptr,
+    const bool converted = DrvConvertDevMode((flags & kKnownPrinter) != 0 ? printer->name() : nullptr,
                                              (flags & kNoInput) != 0 ? nullptr : record.Record(),
                                              (flags & kNoOutput) != 0 ? nullptr : output.Record(),
                                              (flags & kNoSize) != 0 ? nullptr : &size, mode);

@@ -5,6 +5,7 @@
 
 #include "fuzz/settings_input.h"
 #include "tests/settings/merge_checks.h"
+#include "tests/settings/support.h"
 
 namespace {
 
@@ -24,20 +25,6 @@ constexpr std::string_view kModelTexts[] = {
 };
 std::array<const psui::ModelDescription*, std::size(kModelTexts)> models;
 constexpr WCHAR kWinPrintPrinter[] = TEXT("WinPrinter");
-
-void SetWinPrint()
-{
-    HKEY key = nullptr;
-    constexpr WCHAR kProcessor[] = TEXT("WinPrint");
-    const std::u16string path =
-        std::u16string(TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\")) + kWinPrintPrinter;
-    RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
-    fuzz::Require(RegSetValueExW(key, TEXT("Print Processor"), 0, REG_SZ,
-                                 reinterpret_cast<const BYTE*>(kProcessor),
-                                 sizeof(kProcessor)) == ERROR_SUCCESS,
-                  "print processor");
-    RegCloseKey(key);
-}
 
 fuzz::Block TakeOwnRecord(fuzz::Input& input, const psui::ModelDescription* model)
 {
@@ -65,7 +52,7 @@ void MergeChecked(psui::DriverDevMode& target, fuzz::Block& source, const psui::
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     fuzz::OpenWorld();
-    SetWinPrint();
+    test::SetPrintProcessor(kWinPrintPrinter, TEXT("WinPrint"));
     for (size_t i = 0; i < models.size(); ++i)
         models[i] = fuzz::CompileModel(kModelTexts[i]);
     return 0;

@@ -18,40 +18,38 @@ struct MergeSeed
 {
     const char* name;
     uint8_t flags; ///< of settings_merge: model 0 to 3, 4 metric, 8 WinPrint, 16 own record
-    std::vector<test::FieldValue> fields;
+    const char* fields;
 };
 
 const MergeSeed kMergeSeeds[] = {
-    {"plain", 21, {}},
-    {"winprint", 29, {}},
-    {"mono", 16, {{"dmColor", 2}, {"dmDuplex", 2}}},
-    {"media264", 21, {{"dmMediaType", 264}, {"dmPaperSize", 274}, {"dwDeviceOptions", 3}}},
-    {"media261", 21, {{"dmMediaType", 261}, {"bQualityLevel", 1}, {"dmDefaultSource", 2}}},
-    {"media263", 17, {{"dmMediaType", 263}, {"dwDirChoiceOther", 1}}},
-    {"envelope", 21, {{"dmPaperSize", 20}}},
-    {"postcard", 21, {{"dmPaperSize", 43}, {"dmDefaultSource", 2}}},
-    {"large-borderless", 21, {{"dmPaperSize", 283}, {"dwDatePrint", 0x80}}},
-    {"user",
-     21,
-     {{"dmPaperSize", 256}, {"dmPaperLength", 2000}, {"dmPaperWidth", 4000}, {"wCustomThickness", 2}}},
-    {"user-no-size", 21, {{"dmPaperSize", 256}, {"dmPaperLength", 0}, {"dmPaperWidth", -1}}},
-    {"user-no-paper", 21, {{"dmPaperSize", 256}, {"dmFields", 0x0C}}},
-    {"fit", 21, {{"bFitToPaper", 1}, {"wOutputPaper", 27}, {"wDocumentPaper", 9}}},
-    {"scale", 21, {{"bUsePublicScale", 1}, {"dmScale", 1001}, {"wMultiPageMode", 1}}},
-    {"scale-private", 21, {{"wScale", 50}}},
-    {"copies", 21, {{"dmCopies", 999}, {"dmCollate", 1}}},
-    {"collate-tail", 21, {{"bCollateFromTail", 1}, {"bTailCollate", 1}}},
-    {"collate-odd", 21, {{"dmCollate", 2}, {"dmOrientation", 3}, {"shQuality", -9}}},
-    {"no-fields", 21, {{"dmFields", 0}}},
-    {"date-tail", 21, {{"dwTailDatePrint", 0x80}}},
-    {"watermark", 22, {{"dwWatermarkFlags", 1}, {"dwPagesPerSheet", 4}}},
-    {"foreign", 5, {{"dmDriverVersion", 1}}},
-    {"old", 5, {{"dmSize", 188}, {"dmDriverExtra", 112}, {"dmSpecVersion", 0x0320}}},
-    {"no-version", 5, {{"dmSize", 156}, {"dmSpecVersion", 0}}},
-    {"header-only", 5, {{"dmSize", 72}, {"dmDriverExtra", 0}}},
-    {"smaller-than-header", 5, {{"dmSize", 10}, {"dmDriverExtra", 9}}},
-    {"large", 5, {{"dmSize", 300}, {"dmDriverExtra", 2000}}},
-    {"other-model", 5, {{"wModelCrc", 1}}},
+    {"plain", 21, ""},
+    {"winprint", 29, ""},
+    {"mono", 16, "dmColor=2 dmDuplex=2"},
+    {"media264", 21, "dmMediaType=264 dmPaperSize=274 dwDeviceOptions=3"},
+    {"media261", 21, "dmMediaType=261 bQualityLevel=1 dmDefaultSource=2"},
+    {"media263", 17, "dmMediaType=263 dwDirChoiceOther=1"},
+    {"envelope", 21, "dmPaperSize=20"},
+    {"postcard", 21, "dmPaperSize=43 dmDefaultSource=2"},
+    {"large-borderless", 21, "dmPaperSize=283 dwDatePrint=0x80"},
+    {"user", 21, "dmPaperSize=256 dmPaperLength=2000 dmPaperWidth=4000 wCustomThickness=2"},
+    {"user-no-size", 21, "dmPaperSize=256 dmPaperLength=0 dmPaperWidth=-1"},
+    {"user-no-paper", 21, "dmPaperSize=256 dmFields=0x0C"},
+    {"fit", 21, "bFitToPaper=1 wOutputPaper=27 wDocumentPaper=9"},
+    {"scale", 21, "bUsePublicScale=1 dmScale=1001 wMultiPageMode=1"},
+    {"scale-private", 21, "wScale=50"},
+    {"copies", 21, "dmCopies=999 dmCollate=1"},
+    {"collate-tail", 21, "bCollateFromTail=1 bTailCollate=1"},
+    {"collate-odd", 21, "dmCollate=2 dmOrientation=3 shQuality=-9"},
+    {"no-fields", 21, "dmFields=0"},
+    {"date-tail", 21, "dwTailDatePrint=0x80"},
+    {"watermark", 22, "dwWatermarkFlags=1 dwPagesPerSheet=4"},
+    {"foreign", 5, "dmDriverVersion=1"},
+    {"old", 5, "dmSize=188 dmDriverExtra=112 dmSpecVersion=0x0320"},
+    {"no-version", 5, "dmSize=156 dmSpecVersion=0"},
+    {"header-only", 5, "dmSize=72 dmDriverExtra=0"},
+    {"smaller-than-header", 5, "dmSize=10 dmDriverExtra=9"},
+    {"large", 5, "dmSize=300 dmDriverExtra=2000"},
+    {"other-model", 5, "wModelCrc=1"},
 };
 
 struct ConvertSeed
@@ -97,23 +95,11 @@ DriverDevMode OrdinaryRecord()
     psui::SetShape(&record, kOwn);
     std::memcpy(record.dmPrivate.dwSignature, psui::kPrivateSignature, sizeof(psui::kPrivateSignature));
     std::memcpy(record.dmPrivate.endMark, psui::kPrivateEndMark, sizeof(psui::kPrivateEndMark));
-    test::SetAll(record, {{"dmFields", 0x0201FFFF},
-                          {"dmOrientation", 1},
-                          {"dmPaperSize", 9},
-                          {"dmPaperLength", 2970},
-                          {"dmPaperWidth", 2100},
-                          {"dmScale", 100},
-                          {"dmCopies", 1},
-                          {"dmDefaultSource", 7},
-                          {"dmPrintQuality", -3},
-                          {"dmColor", 2},
-                          {"dmDuplex", 1},
-                          {"dmMediaType", 266},
-                          {"shQuality", -3},
-                          {"bQualityLevel", 2},
-                          {"wScale", 100},
-                          {"dwDirChoicePlain", 1},
-                          {"dwPagesPerSheet", 1}});
+    test::SetAll(
+        record,
+        "dmFields=0x0201FFFF dmOrientation=1 dmPaperSize=9 dmPaperLength=2970 dmPaperWidth=2100 dmScale=100 "
+        "dmCopies=1 dmDefaultSource=7 dmPrintQuality=-3 dmColor=2 dmDuplex=1 dmMediaType=266 shQuality=-3 "
+        "bQualityLevel=2 wScale=100 dwDirChoicePlain=1 dwPagesPerSheet=1");
     return record;
 }
 

@@ -16,8 +16,20 @@
 
 namespace test {
 
-/// Keys and values of one section.
-using Section = std::map<std::u16string, std::u16string>;
+/// Keys and values of one section, also from a text such as u"Set=10,3 Bits=0x104".
+struct Section : std::map<std::u16string, std::u16string>
+{
+    using map::map;
+    Section(const char16_t* text)
+    {
+        for (std::u16string_view rest = text; !rest.empty();) {
+            const std::u16string_view entry = rest.substr(0, rest.find(u' '));
+            const size_t equals = entry.find(u'=');
+            (*this)[std::u16string(entry.substr(0, equals))] = entry.substr(equals + 1);
+            rest.remove_prefix(std::min(rest.size(), entry.size() + 1));
+        }
+    }
+};
 
 /// A settings file of any program.
 class Profile

@@ -83,7 +83,7 @@ TEST(PrinterName, OutsideTheProtocolChangesNothing)
 {
     for (const HostileName& c : kNames) {
         MonitorWorld world;
-        world.Shared().Write(u"LODESTAT", {{u"Printer", u"Other"}});
+        world.Shared().Write(u"LODESTAT", u"Printer=Other");
         const std::string before = world.Shared().Bytes();
         const psui::DriverDevMode record = world.record;
         std::u16string name = c.name, processor = u"raw";
@@ -104,7 +104,7 @@ TEST(PrinterName, OutsideTheProtocolChangesNothing)
 TEST(PrinterName, MayBeMissing)
 {
     MonitorWorld world;
-    world.Shared().Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    world.Shared().Write(u"LODESTAT", u"Printer=Other");
     const std::string before = world.Shared().Bytes();
     PRINTER_INFO_2W info = {};
     psui::SyncStatusMonitorIni(world.handle(), &world.record, &info);

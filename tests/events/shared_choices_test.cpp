@@ -23,7 +23,7 @@ Section With(Section base, const Section& changes)
 }
 
 /// What every maintained section of the printer holds; its processor is not the maker's.
-const Section kMaintained = {{u"Model", u"P1.INI"}, {u"Lang", u"ENG"}, {u"New", u"1"}, {u"Proc", u"1"}};
+const Section kMaintained = u"Model=P1.INI Lang=ENG New=1 Proc=1";
 
 TEST(SettingsFileOf, CutsTheNameAtItsFirstDot)
 {
@@ -55,7 +55,7 @@ TEST(SyncStatusMonitorIni, NeedsAMonitorThatHasShownAPrinter)
     for (const bool emptyValue : {false, true}) {
         MonitorWorld world;
         if (emptyValue)
-            world.Shared().Write(u"LODESTAT", {{u"Printer", u""}});
+            world.Shared().Write(u"LODESTAT", u"Printer=");
         const std::string before = world.Shared().Bytes();
         const psui::DriverDevMode record = world.record;
         world.Sync();
@@ -68,8 +68,8 @@ TEST(SyncStatusMonitorIni, NeedsAMonitorThatHasShownAPrinter)
 TEST(SyncStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
 {
     MonitorWorld world;
-    world.Shared().Write(u"LODESTAT", {{u"Printer", u"Other"}});
-    world.Shared().Write(u"P1", {{u"10", u"4"}});
+    world.Shared().Write(u"LODESTAT", u"Printer=Other");
+    world.Shared().Write(u"P1", u"10=4");
     world.record.dmPrivate.bStatusMonitor = 0;
     const std::string before = world.Shared().Bytes();
     const psui::DriverDevMode record = world.record;
@@ -93,26 +93,15 @@ TEST(SyncStatusMonitorIni, KeepsThePrintersSection)
     };
     const Case cases[] = {
         {"another printer was shown", u"Other", u"raw", {}, kMaintained},
-        {"this printer was shown", u"P1", u"raw", {}, With(kMaintained, {{u"Model", u""}})},
-        {"in another case", u"p1", u"raw", {}, With(kMaintained, {{u"Model", u""}})},
-        {"old entries", u"Other", u"raw", {{u"Model", u"x.INI"}, {u"Lang", u"JPN"}}, kMaintained},
-        {"the monitor waits", u"P1", u"raw", {{u"10C", u"1"}}, With(kMaintained, {{u"Model", u""}})},
-        {"the maker's processor", u"Other", u"VMHUB PRINT", {}, {{u"Model", u"P1.INI"}, {u"Lang", u"ENG"}}},
-        {"its name in another case",
-         u"P1",
-         u"vmhub print",
-         {{u"Proc", u"1"}},
-         {{u"Proc", u"1"}, {u"Lang", u"ENG"}}},
-        {"the maker's processor, the monitor waits",
-         u"P1",
-         u"VMHUB PRINT",
-         {{u"10C", u"0"}, {u"Proc", u"1"}},
-         {{u"New", u"1"}, {u"Lang", u"ENG"}}},
-        {"what is not the driver's stays",
-         u"P1",
-         u"VMHUB PRINT",
-         {{u"Own", u"x"}, {u"Set", u"10"}},
-         {{u"Own", u"x"}, {u"Set", u"10"}, {u"Lang", u"ENG"}}},
+        {"this printer was shown", u"P1", u"raw", {}, With(kMaintained, u"Model=")},
+        {"in another case", u"p1", u"raw", {}, With(kMaintained, u"Model=")},
+        {"old entries", u"Other", u"raw", u"Model=x.INI Lang=JPN", kMaintained},
+        {"the monitor waits", u"P1", u"raw", u"10C=1", With(kMaintained, u"Model=")},
+        {"the maker's processor", u"Other", u"VMHUB PRINT", {}, u"Model=P1.INI Lang=ENG"},
+        {"its name in another case", u"P1", u"vmhub print", u"Proc=1", u"Proc=1 Lang=ENG"},
+        {"the maker's processor, the monitor waits", u"P1", u"VMHUB PRINT", u"10C=0 Proc=1",
+         u"New=1 Lang=ENG"},
+        {"what is not the driver's stays", u"P1", u"VMHUB PRINT", u"Own=x Set=10", u"Own=x Set=10 Lang=ENG"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -133,25 +122,25 @@ TEST(SyncStatusMonitorIni, UsesTheWindowsDirectoryForAnOldMonitor)
     MonitorWorld world(u"3.0");
     const test::Profile old(u"lodestat.ini");
     const test::Profile oldWhole(test::WindowsFolder() + u"\\lodestat.ini");
-    old.Write(u"LODESTAT", {{u"Printer", u"Other"}});
-    world.Shared().Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    old.Write(u"LODESTAT", u"Printer=Other");
+    world.Shared().Write(u"LODESTAT", u"Printer=Other");
     world.Sync();
-    EXPECT_EQ(oldWhole.Read(u"LODESTAT"), (Section{{u"Printer", u"P1"}}));
+    EXPECT_EQ(oldWhole.Read(u"LODESTAT"), Section(u"Printer=P1"));
     EXPECT_EQ(oldWhole.Read(u"P1"), kMaintained);
-    EXPECT_EQ(world.Shared().Read(u"LODESTAT"), (Section{{u"Printer", u"Other"}}));
+    EXPECT_EQ(world.Shared().Read(u"LODESTAT"), Section(u"Printer=Other"));
 }
 
 TEST(SyncStatusMonitorIni, GivesUpWhenTheNewFilesFolderIsNotKnown)
 {
     MonitorWorld world;
     const test::Profile old(u"lodestat.ini");
-    old.Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    old.Write(u"LODESTAT", u"Printer=Other");
     host::SetApplicationDataKnown(false);
     world.Sync();
-    EXPECT_EQ(old.Read(u"LODESTAT"), (Section{{u"Printer", u"Other"}}));
+    EXPECT_EQ(old.Read(u"LODESTAT"), Section(u"Printer=Other"));
     EXPECT_TRUE(test::Launches().empty());
     world.Update();
-    EXPECT_EQ(old.Read(u"LODESTAT"), (Section{{u"Printer", u"P1"}})) << "the update has the old file left";
+    EXPECT_EQ(old.Read(u"LODESTAT"), Section(u"Printer=P1")) << "the update has the old file left";
 }
 
 TEST(SyncStatusMonitorIni, TakesTheOfferedItemsOver)
@@ -162,26 +151,26 @@ TEST(SyncStatusMonitorIni, TakesTheOfferedItemsOver)
         Section printer, model;
         int64_t pages, color;
     };
-    const Section choices = {{u"10", u"-4"}, {u"3", u"4097"}};
+    const Section choices = u"10=-4 3=4097";
     const Case cases[] = {
         {"nothing says which", choices, {}, -4, 1},
-        {"both", With(choices, {{u"Bits", u"0x104"}}), {}, -4, 1},
-        {"decimal", With(choices, {{u"Bits", u"260"}}), {}, -4, 1},
-        {"the layout", With(choices, {{u"Bits", u"0x100"}}), {}, -4, 2},
-        {"the colour", With(choices, {{u"Bits", u"0x4"}}), {}, 1, 1},
-        {"none", With(choices, {{u"Bits", u"0x603"}}), {{u"Bits", u"0x104"}}, 1, 2},
-        {"the model's", choices, {{u"Bits", u"0x100"}}, -4, 2},
-        {"the model's for a negative number", With(choices, {{u"Bits", u"-1"}}), {{u"Bits", u"0x0"}}, 1, 2},
-        {"no text is a mask", With(choices, {{u"Bits", u"x"}}), {{u"Bits", u"0x104"}}, 1, 2},
-        {"the monitor set no colour", {{u"Bits", u"0x4"}, {u"3", u"1"}}, {}, 1, 2},
+        {"both", With(choices, u"Bits=0x104"), {}, -4, 1},
+        {"decimal", With(choices, u"Bits=260"), {}, -4, 1},
+        {"the layout", With(choices, u"Bits=0x100"), {}, -4, 2},
+        {"the colour", With(choices, u"Bits=0x4"), {}, 1, 1},
+        {"none", With(choices, u"Bits=0x603"), u"Bits=0x104", 1, 2},
+        {"the model's", choices, u"Bits=0x100", -4, 2},
+        {"the model's for a negative number", With(choices, u"Bits=-1"), u"Bits=0x0", 1, 2},
+        {"no text is a mask", With(choices, u"Bits=x"), u"Bits=0x104", 1, 2},
+        {"the monitor set no colour", u"Bits=0x4 3=1", {}, 1, 2},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         MonitorWorld world;
-        world.Shared().Write(u"LODESTAT", {{u"Printer", u"P1"}});
+        world.Shared().Write(u"LODESTAT", u"Printer=P1");
         world.Shared().Write(u"P1", c.printer);
         MonitorWorld::OfModel().Write(u"ENG", c.model);
-        MonitorWorld::OfModel().Write(u"JPN", {{u"Bits", u"0x1"}});
+        MonitorWorld::OfModel().Write(u"JPN", u"Bits=0x1");
         world.Sync();
         test::ExpectFields(world.record, {{"dwPagesPerSheet", c.pages}, {"dmColor", c.color}});
     }
@@ -196,10 +185,10 @@ TEST(SyncStatusMonitorIni, NeverWorksInTheSystemDirectory)
     ASSERT_TRUE(std::u16string(path).starts_with(test::SystemFolder()));
     std::filesystem::create_directories(std::filesystem::path(host::NativePath(path)).parent_path());
     const test::Profile file{path};
-    file.Write(u"LODESTAT", {{u"Printer", u"Other"}});
+    file.Write(u"LODESTAT", u"Printer=Other");
     test::SetRegistryText(HKEY_CURRENT_USER, test::kMonitorKey, u"Lodestat", u"3.10");
     world.Sync();
-    EXPECT_EQ(file.Read(u"LODESTAT"), (Section{{u"Printer", u"Other"}}));
+    EXPECT_EQ(file.Read(u"LODESTAT"), Section(u"Printer=Other"));
     EXPECT_TRUE(test::Launches().empty());
 }
 
@@ -214,27 +203,18 @@ TEST(UpdateStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
 
 TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
 {
-    const Section told = With(kMaintained, {{u"10", u"4"}});
+    const Section told = With(kMaintained, u"10=4");
     const std::tuple<const char*, Section, Section, Section> cases[] = {
         {"nothing is known", {}, {}, told},
-        {"items from the model",
-         {},
-         {{u"Set", u"1,10,3,99"}},
-         With(told, {{u"Set", u"1,10,3,99"}, {u"Bits", u"0x105"}})},
-        {"items of the model without a layout",
-         {},
-         {{u"Set", u"1,3"}},
-         With(kMaintained, {{u"Set", u"1,3"}, {u"Bits", u"0x5"}})},
-        {"items of the printer",
-         {{u"Set", u"3"}, {u"Bits", u"0x4"}},
-         {{u"Set", u"10"}},
-         With(kMaintained, {{u"Set", u"3"}, {u"Bits", u"0x4"}})},
-        {"items without their mask", {{u"Set", u"3"}}, {}, With(told, {{u"Set", u"3"}})},
-        {"the same layout", {{u"10", u"4x"}}, {}, With(kMaintained, {{u"10", u"4x"}})},
-        {"another layout", {{u"10", u"16"}}, {}, told},
-        {"a colour that the monitor set", {{u"3", u"4098"}}, {}, With(told, {{u"3", u"4097"}})},
-        {"the same colour", {{u"3", u"0x1001"}}, {}, With(told, {{u"3", u"0x1001"}})},
-        {"a colour that the monitor did not set", {{u"3", u"2"}}, {}, With(told, {{u"3", u"2"}})},
+        {"items from the model", {}, u"Set=1,10,3,99", With(told, u"Set=1,10,3,99 Bits=0x105")},
+        {"items of the model without a layout", {}, u"Set=1,3", With(kMaintained, u"Set=1,3 Bits=0x5")},
+        {"items of the printer", u"Set=3 Bits=0x4", u"Set=10", With(kMaintained, u"Set=3 Bits=0x4")},
+        {"items without their mask", u"Set=3", {}, With(told, u"Set=3")},
+        {"the same layout", u"10=4x", {}, With(kMaintained, u"10=4x")},
+        {"another layout", u"10=16", {}, told},
+        {"a colour that the monitor set", u"3=4098", {}, With(told, u"3=4097")},
+        {"the same colour", u"3=0x1001", {}, With(told, u"3=0x1001")},
+        {"a colour that the monitor did not set", u"3=2", {}, With(told, u"3=2")},
         {"a list longer than any", {}, {{u"Set", std::u16string(400, u'1')}}, told},
     };
     for (const auto& [what, before, model, after] : cases) {
@@ -256,7 +236,7 @@ TEST(UpdateStatusMonitorIni, WritesAPosterAsANegativeNumber)
     MonitorWorld world;
     test::Set(world.record, "dwPagesPerSheet", -9);
     world.Update();
-    EXPECT_EQ(world.Shared().Read(u"P1"), With(kMaintained, {{u"10", u"-9"}}));
+    EXPECT_EQ(world.Shared().Read(u"P1"), With(kMaintained, u"10=-9"));
 }
 
 TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
@@ -268,27 +248,16 @@ TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
         uint32_t mask;
         Section after;
     };
-    const Section named = {{u"Model", u"P1.INI"}, {u"Lang", u"JPN"}};
+    const Section named = u"Model=P1.INI Lang=JPN";
     const Case cases[] = {
         {"nothing is known", {}, {}, 0x104, {}},
-        {"the printer's",
-         {{u"Set", u"3"}, {u"Bits", u"0x707"}},
-         {},
-         0x104,
-         {{u"Set", u"3"}, {u"Bits", u"0x707"}}},
-        {"the printer's without a mask", {{u"Set", u"3"}}, {}, 0x104, {{u"Set", u"3"}}},
-        {"the model's", named, {{u"Set", u"1,3"}}, 4, With(named, {{u"Set", u"1,3"}, {u"Bits", u"0x5"}})},
-        {"a model without items",
-         With(named, {{u"Bits", u"0x100"}}),
-         {},
-         0x100,
-         With(named, {{u"Bits", u"0x100"}})},
-        {"a model file elsewhere",
-         With(named, {{u"Model", u"..\\system32\\P1.INI"}}),
-         {{u"Set", u"3"}},
-         0x104,
-         With(named, {{u"Model", u"..\\system32\\P1.INI"}})},
-        {"no language", {{u"Model", u"P1.INI"}}, {{u"Set", u"3"}}, 0x104, {{u"Model", u"P1.INI"}}},
+        {"the printer's", u"Set=3 Bits=0x707", {}, 0x104, u"Set=3 Bits=0x707"},
+        {"the printer's without a mask", u"Set=3", {}, 0x104, u"Set=3"},
+        {"the model's", named, u"Set=1,3", 4, With(named, u"Set=1,3 Bits=0x5")},
+        {"a model without items", With(named, u"Bits=0x100"), {}, 0x100, With(named, u"Bits=0x100")},
+        {"a model file elsewhere", With(named, u"Model=..\\system32\\P1.INI"), u"Set=3", 0x104,
+         With(named, u"Model=..\\system32\\P1.INI")},
+        {"no language", u"Model=P1.INI", u"Set=3", 0x104, u"Model=P1.INI"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -303,7 +272,7 @@ TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
 
 TEST(StatusMonitorItems, AreWrittenWhenTheyChange)
 {
-    const Section named = {{u"Model", u"P1.INI"}, {u"Lang", u"JPN"}};
+    const Section named = u"Model=P1.INI Lang=JPN";
     struct Case
     {
         const char* what;
@@ -311,30 +280,14 @@ TEST(StatusMonitorItems, AreWrittenWhenTheyChange)
         Section before, model, after;
     };
     const Case cases[] = {
-        {"new", 0x104, {}, {}, {{u"Set", u"10,3"}, {u"Bits", u"0x104"}, {u"New", u"1"}}},
-        {"all",
-         0x707,
-         {{u"Set", u"3"}},
-         {},
-         {{u"Set", u"10,11,12,1,2,3"}, {u"Bits", u"0x707"}, {u"New", u"1"}}},
-        {"the same",
-         0x104,
-         {{u"Set", u"10,3"}, {u"Bits", u"0x5"}},
-         {},
-         {{u"Set", u"10,3"}, {u"Bits", u"0x5"}}},
-        {"the same in another order",
-         0x104,
-         {{u"Set", u"3,10"}},
-         {},
-         {{u"Set", u"10,3"}, {u"Bits", u"0x104"}, {u"New", u"1"}}},
-        {"those of the model", 0x104, named, {{u"Set", u"10,3"}}, named},
-        {"other than those of the model",
-         0x100,
-         named,
-         {{u"Set", u"10,3"}},
-         With(named, {{u"Set", u"10"}, {u"Bits", u"0x100"}, {u"New", u"1"}})},
+        {"new", 0x104, {}, {}, u"Set=10,3 Bits=0x104 New=1"},
+        {"all", 0x707, u"Set=3", {}, u"Set=10,11,12,1,2,3 Bits=0x707 New=1"},
+        {"the same", 0x104, u"Set=10,3 Bits=0x5", {}, u"Set=10,3 Bits=0x5"},
+        {"the same in another order", 0x104, u"Set=3,10", {}, u"Set=10,3 Bits=0x104 New=1"},
+        {"those of the model", 0x104, named, u"Set=10,3", named},
+        {"other than those of the model", 0x100, named, u"Set=10,3", With(named, u"Set=10 Bits=0x100 New=1")},
         {"none where there are none", 0x603, {}, {}, {}},
-        {"none", 0x603, {{u"Set", u"10"}}, {}, {{u"Set", u""}, {u"Bits", u"0x603"}, {u"New", u"1"}}},
+        {"none", 0x603, u"Set=10", {}, u"Set= Bits=0x603 New=1"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

@@ -1,5 +1,6 @@
 #include "psui/model/compiler.h"
 
+#include <algorithm>
 #include <tuple>
 
 #include "model_fixture.h"
@@ -203,6 +204,8 @@ TEST(Options, AreCreatedOnceAndCompletedLater)
         {"memory options have no invocation", "*VMOption 8: \"8\"\n*InstalledMemory 16: \"x\"\n",
          "VMOption[0]: 8=(none)\n"},
         {"case matters", "*mediatype 0: \"0\"\n*MEDIATYPE 0: \"0\"\n", ""},
+        {"queries, unknown keywords and includes are nobody's",
+         "*?CM: \"x\"\n*Unheard: 1\n*Include: \"other.ppd\"\n*End\n*CM a: \"\"\n", "CM[0]: a=\n"},
     };
     ExpectSummaries(cases);
 }
@@ -486,8 +489,13 @@ TEST(Limits, KeepTheFirst65535OfWhatIsNumberedIn16Bits)
         text += "*OpenUI *G" + std::to_string(i) + ": PickOne\n*G" + std::to_string(i) + " a: \"1\"\n";
     for (int i = 0; i < 65540; ++i)
         text += "*UIConstraints: *CM *G" + std::to_string(i) + "\n*OrderDependency: 1 Prolog *CM\n";
-    const ModelPtr model = CompileModel(text);
+    Collector collector;
+    const ModelPtr model = CompileModel(text, &collector);
     ASSERT_TRUE(model);
+    EXPECT_EQ(std::count_if(collector.all.begin(), collector.all.end(),
+                            [](const Skipped& s) { return s.rejected && s.kind == DiagnosticKind::TooMany; }),
+              6 + 5 + 5)
+        << "features, constraints, orders";
     EXPECT_EQ(model->documentFeatureCount, 65535);
     EXPECT_EQ(ListLength(model->features.get()), 65535u);
     EXPECT_EQ(model->constraints->count, 65535);
@@ -510,25 +518,6 @@ TEST(Limits, LetAFeatureHaveMoreOptionsThan16BitsCount)
     EXPECT_EQ(FindByNameIndexed(FirstOption(feature), "o65536").index, kNotFound);
     EXPECT_EQ(model->constraints->begin()[0].feature1, kUnresolved);
     EXPECT_EQ(model->constraints->begin()[1].option1, 65534);
-}
-
-TEST(Compilation, StopsAtAFieldOfMoreThan40Characters)
-{
-    const std::string name(40, 'n');
-    EXPECT_TRUE(CompileModel("*CM a/" + name + ": \"1\"\n"));
-    EXPECT_FALSE(CompileModel("*CM a/" + name + "n: \"1\"\n"));
-    EXPECT_FALSE(CompileModel("*" + name + "n: 1\n"));
-}
-
-TEST(Compilation, IgnoresWhatItDoesNotKnow)
-{
-    const SummaryCase cases[] = {
-        {"queries, unknown keywords, includes",
-         "*?CM: \"x\"\n*Unheard: 1\n*Include: \"other.ppd\"\n*End\n*CM a: \"\"\n", "CM[0]: a=\n"},
-        {"a last line without its end", "*CM a: \"\"\n*CM b: \"\"", "CM[0]: a=\n"},
-        {"quotes that never close", "*CM a: \"\"\n*CM b: \"\n*CM c: 1\n", "CM[0]: a=\n"},
-    };
-    ExpectSummaries(cases);
 }
 
 } // namespace psui::test

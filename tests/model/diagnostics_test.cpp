@@ -111,17 +111,4 @@ TEST(Diagnostics, TellOfNamesAndSizesInTheFinishedModel)
         EXPECT_EQ(Report(c.text), c.expected) << c.text;
 }
 
-TEST(Diagnostics, TellOfEntriesBeyondTheLimit)
-{
-    std::string text;
-    for (int i = 0; i < 65536; ++i)
-        text += "*OrderDependency: 1 Prolog *CM\n";
-    Collector collector;
-    CompileModel("*CM a: \"1\"\n" + text, &collector);
-    ASSERT_EQ(collector.all.size(), 1u);
-    EXPECT_EQ(collector.all[0].kind, DiagnosticKind::TooMany);
-    EXPECT_EQ(collector.all[0].line, 65537u);
-    EXPECT_TRUE(collector.all[0].rejected);
-}
-
 } // namespace psui::test

@@ -20,23 +20,30 @@ protected:
     std::u16string FormName() const { return Text(record_.dmPublic.dmFormName, 32); }
 };
 
-TEST_F(ResolvePaper, NamesAListedPaper)
+TEST_F(ResolvePaper, NamesAndMeasuresWhatItKnows)
 {
-    Set(record_, "dmPaperSize", 1);
-    EXPECT_EQ(Resolve(), ResolvedPaper::Listed);
-    EXPECT_EQ(FormName(), u"Letter");
-    EXPECT_EQ(Text(form_.name, 32), u"Letter");
-    EXPECT_EQ(form_.width, 612u * 256);
-    EXPECT_EQ(form_.height, 792u * 256);
-}
-
-TEST_F(ResolvePaper, MeasuresTheUserSizeInWholePoints)
-{
-    SetAll(record_, "dmPaperSize=256 wCustomWidth=2100 wCustomLength=2970");
-    EXPECT_EQ(Resolve(), ResolvedPaper::User);
-    EXPECT_EQ(FormName(), u"User");
-    EXPECT_EQ(form_.width, 594u * 256);  // 826 hundredths of an inch
-    EXPECT_EQ(form_.height, 841u * 256); // 1169
+    const struct
+    {
+        const char* fields;
+        ResolvedPaper kind;
+        const char16_t *recordsForm, *form;
+        uint32_t width, height; ///< points
+    } cases[] = {
+        {"dmPaperSize=1", ResolvedPaper::Listed, u"Letter", u"Letter", 612, 792},
+        {"dmPaperSize=5", ResolvedPaper::Unknown, u"Letter", u"", 0, 0},
+        // 826 by 1169 hundredths of an inch
+        {"dmPaperSize=256 wCustomWidth=2100 wCustomLength=2970", ResolvedPaper::User, u"User", u"User", 594,
+         841},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.fields);
+        SetAll(record_, c.fields);
+        EXPECT_EQ(Resolve(), c.kind);
+        EXPECT_EQ(FormName(), c.recordsForm);
+        EXPECT_EQ(Text(form_.name, 32), c.form);
+        EXPECT_EQ(form_.width, c.width * 256);
+        EXPECT_EQ(form_.height, c.height * 256);
+    }
 }
 
 TEST_F(ResolvePaper, MarksBorderlessPapers)
@@ -48,14 +55,6 @@ TEST_F(ResolvePaper, MarksBorderlessPapers)
                                 (290 <= paper && paper <= 292);
         EXPECT_EQ(Get(record_, "bBorderless"), borderless) << paper;
     }
-}
-
-TEST_F(ResolvePaper, KnowsNoPaperThatIsNotListed)
-{
-    Set(record_, "dmPaperSize", 5);
-    EXPECT_EQ(Resolve(), ResolvedPaper::Unknown);
-    EXPECT_EQ(FormName(), u"A4");
-    EXPECT_EQ(form_.width, 0u);
 }
 
 TEST_F(ResolvePaper, ChangesNothingWithoutAPaperSize)
