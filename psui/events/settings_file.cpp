@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "psui/base/format.h"
+#include "psui/base/paths.h"
 #include "psui/events/installed.h"
 #include "psui/events/status_monitor.h"
 #include "psui/settings/spooler.h"

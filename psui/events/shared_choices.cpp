@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "psui/base/format.h"
+#include "psui/base/paths.h"
 #include "psui/events/choices.h"
 #include "psui/events/items.h"
 #include "psui/events/settings_file.h"

@@ -5,6 +5,7 @@
 
 #include "psui/base/file.h"
 #include "psui/base/memory.h"
+#include "psui/base/paths.h"
 #include "psui/model/compiler.h"
 #include "psui/model/image.h"
 #include "psui/model/values.h"
@@ -49,15 +50,6 @@ HeapPtr<uint8_t> ReadFreshImage(const WCHAR* imagePath, uint32_t version)
     return block;
 }
 
-const WCHAR* FileNameOf(const WCHAR* path)
-{
-    const WCHAR* name = path;
-    for (; *path; ++path)
-        if (*path == TEXT('\\'))
-            name = path + 1;
-    return name;
-}
-
 ModelDescription* LoadImage(const WCHAR* path, const WCHAR* imagePath, uint32_t version)
 {
     HeapPtr<uint8_t> block = ReadFreshImage(imagePath, version);
@@ -66,7 +58,7 @@ ModelDescription* LoadImage(const WCHAR* path, const WCHAR* imagePath, uint32_t 
     auto* model = reinterpret_cast<ModelDescription*>(block.get());
     if (!ResolveImage({block.get(), model->imageSize}))
         return nullptr;
-    if (lstrcmpiW(FileNameOf(model->sourcePath.get()), FileNameOf(path)) != 0)
+    if (lstrcmpiW(FileNamePart(model->sourcePath.get()), FileNamePart(path)) != 0)
         return nullptr;
     block.release();
     return model;

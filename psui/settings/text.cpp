@@ -44,15 +44,6 @@ int BoundedLength(const WCHAR* text, int size)
     return static_cast<int>(std::find(text, text + size, WCHAR{0}) - text);
 }
 
-const WCHAR* FileNamePart(const WCHAR* path)
-{
-    const WCHAR* name = path;
-    for (; *path; ++path)
-        if (*path == '\\')
-            name = path + 1;
-    return name;
-}
-
 bool EqualNoCase(const WCHAR* first, const WCHAR* second)
 {
     return CompareStringOrdinal(first, -1, second, -1, TRUE) == CSTR_EQUAL;

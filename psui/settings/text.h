@@ -20,9 +20,6 @@ void CopyWide(WCHAR* destination, const WCHAR* source, int count);
 /// Length of a text that may fill its field to the end without a terminator.
 int BoundedLength(const WCHAR* text, int size);
 
-/// The part of `path` after its last backslash; the whole path without one.
-const WCHAR* FileNamePart(const WCHAR* path);
-
 /// Whether two terminated texts are equal but for the case of their letters, in any locale.
 bool EqualNoCase(const WCHAR* first, const WCHAR* second);
 

@@ -1,5 +1,6 @@
 #include "psui/settings/text.h"
 
+#include "psui/base/paths.h"
 #include "psui/settings/language.h"
 #include "tests/settings/support.h"
 
