@@ -68,19 +68,21 @@ void UseModules(PrinterUiContext* context)
 }
 
 /// A number of the printer's data that says whether a service is on; a missing one means that it is.
-WORD ReadSwitch(HANDLE printer, const WCHAR* name)
+DWORD ReadSwitch(HANDLE printer, const WCHAR* name)
 {
     DWORD number = 1;
     ReadPrinterNumber(printer, name, number);
-    return static_cast<WORD>(number);
+    return number;
 }
 
 void ReadWebSwitches(PrinterUiContext* context)
 {
-    context->wVscSetting = ReadSwitch(context->hPrinter, TEXT("VSC"));
-    context->wWuSetting = ReadSwitch(context->hPrinter, TEXT("WU"));
-    context->bWebFlags = (context->wVscSetting ? kVscOn : 0) | (context->wWuSetting ? kWuOn : 0);
-    if (!context->wVscSetting || !context->wWuSetting)
+    const DWORD vsc = ReadSwitch(context->hPrinter, TEXT("VSC"));
+    const DWORD wu = ReadSwitch(context->hPrinter, TEXT("WU"));
+    context->wVscSetting = static_cast<WORD>(vsc);
+    context->wWuSetting = static_cast<WORD>(wu);
+    context->bWebFlags = (vsc ? kVscOn : 0) | (wu ? kWuOn : 0);
+    if (!vsc || !wu)
         context->bWebFlags |= kWebLinkOff;
 }
 

@@ -73,14 +73,14 @@ TEST_F(DocumentSheet, TakesTheModeAndThePrintersSwitches)
     {
         DWORD vsc, wu;
         int flags;
-    } switches[] = {{1, 1, 3}, {0, 1, 0x82}, {1, 0, 0x81}, {0, 0, 0x80}, {2, 3, 3}};
+    } switches[] = {{1, 1, 3}, {0, 1, 0x82}, {1, 0, 0x81}, {0, 0, 0x80}, {2, 3, 3}, {0x10000, 1, 3}};
     for (const auto& c : switches) {
         SetNumber(TEXT("VSC"), c.vsc);
         SetNumber(TEXT("WU"), c.wu);
         SheetCaller sheet(printer, DM_COPY, &output);
         ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
         EXPECT_EQ(sheet.context()->bWebFlags, c.flags);
-        EXPECT_EQ(sheet.context()->wVscSetting, c.vsc);
+        EXPECT_EQ(sheet.context()->wVscSetting, static_cast<WORD>(c.vsc));
         EXPECT_EQ(sheet.context()->wWuSetting, c.wu);
     }
     SetNumber(TEXT("VSC"), 0, REG_BINARY);

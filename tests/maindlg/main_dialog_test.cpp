@@ -9,7 +9,9 @@
 #include "lang/ids/main_dialog.h"
 #include "psui/entry/main_dialog.h"
 #include "psui/maindlg/main_layout.h"
+#include "psui/maindlg/side_panel.h"
 #include "psui/res/pictures.h"
+#include "tests/entry/printer.h"
 #include "tests/maindlg/dialog_context.h"
 #include "tests/maindlg/test_dialog.h"
 
@@ -237,6 +239,63 @@ TEST_F(MainDialog, RepaintsItsTabAfterTheBackgroundWasErased)
     ReleaseDC(dialog_, dc);
     EXPECT_TRUE(repaints());
     EXPECT_FALSE(repaints());
+}
+
+TEST_F(MainDialog, ExplainsTheControlsOfItsOwn)
+{
+    WCHAR file[] = TEXT("C:\\driver.hlp");
+    context_->pHelpFile = file;
+    Open();
+    const struct
+    {
+        int control;
+        const char16_t* page; ///< null for none
+    } rows[] = {{IDOK, u"html/button.htm#ok"},
+                {IDC_APPLY, u"html/button.htm#apply"},
+                {IDC_CONTROL_CENTRE, u"html/idx_status_monitor_small.htm"},
+                {IDC_WEB_LINK, u"html/idx_web_support_small.htm"},
+                {IDC_TABS, nullptr}};
+    for (const auto& row : rows) {
+        host::ClearRecorded();
+        context_->bContextHelpMode = 1;
+        HELPINFO info = {};
+        info.cbSize = sizeof(info);
+        info.iCtrlId = row.control;
+        EXPECT_EQ(Ask(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), TRUE);
+        EXPECT_EQ(context_->bContextHelpMode, 0u);
+        EXPECT_EQ(context_->hContextHelpWindow != nullptr, row.page != nullptr) << row.control;
+        const std::vector<host::Event> events = host::Recorded();
+        ASSERT_EQ(events.size(), row.page ? 1u : 0u) << row.control;
+        if (row.page) {
+            EXPECT_EQ(events[0].detail, row.page);
+        }
+    }
+}
+
+TEST_F(MainDialog, StartsTheControlCentreOfAKnownModel)
+{
+    const test::Printer printer(u"Office", test::kEmptyModel);
+    context_->hPrinter = printer.handle();
+    lstrcpynW(context_.record().dmPublic.dmDeviceName, TEXT("Velmora Palette 940 Printer USB"),
+              CCHDEVICENAME);
+    Open();
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog_, IDC_CONTROL_CENTRE)));
+    test::SetRegistryText(HKEY_LOCAL_MACHINE, u"SOFTWARE\\Wow6432Node\\Velmora\\VmHubWnd\\Driver List",
+                          u"Velmora Palette 940", u"");
+    psui::RefreshSidePanel(dialog_, context_);
+    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog_, IDC_CONTROL_CENTRE)));
+
+    Ask(WM_COMMAND, IDC_CONTROL_CENTRE, 0);
+    EXPECT_TRUE(host::Recorded().empty()) << "nobody says where it is";
+    test::WriteNative(host::RootFolder() + "/drive_c/VmHubWnd.exe", "");
+    test::SetRegistryText(HKEY_LOCAL_MACHINE,
+                          u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\VmHubWnd.exe", u"Path",
+                          u"C:");
+    Ask(WM_COMMAND, IDC_CONTROL_CENTRE, 0);
+    ASSERT_EQ(host::Recorded().size(), 1u);
+    EXPECT_EQ(host::Recorded()[0].kind, "open");
+    EXPECT_EQ(host::Recorded()[0].text, u"C:\\VmHubWnd.exe");
+    EXPECT_EQ(host::Recorded()[0].detail, u"open|Office on FILE: /SHOW|C:\\|1");
 }
 
 TEST_F(MainDialog, KeepsKeysForTheButtonsOfItsTab)
