@@ -122,6 +122,7 @@ struct PrinterUiContext
     WORD wVscSetting;
     WORD wWuSetting;
     BYTE bWebFlags;
+    BYTE bPageApplied; ///< 1 when the page has handed the settings out since the main dialog asked for it
 
     PrinterUiContext* pSelfCheck; ///< the context's own address again
 };

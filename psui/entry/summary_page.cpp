@@ -76,9 +76,7 @@ void StorePublicSize(DriverDevMode& work)
 
 BOOL OnApply(PrinterUiContext* context)
 {
-    StorePublicSize(context->dmWork);
-    context->pfnComPropSheet(context->hComPropSheet, kServiceSetResult,
-                             reinterpret_cast<LPARAM>(context->ahPages[0]), kSheetConfirmed);
+    ApplySummaryPage(context);
     return TRUE;
 }
 
@@ -112,6 +110,14 @@ BOOL OnSettingsButton(HWND page)
 }
 
 } // namespace
+
+void ApplySummaryPage(PrinterUiContext* context)
+{
+    context->bPageApplied = 1;
+    StorePublicSize(context->dmWork);
+    context->pfnComPropSheet(context->hComPropSheet, kServiceSetResult,
+                             reinterpret_cast<LPARAM>(context->ahPages[0]), kSheetConfirmed);
+}
 
 INT_PTR CALLBACK SummaryPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
 {

@@ -100,15 +100,10 @@ void ShowDuplex(HWND tab, PrinterUiContext* context)
 
 void ShowSource(HWND tab, PrinterUiContext* context)
 {
-    if (HasTrays(context)) {
+    if (HasTrays(context))
         BuildSourceList(tab, context, context->dmWork.dmPublic.dmDefaultSource);
-        return;
-    }
-    for (const int control : {IDC_SOURCE_LABEL, IDC_SOURCE}) {
-        ShowWindow(GetDlgItem(tab, control), SW_HIDE);
-        EnableWindow(GetDlgItem(tab, control), FALSE);
-        DisableMnemonic(tab, control);
-    }
+    else
+        HideSource(tab);
 }
 
 void PrepareCopies(HWND tab, const PrinterUiContext* context)

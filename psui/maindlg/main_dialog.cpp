@@ -7,6 +7,7 @@
 #include "lang/ids/main_dialog.h"
 #include "psui/controls/hooks.h"
 #include "psui/entry/main_dialog.h"
+#include "psui/entry/summary_page.h"
 #include "psui/maindlg/apply_state.h"
 #include "psui/maindlg/drawing.h"
 #include "psui/maindlg/help.h"
@@ -121,10 +122,16 @@ void OnApply(HWND dialog, PrinterUiContext* context)
     const HWND sheet = SheetOf(context);
     if (!sheet)
         return;
+    context->bPageApplied = 0;
     SendMessageW(sheet, PSM_APPLY, 0, 0);
     const auto tabs = reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETTABCONTROL, 0, 0));
-    if (tabs && SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0) >= 2)
+    const LRESULT pages = tabs ? SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0) : 0;
+    if (pages >= 2)
         FillSettingsSummary(context->hSummaryPage, context);
+    // The only page of a sheet is still being made while this dialog stands for it, so the sheet has nobody
+    // to tell.
+    else if (pages == 1 && !context->bPageApplied)
+        ApplySummaryPage(context);
 }
 
 BOOL OnCommand(HWND dialog, PrinterUiContext* context, int control)

@@ -74,16 +74,6 @@ void FillBuiltinPaperList(HWND tab, PrinterUiContext* context)
     context->dwUserPaperPosition = static_cast<uint32_t>(table.size() - 1);
 }
 
-void HideSource(HWND tab)
-{
-    for (const int control : {IDC_SOURCE_LABEL, IDC_SOURCE}) {
-        const HWND window = GetDlgItem(tab, control);
-        ShowWindow(window, SW_HIDE);
-        EnableWindow(window, FALSE);
-        DisableMnemonic(tab, control);
-    }
-}
-
 } // namespace
 
 void BuildMediaList(HWND tab, PrinterUiContext* context, DWORD media)
@@ -124,6 +114,16 @@ void BuildSourceList(HWND tab, PrinterUiContext* context, short source)
     SelectByItemData(tab, IDC_SOURCE, static_cast<uint32_t>(source));
     if (!choice)
         HideSource(tab);
+}
+
+void HideSource(HWND tab)
+{
+    for (const int control : {IDC_SOURCE_LABEL, IDC_SOURCE}) {
+        const HWND window = GetDlgItem(tab, control);
+        ShowWindow(window, SW_HIDE);
+        EnableWindow(window, FALSE);
+        DisableMnemonic(tab, control);
+    }
 }
 
 void BuildColorTables(HWND, PrinterUiContext* context)

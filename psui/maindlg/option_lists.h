@@ -13,6 +13,9 @@ namespace psui {
 void BuildMediaList(HWND tab, PrinterUiContext* context, DWORD media);
 void BuildSourceList(HWND tab, PrinterUiContext* context, short source);
 
+/// Takes the list of sources and its label away, as BuildSourceList does for a printer with a single source.
+void HideSource(HWND tab);
+
 /// The paper list and the paper table, with the first entry selected. The place of the user-defined size is
 /// kept in the context, kNoUserPaper when the model has none.
 void BuildPaperList(HWND tab, PrinterUiContext* context);

@@ -7,6 +7,7 @@
 #include "lang/ids/basic_tab.h"
 #include "lang/ids/dialogs.h"
 #include "lang/ids/main_dialog.h"
+#include "psui/dialogs/help_topics.h"
 #include "psui/entry/main_dialog.h"
 #include "psui/maindlg/main_layout.h"
 #include "psui/maindlg/side_panel.h"
@@ -37,6 +38,13 @@ SIZE SizeOf(const RECT& place)
 bool IsShown(HWND dialog, int control)
 {
     return (GetWindowLongPtrW(GetDlgItem(dialog, control), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void WorkOffMessages()
+{
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
 }
 
 /// The main dialog over a sheet of the test's own, open but not run.
@@ -221,6 +229,69 @@ TEST_F(MainDialog, CapturesThePointerOverThePageImage)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
+TEST_F(MainDialog, KnowsWhetherThePointerIsOverTheLink)
+{
+    Open();
+    const auto setCursorOver = [&](int control) {
+        Ask(WM_SETCURSOR, reinterpret_cast<WPARAM>(GetDlgItem(dialog_, control)),
+            MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return context_->bLinkHover;
+    };
+    EXPECT_EQ(setCursorOver(IDC_WEB_LINK), 1u);
+    EXPECT_EQ(setCursorOver(IDC_BANNER), 0u);
+}
+
+TEST_F(MainDialog, HelpsSupportByKeysOnTheBanner)
+{
+    context_->bUserDefault = 1;
+    Open();
+    const RECT banner = PlaceOf(dialog_, IDC_BANNER);
+    const auto doubleClickWith = [&](std::vector<unsigned> keys, POINT place) {
+        for (const unsigned key : keys)
+            host::PressKeyDown(key);
+        WorkOffMessages();
+        Ask(WM_LBUTTONDBLCLK, 0, MAKELPARAM(place.x, place.y));
+        for (const unsigned key : keys)
+            host::ReleaseKey(key);
+        WorkOffMessages();
+    };
+    const POINT on = {banner.left + 5, banner.top + 5}, below = {banner.left + 5, banner.bottom};
+    ShowWindow(sheet_, SW_SHOW);
+    ShowWindow(dialog_, SW_SHOW);
+    SetFocus(dialog_);
+    doubleClickWith({VK_SHIFT, VK_CONTROL, 'D'}, below);
+    doubleClickWith({VK_SHIFT, 'D'}, on);
+    EXPECT_EQ(context_->bBannerDiagnostics, 0u);
+    doubleClickWith({VK_SHIFT, VK_CONTROL, 'D'}, on);
+    EXPECT_EQ(context_->bBannerDiagnostics, 1u);
+    EXPECT_TRUE(IsShown(dialog_, IDC_APPLY));
+    doubleClickWith({VK_SHIFT, VK_CONTROL, 'R'}, on);
+    EXPECT_FALSE(IsShown(dialog_, IDC_APPLY));
+    doubleClickWith({VK_SHIFT, VK_CONTROL, 'D'}, on);
+    EXPECT_EQ(context_->bBannerDiagnostics, 0u);
+}
+
+TEST_F(MainDialog, ClosesTheGapOfDuplexControlsOnTheBasicTab)
+{
+    const TestDialog asDesigned(IDD_BASIC);
+    const auto topOf = [](HWND tab, int control) { return PlaceOf(tab, control).top; };
+    for (const DWORD fields : {DM_COPIES, DM_COPIES | DM_DUPLEX}) {
+        context_.record().dmPublic.dmFields = fields;
+        Open();
+        const HWND tab = context_->hBasicTab;
+        const bool duplex = (fields & DM_DUPLEX) != 0;
+        const LONG gap = topOf(tab, IDC_PAGE_ORDER_LABEL) - PlaceOf(tab, IDC_LAYOUT_LABEL).bottom;
+        EXPECT_EQ(topOf(tab, IDC_SOURCE_LABEL), duplex ? topOf(asDesigned, IDC_SOURCE_LABEL)
+                                                       : PlaceOf(tab, IDC_BORDER_LINE_LABEL).bottom + gap);
+        EXPECT_EQ(topOf(tab, IDC_SOURCE) - topOf(tab, IDC_SOURCE_LABEL),
+                  topOf(tab, IDC_LAYOUT) - topOf(tab, IDC_LAYOUT_LABEL));
+        EXPECT_EQ(IsShown(tab, IDC_DUPLEX), duplex);
+        EXPECT_EQ(IsShown(tab, IDC_DUPLEX_SETTINGS), duplex);
+        DestroyWindow(dialog_);
+        DestroyWindow(sheet_);
+    }
+}
+
 TEST_F(MainDialog, RepaintsItsTabAfterTheBackgroundWasErased)
 {
     Open();
@@ -303,6 +374,26 @@ TEST_F(MainDialog, KeepsKeysForTheButtonsOfItsTab)
     Open();
     for (const int button : {IDC_DEFAULT, IDC_DUPLEX_SETTINGS})
         EXPECT_EQ(SendDlgItemMessageW(context_->hBasicTab, button, WM_GETDLGCODE, 0, 0), 0x2024) << button;
+}
+
+TEST(SmallHelp, HangsBelowThePointerAndStaysOnTheDesktop)
+{
+    constexpr SIZE kDesktop = {1280, 1024};
+    const struct
+    {
+        POINT pointer;
+        POINT place; ///< of the left upper corner
+    } rows[] = {{{640, 300}, {427, 300}},
+                {{1270, 300}, {849, 300}},
+                {{10, 300}, {5, 300}},
+                {{640, 1000}, {427, 678}}};
+    for (const auto& row : rows) {
+        const RECT place = psui::SmallHelpPlace(row.pointer, kDesktop);
+        EXPECT_EQ(place.left, row.place.x);
+        EXPECT_EQ(place.top, row.place.y);
+        EXPECT_EQ(SizeOf(place).cx, 426);
+        EXPECT_EQ(SizeOf(place).cy, 341);
+    }
 }
 
 } // namespace

@@ -19,6 +19,7 @@ struct Form
 constexpr Form kForms[] = {
     {"click CONTROL", StepKind::Click},
     {"doubleclick CONTROL", StepKind::DoubleClick},
+    {"rightclick CONTROL", StepKind::RightClick},
     {"check CONTROL SWITCH", StepKind::Check},
     {"select CONTROL text TEXT", StepKind::SelectText},
     {"select CONTROL index NUMBER", StepKind::SelectIndex},

@@ -13,6 +13,7 @@ enum class StepKind
     // What the user does
     Click,
     DoubleClick,
+    RightClick,
     Check,
     SelectText,
     SelectIndex,

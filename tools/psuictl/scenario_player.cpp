@@ -159,6 +159,15 @@ Outcome Click(const Scene& scene)
     });
 }
 
+Outcome RightClick(const Scene& scene)
+{
+    return WithUsable(scene, [&](HWND control) {
+        PostMouse(control, WM_RBUTTONDOWN, MK_RBUTTON, CentreOf(control));
+        PostMouse(control, WM_RBUTTONUP, 0, CentreOf(control));
+        return Outcome();
+    });
+}
+
 Outcome Check(const Scene& scene)
 {
     return WithUsable(scene, [&](HWND control) {
@@ -579,6 +588,7 @@ struct Player
 constexpr Player kPlayers[] = {
     {StepKind::Click, Click},
     {StepKind::DoubleClick, Click},
+    {StepKind::RightClick, RightClick},
     {StepKind::Check, Check},
     {StepKind::SelectText, Select},
     {StepKind::SelectIndex, Select},
