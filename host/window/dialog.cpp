@@ -23,6 +23,7 @@ struct Creation
     DLGPROC procedure;
     LPARAM parameter;
     bool modal;
+    bool stopsOwner = false;
 };
 
 int Scaled(int units, LONG base, int unitsOfBase)
@@ -180,6 +181,7 @@ HWND Build(const DialogTemplate& from, const Creation& creation)
     state->font = MakeFont(from);
     state->base = BaseUnits(state->font);
     state->modal = creation.modal;
+    state->stopsOwner = creation.stopsOwner;
     const HWND dialog = CreateFrame(from, creation, state->base);
     const WindowPtr window = LookUp(dialog);
     if (window == nullptr) {
@@ -278,8 +280,8 @@ INT_PTR RunModal(const DialogTemplate& from, Creation creation)
         return 0; // as documented for an owner that is no window
     creation.modal = true;
     creation.owner = OwnerToStop(creation.owner);
-    const bool stops = creation.owner != nullptr && IsWindowEnabled(creation.owner);
-    if (stops)
+    creation.stopsOwner = creation.owner != nullptr && IsWindowEnabled(creation.owner);
+    if (creation.stopsOwner)
         EnableWindow(creation.owner, FALSE);
     const HWND dialog = Make(from, creation);
     INT_PTR result = kFailed;
@@ -288,7 +290,7 @@ INT_PTR RunModal(const DialogTemplate& from, Creation creation)
         if (RunLoop(dialog, creation.owner))
             result = window->dialog != nullptr ? window->dialog->result : 0;
     }
-    if (stops && LookUp(creation.owner) != nullptr)
+    if (creation.stopsOwner && LookUp(creation.owner) != nullptr)
         EnableWindow(creation.owner, TRUE);
     if (dialog != nullptr && LookUp(dialog) != nullptr)
         DestroyWindow(dialog);
@@ -486,7 +488,7 @@ BOOL WINAPI EndDialog(HWND dialog, INT_PTR result)
     window->dialog->result = result;
     window->dialog->ended = true;
     // The owner can be used again before the dialog goes, so that it becomes the active window.
-    if (window->dialog->modal && window->owner != nullptr && LookUp(window->owner) != nullptr)
+    if (window->dialog->stopsOwner && LookUp(window->owner) != nullptr)
         EnableWindow(window->owner, TRUE);
     if (IsVisibleStyle(*window))
         SetWindowPos(dialog, nullptr, 0, 0, 0, 0,

@@ -156,17 +156,20 @@ bool MayBe(const Input& input, UINT first, UINT last)
            (first <= WM_NCMBUTTONDBLCLK && last >= WM_NCMOUSEMOVE);
 }
 
-bool NextInput(Queue& queue, UINT first, UINT last, bool remove, Input& input)
+bool InputAt(Queue& queue, size_t index, Input& input)
 {
     std::lock_guard lock(QueueLock());
-    const auto found = std::find_if(queue.input.begin(), queue.input.end(),
-                                    [=](const Input& each) { return MayBe(each, first, last); });
-    if (found == queue.input.end())
+    if (index >= queue.input.size())
         return false;
-    input = *found;
-    if (remove)
-        queue.input.erase(found);
+    input = queue.input[index];
     return true;
+}
+
+void RemoveInput(Queue& queue, size_t index)
+{
+    std::lock_guard lock(QueueLock());
+    if (index < queue.input.size())
+        queue.input.erase(queue.input.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
 bool MakeKeyMessage(Queue& queue, const Input& input, MSG& message)
@@ -309,6 +312,12 @@ bool MakeMouseMessage(Queue& queue, const Input& input, bool remove, MSG& messag
     return true;
 }
 
+bool MakeMessage(Queue& queue, const Input& input, bool remove, MSG& message)
+{
+    return IsMouse(input) ? MakeMouseMessage(queue, input, remove, message)
+                          : MakeKeyMessage(queue, input, message);
+}
+
 char16_t CharacterOf(const Queue& queue, WPARAM key)
 {
     if (LOWORD(key) == VK_PACKET)
@@ -356,21 +365,32 @@ void TypeCharacter(char16_t character)
 
 bool TakeInput(Queue& queue, HWND window, UINT first, UINT last, bool remove, MSG& message)
 {
-    Input input;
-    while (NextInput(queue, first, last, remove, input)) {
-        if (remove)
-            NoteKeys(queue.keys, input);
-        const bool made = IsMouse(input) ? MakeMouseMessage(queue, input, remove, message)
-                                         : MakeKeyMessage(queue, input, message);
-        const bool wanted =
-            made && (window == nullptr || message.hwnd == window || IsChild(window, message.hwnd)) &&
-            ((first == 0 && last == 0) || (message.message >= first && message.message <= last));
-        if (wanted && remove && message.message == WM_KEYDOWN && message.wParam == VK_F1)
-            PostMessageW(message.hwnd, kHelpKeyMessage, 0, 0);
-        if (wanted)
-            return true;
-        if (!remove)
+    const bool anyMessage = first == 0 && last == 0;
+    const auto isForOthers = [&](const Input& input) {
+        if ((window == nullptr && anyMessage) || !MakeMessage(queue, input, false, message))
             return false;
+        return (window != nullptr && message.hwnd != window && !IsChild(window, message.hwnd)) ||
+               (!anyMessage && (message.message < first || message.message > last));
+    };
+    Input input;
+    for (size_t index = 0; InputAt(queue, index, input);) {
+        if (!MayBe(input, first, last) || isForOthers(input)) {
+            ++index;
+            continue;
+        }
+        if (!remove) {
+            if (MakeMessage(queue, input, false, message))
+                return true;
+            ++index;
+            continue;
+        }
+        RemoveInput(queue, index);
+        NoteKeys(queue.keys, input);
+        if (!MakeMessage(queue, input, true, message))
+            continue;
+        if (message.message == WM_KEYDOWN && message.wParam == VK_F1)
+            PostMessageW(message.hwnd, kHelpKeyMessage, 0, 0);
+        return true;
     }
     return false;
 }

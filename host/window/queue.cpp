@@ -30,11 +30,13 @@ bool InRange(UINT message, UINT first, UINT last)
     return (first == 0 && last == 0) || (message >= first && message <= last);
 }
 
+const HWND kNoWindow = reinterpret_cast<HWND>(-1); // a filter for what was posted to the thread
+
 bool IsFor(const MSG& message, HWND window)
 {
     if (window == nullptr || message.hwnd == window)
         return true;
-    return window == reinterpret_cast<HWND>(-1) ? message.hwnd == nullptr : IsChild(window, message.hwnd);
+    return window == kNoWindow ? message.hwnd == nullptr : IsChild(window, message.hwnd);
 }
 
 bool TakePosted(Queue& queue, HWND window, UINT first, UINT last, bool remove, MSG& message)
@@ -441,7 +443,7 @@ BOOL WINAPI PeekMessageW(LPMSG message, HWND window, UINT first, UINT last, UINT
 BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last)
 {
     HOST_CALL_VOID(GetMessageW);
-    if (message == nullptr || (window != nullptr && WindowOf(window) == nullptr))
+    if (message == nullptr || (window != nullptr && window != kNoWindow && WindowOf(window) == nullptr))
         return -1;
     const std::shared_ptr<Queue> queue = CurrentQueue();
     const uint64_t start = RoomTime();

@@ -64,6 +64,7 @@ struct DialogState
     HWND savedFocus = nullptr;
     int defaultId = 0; // 0: none
     bool modal = false;
+    bool stopsOwner = false; // disabled its owner, which was enabled before
     bool ended = false;
     INT_PTR result = 0;
 };

@@ -215,6 +215,9 @@ TEST(Dialog, OwnerIsDisabledMeanwhileAndActiveAfterwards)
     EXPECT_FALSE(of.ownerEnabled);
     EXPECT_TRUE(IsWindowEnabled(owner));
     EXPECT_EQ(GetActiveWindow(), owner);
+    EnableWindow(owner, FALSE);
+    Play(of);
+    EXPECT_FALSE(IsWindowEnabled(owner)) << "another dialog had stopped it before";
     DestroyWindow(owner);
 }
 

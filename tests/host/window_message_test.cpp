@@ -208,6 +208,13 @@ TEST_F(WindowTest, FiltersLeaveOtherMessagesWhereTheyAre)
     EXPECT_EQ(message.wParam, 1u);
     ASSERT_TRUE(PeekMessageW(&message, window, WM_USER, WM_USER + 1, PM_REMOVE));
     EXPECT_EQ(message.wParam, 2u);
+    PostMessageW(window, WM_USER, 3, 0);
+    PostThreadMessageW(GetCurrentThreadId(), WM_USER, 4, 0);
+    const HWND noWindow = reinterpret_cast<HWND>(-1);
+    EXPECT_EQ(GetMessageW(&message, noWindow, 0, 0), TRUE);
+    EXPECT_EQ(message.wParam, 4u) << "what was posted to the thread";
+    EXPECT_EQ(GetMessageW(&message, window, 0, 0), TRUE);
+    EXPECT_EQ(message.wParam, 3u);
 }
 
 TEST_F(WindowTest, TimerMessagesComeUntilTheTimerIsKilled)

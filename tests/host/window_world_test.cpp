@@ -121,6 +121,31 @@ TEST_F(Windows, TypedTextAndClicksReachTheControls)
     EXPECT_EQ(std::u16string(typed), u"Ab1! \u3042");
 }
 
+TEST_F(Windows, FiltersLeaveOtherWindowsInput)
+{
+    const auto make = [](int left) {
+        return CreateWindowExW(0, TEXT("EDIT"), nullptr, WS_POPUP | WS_VISIBLE, left, 0, 100, 100, nullptr,
+                               nullptr, nullptr, nullptr);
+    };
+    const HWND other = make(0);
+    const HWND typedInto = make(200);
+    SetFocus(typedInto);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+    host::PressKeyDown('A');
+    host::MoveMouse(50, 50);
+    EXPECT_FALSE(PeekMessageW(&message, other, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE));
+    EXPECT_FALSE(PeekMessageW(&message, typedInto, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE));
+    EXPECT_TRUE(PeekMessageW(&message, other, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message, UINT{WM_MOUSEMOVE});
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message, UINT{WM_KEYDOWN});
+    EXPECT_EQ(message.hwnd, typedInto);
+    DestroyWindow(other);
+    DestroyWindow(typedInto);
+}
+
 TEST_F(Windows, MessageBoxIsAnsweredByKeysAndItsOwnerWaits)
 {
     struct
