@@ -7,17 +7,15 @@
 
 #include "host/gdi/surface.h"
 #include "host/host.h"
+#include "tests/host/memory_world.h"
 
 namespace {
 
 constexpr uint32_t kWhite = 0xFFFFFF;
 
-class GdiWorld : public testing::Test
+class GdiWorld : public MemoryWorld
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(host::Open({":memory:"}, nullptr)); }
-    void TearDown() override { host::Close(); }
-
     static uint64_t WhitePixels(const host::Surface& surface)
     {
         uint64_t count = 0;

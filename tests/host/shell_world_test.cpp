@@ -16,21 +16,17 @@
 
 #include "host/host.h"
 #include "tests/host/last_error.h"
+#include "tests/host/memory_world.h"
 
 namespace {
 
-class Shell : public testing::Test
+class Shell : public MemoryWorld
 {
 protected:
-    void SetUp() override
-    {
-        std::string error;
-        ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
-    }
     void TearDown() override
     {
         EXPECT_EQ(host::OpenObjects(), host::Ledger());
-        host::Close();
+        MemoryWorld::TearDown();
     }
 
     static std::string Content(const char16_t* path)

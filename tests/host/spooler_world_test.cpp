@@ -16,6 +16,7 @@
 
 #include "host/host.h"
 #include "tests/host/last_error.h"
+#include "tests/host/memory_world.h"
 
 namespace {
 
@@ -31,17 +32,14 @@ WCHAR* Name(const WCHAR* text)
     return const_cast<WCHAR*>(text);
 }
 
-class SpoolerWorld : public testing::Test
+class SpoolerWorld : public MemoryWorld
 {
 protected:
     void SetUp() override
     {
-        std::string error;
-        ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
+        MemoryWorld::SetUp();
         WriteSource("one");
     }
-
-    void TearDown() override { host::Close(); }
 
     static void WriteSource(const std::string& bytes)
     {

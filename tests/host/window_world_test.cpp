@@ -9,19 +9,11 @@
 
 #include "host/host.h"
 #include "host/window/dialog_template.h"
+#include "tests/host/memory_world.h"
 
 namespace {
 
-class Windows : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        std::string error;
-        ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
-    }
-    void TearDown() override { host::Close(); }
-};
+using Windows = MemoryWorld;
 
 /// A dialog with a default OK button, an edit control and a push button (100) that opens a message box.
 std::vector<WORD> DialogWords()

@@ -15,30 +15,17 @@
 #include "host/host.h"
 #include "host/kernel/resource.h"
 #include "tests/host/last_error.h"
+#include "tests/host/memory_world.h"
 
 namespace {
 
-class World : public testing::Test
+class World : public MemoryWorld
 {
 protected:
-    void SetUp() override
-    {
-        std::string error;
-        ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
-        before_ = host::OpenObjects();
-    }
-    void TearDown() override
-    {
-        host::Close();
-        EXPECT_EQ(host::OpenObjects(), before_);
-    }
-
     static HANDLE Create(const char16_t* path)
     {
         return CreateFileW(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     }
-
-    host::Ledger before_;
 };
 
 TEST(Worlds, FollowEachOtherAndForgetNothingButTheTemporary)
