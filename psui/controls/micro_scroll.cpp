@@ -86,7 +86,7 @@ void OnCreate(HWND window, MicroScrollRecord& record, const CREATESTRUCTW& creat
     WCHAR text[kTextUnits];
     uint16_t fields[3];
     if (!(record.style & MUS_TEXTRANGE) || GetWindowTextW(window, text, kTextUnits) == 0 ||
-        !ReadThreeFields(text, fields))
+        !ReadThreeFields(text, fields) || fields[0] > fields[1])
         return;
     record.minimum = fields[0];
     record.maximum = fields[1];

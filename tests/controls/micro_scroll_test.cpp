@@ -132,6 +132,10 @@ TEST_F(OwnClasses, MicroScrollTakesRangeAndPosition)
     EXPECT_EQ(SendMessageW(control, MUS_GETCOLOR, 2, 0), 0x123456);
     EXPECT_EQ(SendMessageW(control, WM_USER, 0, 0), 0);
     EXPECT_EQ(SendMessageW(control, MUS_SETASSOCIATE, 0, 0), -1);
+
+    const HWND reversed = Create(kMicroScrollClass, TEXT("20,0,5"), MUS_VERTICAL | MUS_TEXTRANGE);
+    EXPECT_EQ(SendMessageW(reversed, MUS_GETRANGE, 0, 0), MAKELONG(0, 9))
+        << "a range that ends first is none";
 }
 
 TEST_F(OwnClasses, MicroScrollRepeatsWhileItsHalfIsHeld)

@@ -81,6 +81,30 @@ TEST(BasicMedia, BringsItsQualityAndClearsWhatItCannotDo)
     EXPECT_FALSE(TakeQuality(record, 3)) << "glossy paper has three qualities";
 }
 
+TEST(BasicMedia, SettlesDryingDirectionAndDeviceOptions)
+{
+    constexpr struct
+    {
+        DWORD media;
+        uint32_t slowDrying, otherDirection, options;
+    } kCases[] = {
+        {1, 0, 1, 3},   {261, 0, 0, 3}, {262, 0, 0, 3}, {263, 0, 0, 3}, {264, 0, 0, 0},
+        {265, 0, 0, 0}, {266, 0, 1, 3}, {268, 0, 1, 3}, {269, 0, 0, 3}, {270, 0, 0, 3},
+        {271, 0, 0, 3}, {272, 1, 1, 3}, {273, 0, 0, 3},
+    };
+    for (const auto& each : kCases) {
+        DriverDevMode record = PlainA4();
+        PrivateDevMode& settings = record.dmPrivate;
+        settings.dwSdPaper = settings.dwDirModeOther = settings.dwDirChoiceOther = 1;
+        settings.dwDeviceOptions = kMirrorPrinting | kReversePrinting;
+        TakeMedia(record, each.media);
+        EXPECT_EQ(settings.dwSdPaper, each.slowDrying) << each.media;
+        EXPECT_EQ(settings.dwDirChoiceOther, each.otherDirection) << each.media;
+        EXPECT_EQ(settings.dwDirModeOther, each.otherDirection) << each.media;
+        EXPECT_EQ(settings.dwDeviceOptions, each.options) << each.media;
+    }
+}
+
 TEST(BasicPaper, IsRefusedByQualityMediaBookletAndDuplex)
 {
     struct Case
@@ -253,6 +277,39 @@ TEST(BasicEnables, FollowTheRecord)
         {"A5", IDC_BORDERLESS, false,
          [](PrinterUiContext& c) { c.dmWork.dmPublic.dmPaperSize = DMPAPER_A5; }},
         {"draft", IDC_BORDERLESS, false, [](PrinterUiContext& c) { c.dmWork.dmPrivate.bQualityLevel = 0; }},
+        {"transparency", IDC_BORDERLESS, false,
+         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaTransparency; }},
+        {"best quality", IDC_BORDERLESS, true,
+         [](PrinterUiContext& c) { c.dmWork.dmPrivate.bQualityLevel = 5; }},
+        {"best quality with borders", IDC_BORDERLESS, false,
+         [](PrinterUiContext& c) {
+             c.dmWork.dmPrivate.bQualityLevel = 5;
+             c.dmWork.dmPrivate.wModelType = kModelBordersBestQuality;
+         }},
+        {"booklet", IDC_BORDERLESS, false, [](PrinterUiContext& c) { c.dmWork.dmPrivate.bBookletFlags = 1; }},
+        {"booklet", IDC_LAYOUT, false, [](PrinterUiContext& c) { c.dmWork.dmPrivate.bBookletFlags = 1; }},
+        {"booklet of two", IDC_PAGE_ORDER, false,
+         [](PrinterUiContext& c) {
+             c.dmWork.dmPrivate.bBookletFlags = 1;
+             c.dmWork.dmPrivate.dwPagesPerSheet = 2;
+         }},
+        {"inkjet paper", IDC_SLOW_DRYING, false,
+         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaInkjet; }},
+        {"inkjet paper", IDC_DUPLEX, false,
+         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaInkjet; }},
+        {"address side", IDC_DUPLEX, true,
+         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaHagakiAddress; }},
+        {"copies by hand", IDC_COLLATE, false,
+         [](PrinterUiContext& c) {
+             c.dmWork.dmPublic.dmCopies = 3;
+             c.dmWork.dmPublic.dmDefaultSource = 4;
+         }},
+        {"monochrome", IDC_NATURAL, false, [](PrinterUiContext& c) { c.dmWork.dmPublic.dmColor = 1; }},
+        {"duplex on A3", IDC_DUPLEX_SETTINGS, false,
+         [](PrinterUiContext& c) {
+             c.dmWork.dmPrivate.wDuplexFlags = 0x100;
+             c.dmWork.dmPublic.dmPaperSize = DMPAPER_A3;
+         }},
         {"one copy", IDC_COLLATE, false, [](PrinterUiContext&) {}},
         {"three copies", IDC_COLLATE, true, [](PrinterUiContext& c) { c.dmWork.dmPublic.dmCopies = 3; }},
         {"manual feed", IDC_REVERSE_ORDER, false,
