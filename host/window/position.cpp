@@ -326,10 +326,11 @@ HDWP WINAPI DeferWindowPos(HDWP batch, HWND window, HWND after, int x, int y, in
                            UINT flags)
 {
     HOST_CALL_VOID(DeferWindowPos);
-    if (batch == nullptr || WindowOf(window) == nullptr)
-        return nullptr;
-    static_cast<Batch*>(batch)->places.push_back({window, after, x, y, width, height, flags});
-    return batch;
+    std::unique_ptr<Batch> owned(static_cast<Batch*>(batch));
+    if (owned == nullptr || WindowOf(window) == nullptr)
+        return nullptr; // the batch is over: nobody ends it any more
+    owned->places.push_back({window, after, x, y, width, height, flags});
+    return owned.release();
 }
 
 BOOL WINAPI EndDeferWindowPos(HDWP batch)
