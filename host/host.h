@@ -134,6 +134,10 @@ HOST_EXPORT Ledger OpenObjects();
 /// The system's 8-bit code page: 1252 (initially) or 932.
 HOST_EXPORT void SetCodePage(unsigned codePage);
 
+/// Dots per inch of the screen, 96 initially: what GetDeviceCaps tells, and what dialogs are sized by. Frames
+/// and the system's own fonts stay as they are.
+HOST_EXPORT void SetDotsPerInch(int dotsPerInch);
+
 /// Makes a window of the given class the calling process's active window; an empty name leaves no active
 /// window (the initial state).
 HOST_EXPORT void SetActiveWindowClass(std::u16string_view className);

@@ -1,7 +1,9 @@
 #include "host/gdi/dc.h"
 
+#include <atomic>
 #include <utility>
 
+#include "host/host.h"
 #include "host/kernel/call.h"
 #include "host/kernel/error.h"
 
@@ -10,7 +12,9 @@ namespace {
 
 constexpr int kScreenWidth = 1280; // pixels, of what GetDeviceCaps calls the device
 constexpr int kScreenHeight = 1024;
-constexpr int kDotsPerInch = 96;
+constexpr int kUsualDotsPerInch = 96;
+
+std::atomic<int> dotsPerInch = kUsualDotsPerInch;
 
 /// What a memory device context has selected until the program selects a bitmap of its own.
 const std::shared_ptr<Bitmap>& DefaultBitmap()
@@ -139,12 +143,27 @@ BOOL MovePoints(HDC handle, LPPOINT points, int count, LONG direction)
     return TRUE;
 }
 
-constexpr int Millimetres(int pixels)
+int Millimetres(int pixels)
 {
-    return pixels * 254 / (10 * kDotsPerInch);
+    return pixels * 254 / (10 * dotsPerInch);
 }
 
 } // namespace
+
+void SetDotsPerInch(int wanted)
+{
+    dotsPerInch = wanted;
+}
+
+int DotsPerInch()
+{
+    return dotsPerInch;
+}
+
+void ResetDotsPerInch()
+{
+    dotsPerInch = kUsualDotsPerInch;
+}
 
 POINT DeviceContext::ToSurface(POINT logical) const
 {
@@ -274,7 +293,7 @@ BOOL WINAPI RestoreDC(HDC handle, int saved)
 int WINAPI GetDeviceCaps(HDC handle, int index)
 {
     HOST_CALL_VOID(GetDeviceCaps);
-    constexpr struct
+    const struct
     {
         int index;
         int value;
@@ -295,8 +314,8 @@ int WINAPI GetDeviceCaps(HDC handle, int index)
         {ASPECTX, 36},
         {ASPECTY, 36},
         {ASPECTXY, 51},
-        {LOGPIXELSX, kDotsPerInch},
-        {LOGPIXELSY, kDotsPerInch},
+        {LOGPIXELSX, dotsPerInch},
+        {LOGPIXELSY, dotsPerInch},
         {VREFRESH, 60},
         {DESKTOPHORZRES, kScreenWidth},
         {DESKTOPVERTRES, kScreenHeight},

@@ -49,6 +49,10 @@ HOSTAPI void CloseSurfaceDC(HDC dc);
 /// outside either surface is left out. They may be the same surface.
 HOSTAPI void CopySurface(Surface& to, POINT position, const Surface& from, const RECT& source);
 
+/// Of the screen, and back to what it is when a world opens.
+HOSTAPI int DotsPerInch();
+HOSTAPI void ResetDotsPerInch();
+
 /// Writes an opaque PNG file; false when it cannot be written.
 HOSTAPI bool WritePng(const Surface& surface, const std::filesystem::path& file);
 

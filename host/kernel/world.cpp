@@ -6,6 +6,7 @@
 #include <stdlib.h>
 
 #include "host/gdi/object.h"
+#include "host/gdi/surface.h"
 #include "host/kernel/call.h"
 #include "host/kernel/codepage.h"
 #include "host/kernel/handle.h"
@@ -150,6 +151,7 @@ void Close()
     CloseWindowRoom();
     CloseGdiRoom();
     ResetCodePage();
+    ResetDotsPerInch();
     CloseShellRoom();
     CloseSpoolerRoom();
     CloseRegistryRoom();

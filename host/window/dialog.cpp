@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/gdi/surface.h"
 #include "host/window/classes.h"
 #include "host/window/dialog.h"
 #include "host/window/dialog_template.h"
@@ -35,10 +36,9 @@ HFONT MakeFont(const DialogTemplate& from)
 {
     if (from.points == 0)
         return nullptr;
-    constexpr int kDotsAnInch = 96;
     constexpr int kPointsAnInch = 72;
     LOGFONTW font = {};
-    font.lfHeight = -MulDiv(from.points, kDotsAnInch, kPointsAnInch);
+    font.lfHeight = -MulDiv(from.points, DotsPerInch(), kPointsAnInch);
     font.lfWeight = from.weight;
     font.lfItalic = from.italic;
     font.lfCharSet = from.charset;

@@ -36,7 +36,7 @@ const Facts kFacts = {
     {{3, 50, 59, 1}, {3, 60, 69, 2}},
     {{30, 31}},
     {{23, 21, 200, 201}},
-    {{24, 21, 30, 26}, {24, 22, 30, 26}},
+    {{24, 21, 7}, {24, 22, 7}, {22, 21, 8}},
 };
 
 constexpr int kLetterWidth = 6;
@@ -60,7 +60,7 @@ Findings LayoutFindings()
     CheckTabStops(Faulty(), findings);
     const Meter meter = {96, {kLetterWidth, kLineHeight}, Measure};
     CheckFit(Faulty(), kFacts, meter, findings);
-    CheckPictures(Faulty(), kFacts, meter, findings);
+    CheckPictures(Faulty(), kFacts, {{7, {30, 26}}}, meter, findings);
     return findings;
 }
 
@@ -83,6 +83,7 @@ const Fault kFaults[] = {
     {20, "no room for 'Nine chrs' at 96 dpi, 4 x 0 pixels missing"},
     {21, "no room for '8 chars.' at 96 dpi, 5 x 0 pixels missing"},
     {22, "no room for 'A text for two lines' at 96 dpi, 0 x 6 pixels missing"},
+    {22, "no picture 8"},
     {23, "no room for 'A text that is too long' at 96 dpi, 43 x 0 pixels missing"},
     {24, "30 x 24 pixels for a picture of 30 x 26"},
     {31, "letter H also reaches control 20 (&House, &Help)"},

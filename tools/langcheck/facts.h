@@ -36,12 +36,13 @@ struct Filling
     int indent = 0;
 };
 
-/// The size of the bitmap that the code gives a control, in pixels on every display.
+/// A control that the code makes as large as a bitmap of the library: the largest it shows.
 struct Picture
 {
     unsigned dialog;
     unsigned control;
-    int width, height;
+    unsigned bitmap;
+    int inset = 0; ///< pixels between the control's edge and the picture
 };
 
 struct Facts

@@ -1,6 +1,8 @@
 #include "tools/langcheck/fit.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <fstream>
 
 #include "tools/langcheck/controls.h"
 
@@ -118,18 +120,39 @@ void CheckFit(const Language& language, const Facts& facts, const Meter& meter, 
         CheckFilling(language, row, meter, findings);
 }
 
-void CheckPictures(const Language& language, const Facts& facts, const Meter& meter, Findings& findings)
+PictureSizes ReadPictureSizes(const std::filesystem::path& folder)
+{
+    PictureSizes sizes;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        BITMAPFILEHEADER start;
+        BITMAPINFOHEADER header;
+        std::ifstream file(entry.path(), std::ios::binary);
+        if (entry.path().extension() == ".bmp" && file.read(reinterpret_cast<char*>(&start), sizeof start) &&
+            file.read(reinterpret_cast<char*>(&header), sizeof header))
+            sizes[static_cast<unsigned>(std::atoi(entry.path().stem().c_str()))] = {header.biWidth,
+                                                                                    header.biHeight};
+    }
+    return sizes;
+}
+
+void CheckPictures(const Language& language, const Facts& facts, const PictureSizes& sizes,
+                   const Meter& meter, Findings& findings)
 {
     for (const Picture& row : facts.pictures) {
         const Dialog* dialog = language.Find(row.dialog);
         const Control* control = dialog ? FindControl(*dialog, row.control) : nullptr;
         if (!control)
             continue;
+        const auto size = sizes.find(row.bitmap);
         const Room room = RoomOf(*control, meter, 0);
-        if (room.width < row.width || room.height < row.height)
+        if (size == sizes.end())
+            findings.push_back(PlaceOf(language, *dialog, *control) + "no picture " +
+                               std::to_string(row.bitmap));
+        else if (room.width < row.inset + size->second.width || room.height < row.inset + size->second.height)
             findings.push_back(PlaceOf(language, *dialog, *control) + std::to_string(room.width) + " x " +
                                std::to_string(room.height) + " pixels for a picture of " +
-                               std::to_string(row.width) + " x " + std::to_string(row.height));
+                               std::to_string(size->second.width) + " x " +
+                               std::to_string(size->second.height));
     }
 }
 

@@ -13,8 +13,9 @@ namespace {
 using namespace langcheck;
 
 constexpr char kUsage[] =
-    "Usage: langcheck [--ids=HEADER]... NAME=FILE.res...\n"
-    "Checks compiled language modules against the headers that name their texts, dialogs and controls.\n"
+    "Usage: langcheck [--ids=HEADER]... [--pictures=FOLDER] NAME=FILE.res...\n"
+    "Checks compiled language modules against the headers that name their texts, dialogs and controls, and\n"
+    "against the library's pictures.\n"
     "Prints a line a fault. Exit status: 0 none found, 1 faults found, 2 wrong usage or an unreadable "
     "file.\n";
 
@@ -43,7 +44,14 @@ constexpr WCHAR kFace[] = TEXT("MS Shell Dlg");
 constexpr int kPoints = 8;
 constexpr int kDisplays[] = {96, 120, 144};
 
-bool CheckRoom(const Language& language, const Facts& facts, Findings& findings)
+/// What the modules are checked against.
+struct Product
+{
+    Ids ids;
+    PictureSizes pictures; ///< empty: not checked
+};
+
+bool CheckRoom(const Language& language, const Facts& facts, const PictureSizes& pictures, Findings& findings)
 {
     for (const Dialog& dialog : language.dialogs) {
         if (dialog.face != kFace || dialog.points != kPoints)
@@ -55,36 +63,43 @@ bool CheckRoom(const Language& language, const Facts& facts, Findings& findings)
         if (!meter)
             return false;
         CheckFit(language, facts, *meter, findings);
-        if (dpi == kDisplays[0])
-            CheckPictures(language, facts, *meter, findings);
+        if (dpi == kDisplays[0] && !pictures.empty())
+            CheckPictures(language, facts, pictures, *meter, findings);
     }
     return true;
 }
 
-bool Check(const Language& language, const Ids& ids, Findings& findings)
+bool Check(const Language& language, const Product& product, Findings& findings)
 {
     const Facts& facts = ProductFacts();
-    CheckPresence(language, ids, findings);
-    CheckPlaces(language, ids, findings);
+    CheckPresence(language, product.ids, findings);
+    CheckPlaces(language, product.ids, findings);
     CheckMnemonics(language, facts, findings);
     CheckPlacement(language, facts, findings);
     CheckButtonRows(language, facts, findings);
     CheckTabStops(language, findings);
-    return CheckRoom(language, facts, findings);
+    return CheckRoom(language, facts, product.pictures, findings);
 }
 
-/// Takes one argument, "--ids=HEADER" or "NAME=FILE.res".
-bool Take(const std::string& argument, Ids& ids, std::vector<Language>& languages, std::string& complaint)
+/// Takes one argument, "--ids=HEADER", "--pictures=FOLDER" or "NAME=FILE.res".
+bool Take(const std::string& argument, Product& product, std::vector<Language>& languages,
+          std::string& complaint)
 {
     const size_t sign = argument.find('=');
     const std::string name = argument.substr(0, sign), path = argument.substr(sign + 1);
+    if (name == "--pictures") {
+        if (std::filesystem::is_directory(path))
+            product.pictures = ReadPictureSizes(path);
+        complaint = "no pictures in " + path;
+        return !product.pictures.empty();
+    }
     Bytes bytes;
     if (!Load(path, bytes) || bytes.empty()) {
         complaint = "cannot read " + path;
         return false;
     }
     if (name == "--ids") {
-        ReadIds(std::string(bytes.begin(), bytes.end()), ids);
+        ReadIds(std::string(bytes.begin(), bytes.end()), product.ids);
         return true;
     }
     languages.emplace_back().name = name;
@@ -94,13 +109,13 @@ bool Take(const std::string& argument, Ids& ids, std::vector<Language>& language
     return false;
 }
 
-Exit Run(const std::vector<Language>& languages, const Ids& ids)
+Exit Run(const std::vector<Language>& languages, const Product& product)
 {
     if (!host::Open({":memory:"}, nullptr))
         return Complain("the platform layer does not open");
     Findings findings;
     for (const Language& language : languages) {
-        if (!Check(language, ids, findings))
+        if (!Check(language, product, findings))
             return Complain("texts cannot be measured");
     }
     host::Close();
@@ -113,7 +128,7 @@ Exit Run(const std::vector<Language>& languages, const Ids& ids)
 
 int main(int count, char** arguments)
 {
-    Ids ids;
+    Product product;
     std::vector<Language> languages;
     for (int i = 1; i < count; ++i) {
         const std::string argument = arguments[i];
@@ -124,8 +139,9 @@ int main(int count, char** arguments)
         }
         if (argument.find('=') == std::string::npos)
             return Complain("not NAME=FILE: " + argument + "\n" + kUsage);
-        if (!Take(argument, ids, languages, complaint))
+        if (!Take(argument, product, languages, complaint))
             return Complain(complaint);
     }
-    return languages.empty() ? Complain(std::string("no language module\n") + kUsage) : Run(languages, ids);
+    return languages.empty() ? Complain(std::string("no language module\n") + kUsage)
+                             : Run(languages, product);
 }

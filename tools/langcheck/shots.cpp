@@ -1,17 +1,29 @@
 // langshots: pictures of every dialog of language modules, filled with the longest texts that the code writes
-// into them. Pictures that the library draws are grey fields with the control's id.
+// into them, with the library's own pictures and lists.
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include <windows.h>
 
 #include <commctrl.h>
 
 #include "host/host.h"
+#include "lang/ids/color_settings.h"
+#include "lang/ids/device_options.h"
 #include "lang/ids/dialogs.h"
+#include "lang/ids/favourites.h"
 #include "lang/ids/main_dialog.h"
 #include "lang/ids/strings.h"
+#include "lang/ids/support.h"
+#include "lang/ids/version.h"
+#include "psui/base/module.h"
+#include "psui/controls/color_sample.h"
+#include "psui/controls/owner_draw.h"
+#include "psui/controls/pictures.h"
+#include "psui/maindlg/flags.h"
+#include "psui/maindlg/main_layout.h"
 #include "tools/langcheck/facts.h"
 
 namespace {
@@ -19,11 +31,17 @@ namespace {
 using namespace langcheck;
 
 constexpr char kUsage[] =
-    "Usage: langshots FOLDER VMLANG.DLL...\n"
-    "Writes a PNG a dialog, and one a page where a dialog has pages, to\n"
-    "FOLDER/LANGUAGE-DIALOG[-PAGE].png. The language is the name of the module's folder.\n";
+    "Usage: langshots FOLDER PRODUCT...\n"
+    "Writes a PNG a dialog, and one a page where a dialog has pages, to FOLDER/LANGUAGE-DIALOG[-PAGE].png, "
+    "and\n"
+    "the main dialog on finer displays to FOLDER/LANGUAGE-DIALOG-PAGE@DPI.png. A product is a folder with\n"
+    "psui.dll and VMLANG.DLL; its name is the language.\n";
 
 constexpr int kMostText = 256;
+constexpr int kListItemHeight = 36;     // pixels
+constexpr UINT kServicePicture = 10800; // the number that the version page has its picture painted by
+constexpr int kUsualDisplay = 96;       // dots per inch
+constexpr int kFinerDisplays[] = {120, 144};
 constexpr unsigned kDialogs[] = {IDD_SUPPORT,      IDD_SUMMARY_TEXT,   IDD_USER_PAPER,    IDD_NOTICE,
                                  IDD_DUPLEX,       IDD_COLOR_SETTINGS, IDD_WATERMARK,     IDD_WATERMARK_PAGES,
                                  IDD_CUSTOM_COLOR, IDD_COLOR_MATCHING, IDD_SAVE_FAVOURITE};
@@ -39,51 +57,108 @@ WideString TextOf(HMODULE module, unsigned id)
     return WideString(text, static_cast<size_t>(length));
 }
 
-void DrawPlaceholder(const DRAWITEMSTRUCT& item)
+/// What the painters draw from, in the language of the pictures.
+struct Scene
 {
-    const std::string digits = std::to_string(item.CtlID);
-    const WideString number(digits.begin(), digits.end());
-    RECT box = item.rcItem;
-    FillRect(item.hDC, &box, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
-    SetBkMode(item.hDC, TRANSPARENT);
-    DrawTextW(item.hDC, number.c_str(), -1, &box, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
-}
+    psui::DriverDevMode record = {};
+    std::vector<psui::FavouriteItem> favourites;
 
-void DrawListItem(const DRAWITEMSTRUCT& item)
-{
-    WCHAR text[kMostText] = {};
-    const UINT getText = item.CtlType == ODT_LISTBOX ? LB_GETTEXT : CB_GETLBTEXT;
-    SendMessageW(item.hwndItem, getText, item.itemID, reinterpret_cast<LPARAM>(text));
-    RECT box = item.rcItem;
-    SetBkMode(item.hDC, TRANSPARENT);
-    DrawTextW(item.hDC, text, -1, &box, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-}
-
-bool IsSidePanelLine(HWND window)
-{
-    for (const Filling& row : ProductFacts().fillings) {
-        if (row.dialog == IDD_MAIN && GetDlgItem(GetParent(window), static_cast<int>(row.control)) == window)
-            return true;
+    explicit Scene(HMODULE module)
+    {
+        record.dmPublic.dmOrientation = DMORIENT_PORTRAIT;
+        record.dmPublic.dmColor = DMCOLOR_COLOR;
+        record.dmPublic.dmCopies = 3;
+        record.dmPrivate.dwPagesPerSheet = 1;
+        record.dmPrivate.bQualityLevel = psui::kQualityPhotoFine - 1;
+        record.dmPrivate.dwColorModeOn = 1;
+        record.dmPrivate.bTailCollate = 1;
+        record.dmPrivate.bFitToPaper = 1;
+        record.dmPrivate.wDuplexFlags = psui::kDuplexOn;
+        for (unsigned id = IDS_FAVOURITE_STANDARD; id <= IDS_FAVOURITE_CUSTOM; ++id) {
+            psui::FavouriteItem item = {id - IDS_FAVOURITE_STANDARD, {}};
+            lstrcpynW(item.name, TextOf(module, id).c_str(), psui::kFavouriteTextUnits);
+            favourites.push_back(item);
+        }
     }
+
+    void Draw(HWND dialog, const DRAWITEMSTRUCT& item) const
+    {
+        constexpr uint32_t kColorModes[] = {2, 1};
+        const psui::OwnerDrawSource source = {
+            .language = psui::hLangModule,
+            .deviceName = TEXT("Velmora Palette 940 Printer"),
+            .colorModes = kColorModes,
+            .favourites = favourites,
+            .linkHover = false,
+            .bannerDiagnostics = false,
+        };
+        DRAWITEMSTRUCT request = item;
+        if (request.CtlID == IDC_VERSION_PICTURE)
+            request.CtlID = kServicePicture;
+        if (request.CtlID == IDC_SAMPLE)
+            psui::DrawColorSample(request, record);
+        else
+            psui::DrawOwnerItem(dialog, request, source, record);
+    }
+};
+
+const Scene* scene; // of the language at work
+
+/// The template that a dialog was made from.
+unsigned TemplateOf(HWND dialog)
+{
+    return static_cast<unsigned>(GetWindowLongPtrW(dialog, DWLP_USER));
+}
+
+bool IsSidePanelLine(HWND dialog, HWND window)
+{
+    for (const Filling& row : ProductFacts().fillings)
+        if (row.dialog == TemplateOf(dialog) && row.dialog == IDD_MAIN &&
+            GetDlgItem(dialog, static_cast<int>(row.control)) == window)
+            return true;
     return false;
 }
 
-INT_PTR CALLBACK ShowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
+/// Whether a control stands on white: on the version page, or on the panel of the support dialog.
+bool StandsOnWhite(HWND dialog, HWND window)
+{
+    RECT place, panel, common;
+    return TemplateOf(dialog) == IDD_VERSION ||
+           (TemplateOf(dialog) == IDD_SUPPORT && GetWindowRect(window, &place) &&
+            GetWindowRect(GetDlgItem(dialog, IDC_SUPPORT_PANEL), &panel) &&
+            IntersectRect(&common, &place, &panel));
+}
+
+INT_PTR White(HDC dc)
+{
+    SetBkColor(dc, RGB(255, 255, 255));
+    return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+}
+
+INT_PTR ColorOf(HWND dialog, HDC dc, HWND control)
+{
+    if (StandsOnWhite(dialog, control))
+        return White(dc);
+    if (!IsSidePanelLine(dialog, control))
+        return FALSE;
+    SetTextColor(dc, kSidePanelBlue);
+    return White(dc);
+}
+
+INT_PTR CALLBACK ShowProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_INITDIALOG:
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         return TRUE;
-    case WM_DRAWITEM: {
-        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        item.CtlType == ODT_BUTTON ? DrawPlaceholder(item) : DrawListItem(item);
+    case WM_DRAWITEM:
+        scene->Draw(dialog, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
-    }
+    case WM_CTLCOLORDLG:
+        return TemplateOf(dialog) == IDD_VERSION ? White(reinterpret_cast<HDC>(wParam)) : FALSE;
     case WM_CTLCOLORSTATIC:
-        if (!IsSidePanelLine(reinterpret_cast<HWND>(lParam)))
-            return FALSE;
-        SetTextColor(reinterpret_cast<HDC>(wParam), kSidePanelBlue);
-        SetBkColor(reinterpret_cast<HDC>(wParam), RGB(255, 255, 255));
-        return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    case WM_CTLCOLORBTN:
+        return ColorOf(dialog, reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
     }
     return FALSE;
 }
@@ -102,9 +177,11 @@ void Fill(HMODULE module, HWND dialog, const Filling& row)
         const WideString text = TextOf(module, id);
         if (text.empty() && row.first)
             continue;
-        if (combo || list)
-            SendMessageW(control, combo ? CB_ADDSTRING : LB_ADDSTRING, 0,
-                         reinterpret_cast<LPARAM>(text.c_str()));
+        if (combo || list) {
+            const LRESULT place = SendMessageW(control, combo ? CB_ADDSTRING : LB_ADDSTRING, 0,
+                                               reinterpret_cast<LPARAM>(text.c_str()));
+            SendMessageW(control, combo ? CB_SETITEMDATA : LB_SETITEMDATA, static_cast<WPARAM>(place), place);
+        }
         longest = text.size() > longest.size() ? text : longest;
     }
     if (combo)
@@ -113,13 +190,43 @@ void Fill(HMODULE module, HWND dialog, const Filling& row)
         SetWindowTextW(control, (start + longest).c_str());
 }
 
+/// A control of its class as a user finds it: in the middle of its range.
+BOOL CALLBACK Prepare(HWND control, LPARAM)
+{
+    constexpr LPARAM kRange = MAKELPARAM(static_cast<WORD>(-20), 20);
+    WCHAR className[32] = {};
+    GetClassNameW(control, className, 32);
+    if (lstrcmpiW(className, TRACKBAR_CLASSW) == 0) {
+        SendMessageW(control, TBM_SETRANGE, FALSE, kRange);
+        SendMessageW(control, TBM_SETPOS, TRUE, 0);
+    } else if (lstrcmpiW(className, TEXT("ScrollBar")) == 0) {
+        SetScrollRange(control, SB_CTL, -20, 20, FALSE);
+        SetScrollPos(control, SB_CTL, 0, TRUE);
+    } else if (lstrcmpiW(className, TEXT("Edit")) == 0 &&
+               GetWindowLongPtrW(control, GWL_STYLE) & ES_READONLY &&
+               !(GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE)) {
+        SetWindowTextW(control, TEXT("0"));
+    }
+    return TRUE;
+}
+
 HWND Create(HMODULE module, unsigned id, HWND parent)
 {
-    const HWND dialog = CreateDialogParamW(module, MAKEINTRESOURCEW(id), parent, ShowProc, 0);
-    for (const Filling& row : ProductFacts().fillings) {
-        if (dialog && row.dialog == id)
+    const HWND dialog =
+        CreateDialogParamW(module, MAKEINTRESOURCEW(id), parent, ShowProc, static_cast<LPARAM>(id));
+    if (!dialog)
+        return nullptr;
+    for (const unsigned list : {IDC_FAVOURITES, IDC_SLOT_LIST, IDC_OPTION_LIST})
+        SendDlgItemMessageW(dialog, static_cast<int>(list), LB_SETITEMHEIGHT, 0, kListItemHeight);
+    for (const Filling& row : ProductFacts().fillings)
+        if (row.dialog == id)
             Fill(module, dialog, row);
-    }
+    EnumChildWindows(dialog, Prepare, 0);
+    for (const Picture& row : ProductFacts().pictures)
+        if (row.dialog == id && row.inset == 0)
+            psui::FitControlToBitmap(dialog, static_cast<int>(row.control), row.bitmap);
+    if (id == IDD_MAIN)
+        psui::LayOutPictures(dialog);
     return dialog;
 }
 
@@ -128,11 +235,12 @@ struct Album
     std::filesystem::path folder;
     std::string language;
     HMODULE module;
-    bool whole = true; ///< every picture could be made
+    std::string display = {}; ///< what the names of its pictures end with
+    bool whole = true;        ///< every picture could be made
 
     void Shoot(HWND window, const std::string& name)
     {
-        const std::filesystem::path file = folder / (language + "-" + name + ".png");
+        const std::filesystem::path file = folder / (language + "-" + name + display + ".png");
         ShowWindow(window, SW_SHOW);
         if (!window || !host::ShootWindow(window, file)) {
             std::fprintf(stderr, "langshots: no picture %s\n", file.c_str());
@@ -216,30 +324,53 @@ void ShootPages(Album& album, unsigned id)
     DestroyWindow(dialog);
 }
 
-/// The library registers the real one; a module has only its place.
-void RegisterMicroScroll()
+/// The library of a folder, at work with the language module beside it, until this goes.
+class Product
 {
-    WNDCLASSW description{};
-    description.style = CS_GLOBALCLASS;
-    description.lpszClassName = TEXT("CL_MUS");
-    description.lpfnWndProc = DefWindowProcW;
-    description.hbrBackground = static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH));
-    RegisterClassW(&description);
-}
+public:
+    explicit Product(const std::filesystem::path& folder)
+        : library_(LoadLibraryW(host::WindowsPath(folder / "psui.dll").c_str())),
+          language_(LoadLibraryW(host::WindowsPath(folder / "VMLANG.DLL").c_str()))
+    {
+        psui::hOwnModule = library_;
+        psui::hLangModule = language_;
+    }
+    ~Product()
+    {
+        psui::hOwnModule = psui::hLangModule = nullptr;
+        FreeLibrary(language_);
+        FreeLibrary(library_);
+    }
+    Product(const Product&) = delete;
+    Product& operator=(const Product&) = delete;
 
-bool ShootModule(const std::filesystem::path& folder, const std::filesystem::path& file)
+    HMODULE language() const { return library_ ? language_ : nullptr; }
+
+private:
+    HMODULE library_;
+    HMODULE language_;
+};
+
+bool ShootProduct(const std::filesystem::path& folder, const std::filesystem::path& product)
 {
-    const HMODULE module = LoadLibraryExW(host::WindowsPath(file).c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    if (!module) {
-        std::fprintf(stderr, "langshots: cannot load %s\n", file.c_str());
+    const Product loaded(product);
+    if (!loaded.language()) {
+        std::fprintf(stderr, "langshots: no psui.dll and VMLANG.DLL in %s\n", product.c_str());
         return false;
     }
-    Album album{folder, file.parent_path().filename(), module};
+    const Scene drawn(loaded.language());
+    scene = &drawn;
+    Album album{folder, product.filename(), loaded.language()};
     ShootDialogs(album);
     ShootSheetPages(album);
     ShootMainDialog(album);
     ShootPages(album, IDD_DEVICE_OPTIONS);
-    FreeLibrary(module);
+    for (const int dpi : kFinerDisplays) {
+        host::SetDotsPerInch(dpi);
+        album.display = "@" + std::to_string(dpi);
+        ShootMainDialog(album);
+    }
+    host::SetDotsPerInch(kUsualDisplay);
     return album.whole;
 }
 
@@ -255,10 +386,9 @@ int main(int count, char** arguments)
         return 1;
     std::filesystem::create_directories(arguments[1]);
     InitCommonControls();
-    RegisterMicroScroll();
     bool whole = true;
     for (int i = 2; i < count; ++i)
-        whole = ShootModule(arguments[1], std::filesystem::absolute(arguments[i])) && whole;
+        whole = ShootProduct(arguments[1], std::filesystem::canonical(arguments[i])) && whole;
     host::Close();
     return whole ? 0 : 1;
 }

@@ -4,31 +4,58 @@ Layouts: BITMAPINFOHEADER, ICONDIR and CURSORDIR as the platform publishes them.
 """
 
 import struct
+from collections import Counter
 
 _HEADER = struct.Struct("<IiiHHIIiiII")
 _MOST_COLOURS = 256
 _PIXELS_PER_METRE = 3780  # 96 to the inch
 
 
+def _channels(colour):
+    return [colour >> shift & 0xFF for shift in (16, 8, 0)]
+
+
+def _widest(counts):
+    """How far a group of colours reaches in its widest channel, and which that is."""
+    spans = [max(channel) - min(channel) for channel in zip(*map(_channels, counts))]
+    return max(spans), spans.index(max(spans))
+
+
+def _halves(counts):
+    """A group of colours cut at the median of its widest channel; both halves have colours."""
+    channel = _widest(counts)[1]
+    ordered = sorted(counts, key=lambda colour: (_channels(colour)[channel], colour))
+    half, seen = sum(counts.values()) / 2, 0
+    for cut, colour in enumerate(ordered[:-1], 1):
+        seen += counts[colour]
+        if seen >= half:
+            break
+    return [{c: counts[c] for c in part} for part in (ordered[:cut], ordered[cut:])]
+
+
+def _average(counts):
+    pixels = sum(counts.values())
+    sums = [sum(_channels(c)[i] * n for c, n in counts.items()) for i in range(3)]
+    red, green, blue = ((s + pixels // 2) // pixels for s in sums)
+    return red << 16 | green << 8 | blue
+
+
 def _reduced(rows, key):
-    """The rows with at most 256 colours, keeping the key exact: channels lose bits until it is enough."""
-    for bits in (8, 7, 6, 5, 4, 3):
-        step, half = 1 << (8 - bits), (1 << (8 - bits)) >> 1
-
-        def channel(value):
-            return min(255, (value + half) // step * step) if bits < 8 else value
-
-        def reduce(colour):
-            if colour == key:
-                return colour
-            red, green, blue = (channel(colour >> shift & 0xFF) for shift in (16, 8, 0))
-            reduced = red << 16 | green << 8 | blue
-            return reduced if reduced != key else reduced ^ 0x000800
-
-        known = {colour: reduce(colour) for colour in {c for row in rows for c in row}}
-        if len(set(known.values())) <= _MOST_COLOURS:
-            return [[known[c] for c in row] for row in rows]
-    raise ValueError("a picture of eight colours a channel is too colourful")
+    """The rows with at most 256 colours, the key kept exact: the group of colours that is worst shown by one colour
+    is halved until there are enough groups."""
+    counts = Counter(c for row in rows for c in row)
+    if len(counts) <= _MOST_COLOURS:
+        return rows
+    counts.pop(key, None)
+    groups = [dict(counts)]
+    while len(groups) < _MOST_COLOURS - 1:
+        worst = max(range(len(groups)), key=lambda i: _widest(groups[i])[0] ** 2 * sum(groups[i].values()))
+        groups[worst:worst + 1] = _halves(groups[worst])
+    known = {key: key}
+    for group in groups:
+        shown = _average(group)
+        known.update(dict.fromkeys(group, shown if shown != key else shown ^ 0x000800))
+    return [[known[c] for c in row] for row in rows]
 
 
 def bitmap8(rows, key):

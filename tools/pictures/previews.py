@@ -112,7 +112,7 @@ def sheet_previews():
                 yield base + order, several(place, n, n, ordered(n, order))
 
 
-def stack(canvas, x, y, numbers, width=22, height=28, step=6):
+def stack(canvas, x, y, numbers, width=20, height=28, step=5):
     """Sheets in a pile; the first number lies on top."""
     for i, number in reversed(list(enumerate(numbers))):
         left, top = x + i * step, y + (len(numbers) - 1 - i) * 4
@@ -131,9 +131,9 @@ def collate_previews():
         13256: [[3, 3], [2, 2], [1, 1]],
     }
     for number, sets in piles.items():
-        canvas = Canvas(104, 44, BUTTON_FACE)
-        spans = [22 + 6 * (len(numbers) - 1) for numbers in sets]
-        gap = 6
+        canvas = Canvas(88, 40, BUTTON_FACE)
+        spans = [20 + 5 * (len(numbers) - 1) for numbers in sets]
+        gap = 5
         x = (canvas.width - sum(spans) - gap * (len(sets) - 1)) // 2
         for numbers, span in zip(sets, spans):
             stack(canvas, x, (canvas.height - 28 - 4 * (len(numbers) - 1)) // 2, numbers)

@@ -2,11 +2,12 @@
 
 import math
 
+import sample
 from canvas import Canvas
 from style import (BLUE, BLUE_DEEP, BLUE_LIGHT, BUTTON_FACE, EDGE, FULL, GREEN, INK, KEY_OLIVE, NEUTRAL, RED, WARM,
                    WHITE, Ink, blend, photo, sheet, text_lines)
 
-BANNER_HEIGHT = 40
+BANNER_HEIGHT = 38
 BANNER_TOP, BANNER_BOTTOM = 0x1B4F9C, 0x0C2A5B
 
 
@@ -25,9 +26,9 @@ def banner_logo():
     """Three inks that become a sheet, left of the model's name."""
     canvas = Canvas(118, BANNER_HEIGHT, ground=banner_colour(BANNER_HEIGHT // 2))
     for x, colour in ((16, 0x35B6E8), (27, 0xE8468C), (38, 0xF7C842)):
-        canvas.context.move_to(x, 9)
-        canvas.context.curve_to(x + 10, 19, x + 9, 31, x, 31)
-        canvas.context.curve_to(x - 9, 31, x - 10, 19, x, 9)
+        canvas.context.move_to(x, 8)
+        canvas.context.curve_to(x + 10, 18, x + 9, 30, x, 30)
+        canvas.context.curve_to(x - 9, 30, x - 10, 18, x, 8)
         canvas.fill(colour, 0.92)
     canvas.text(56, BANNER_HEIGHT / 2, "Velmora", 16, WHITE, italic=True, centred=False)
     return canvas
@@ -38,11 +39,11 @@ def link(face, edge, down=0):
     canvas = Canvas(52, BANNER_HEIGHT)
     for y in range(BANNER_HEIGHT):
         canvas.box(0, y, 52, 1, banner_colour(y))
-    canvas.rounded(5.5, 4.5, 41, 31, 5)
+    canvas.rounded(5.5, 4.5, 41, 29, 5)
     canvas.fill(face)
-    canvas.rounded(5.5, 4.5, 41, 31, 5)
+    canvas.rounded(5.5, 4.5, 41, 29, 5)
     canvas.stroke(edge)
-    x, y = 23 + down, 20 + down
+    x, y = 23 + down, 19 + down
     c = canvas.context
     canvas.circle(x, y, 10, WHITE)
     c.save()
@@ -84,15 +85,15 @@ def fit_to_paper():
 
 
 def outlined_letter():
-    canvas = Canvas(32, 32, BUTTON_FACE)
+    canvas = Canvas(19, 19, BUTTON_FACE)
     c = canvas.context
     c.select_font_face("Liberation Sans", 0, 1)
-    c.set_font_size(32)
+    c.set_font_size(22)
     extents = c.text_extents("A")
-    c.move_to(16 - extents.width / 2 - extents.x_bearing, 16 + extents.height / 2)
+    c.move_to(9.5 - extents.width / 2 - extents.x_bearing, 9.5 + extents.height / 2)
     c.text_path("A")
     canvas.fill_preserved(WHITE)
-    canvas.stroke(BLUE, 1.4)
+    canvas.stroke(BLUE, 1.2)
     return canvas
 
 
@@ -125,38 +126,60 @@ def printer_picture():
     return canvas
 
 
-def globe_symbol(ground):
-    canvas = Canvas(36, 36, ground)
-    c = canvas.context
-    canvas.circle(18, 18, 15, 0xDCEBFB)
-    c.save()
-    c.arc(18, 18, 15, 0, 6.2832)
-    c.clip()
-    for points in (((6, 8), (16, 5), (20, 11), (14, 17), (8, 16)), ((20, 18), (30, 16), (31, 25), (23, 31)),
-                   ((8, 22), (14, 22), (15, 30), (10, 28))):
-        canvas.polygon(points, blend(GREEN, WHITE, .15))
-    c.restore()
-    c.arc(18, 18, 14.5, 0, 6.2832)
-    canvas.stroke(BLUE, 1.6)
-    canvas.circle(27, 27, 8, WARM)
-    canvas.text(27, 27, "?", 12, WHITE, bold=True)
+def link_panel():
+    """The ground of the two links of the support dialog."""
+    canvas = Canvas(141, 36, BUTTON_FACE)
+    canvas.rounded(0.5, 0.5, 140, 35, 3)
+    canvas.fill(0xDCEAFA)
+    canvas.rounded(0.5, 0.5, 140, 35, 3)
+    canvas.stroke(blend(BLUE_LIGHT, WHITE, .2))
     return canvas
 
 
-def update_symbol(ground):
-    canvas = Canvas(36, 36, ground)
-    canvas.rounded(4.5, 21.5, 27, 10, 3)
-    canvas.fill(0x5A6672)
-    canvas.circle(26, 26.5, 1.6, 0x7ED957)
-    canvas.arrow(18, 3, 18, 24, BLUE, 5, 11)
+def support_picture():
+    """A globe, and a page of questions and answers."""
+    canvas = link_panel()
+    c = canvas.context
+    canvas.circle(21, 18, 14, 0xBFDCF7)
+    c.save()
+    c.arc(21, 18, 14, 0, 6.2832)
+    c.clip()
+    for points in (((9, 8), (19, 5), (23, 11), (17, 17), (11, 16)), ((23, 18), (33, 16), (34, 25), (26, 31)),
+                   ((11, 22), (17, 22), (18, 30), (13, 28))):
+        canvas.polygon(points, blend(GREEN, WHITE, .15))
+    c.restore()
+    c.arc(21, 18, 13.5, 0, 6.2832)
+    canvas.stroke(BLUE, 1.6)
+    canvas.arrow(42, 18, 56, 18, WARM, 2.5, 7)
+    sheet(canvas, 63, 5, 70, 28)
+    for y, sign, colour in ((12, "?", WARM), (24, "i", BLUE)):
+        canvas.circle(71, y, 4.5, colour)
+        canvas.text(71, y, sign, 7, WHITE, bold=True)
+        text_lines(canvas, 80, y - 3, 46, 2, pitch=4, thick=2, heading=False, last=.7)
+    return canvas
+
+
+def supplies_picture():
+    """Four cartridges and paper for the printer."""
+    canvas = link_panel()
+    for i, colour in enumerate((0x1C9AD6, 0xD93A86, 0xF2BE22, 0x2B2F36)):
+        x = 10 + 15 * i
+        canvas.rounded(x, 7, 12, 23, 2)
+        canvas.fill(0x5A6672)
+        canvas.box(x + 2, 13, 8, 14, colour)
+        canvas.box(x + 3, 14, 2, 12, WHITE, .35)
+        canvas.box(x + 3.5, 4, 5, 3, 0x49545F)
+    for i in (2, 1, 0):
+        sheet(canvas, 78 + 5 * i, 4 + 2 * i, 44, 26)
+    photo(canvas, 82, 7, 34, 19, smooth=True)
     return canvas
 
 
 def colour_picture(ink, strength_name):
     """What a colour mode does to a photograph."""
-    canvas = Canvas(44, 34, BUTTON_FACE)
-    sheet(canvas, 0, 0, 44, 34)
-    photo(canvas, 3, 3, 36, 26, ink, smooth=strength_name != "off")
+    canvas = Canvas(37, 29, BUTTON_FACE)
+    sheet(canvas, 0, 0, 37, 29)
+    photo(canvas, 2, 2, 31, 23, ink, smooth=strength_name != "off")
     return canvas
 
 
@@ -180,7 +203,8 @@ def colour_symbol(colours):
 
 def photo_tray():
     """The paper tray from above, its lever set to photo paper: first step of the notice on photo sizes."""
-    canvas = Canvas(96, 72, BUTTON_FACE)
+    canvas = Canvas(120, 90, BUTTON_FACE)
+    canvas.context.scale(1.25, 1.25)
     canvas.rounded(8, 8, 80, 56, 5)
     canvas.fill(0x66727E)
     canvas.rounded(13, 13, 70, 46, 3)
@@ -196,11 +220,14 @@ def photo_tray():
 
 def photo_loading():
     """Photo paper going in with its printing side down: second step."""
-    canvas = Canvas(96, 72, BUTTON_FACE)
+    canvas = Canvas(120, 90, BUTTON_FACE)
+    canvas.context.scale(1.25, 1.25)
     canvas.polygon([(10, 44), (86, 44), (92, 66), (4, 66)], 0x66727E)
     canvas.polygon([(18, 48), (78, 48), (82, 62), (14, 62)], 0x49545F)
     sheet(canvas, 28, 5, 42, 46, 0xF1F4F8)
-    canvas.polygon([(70 - 15, 49), (68, 49), (68, 36)], BUTTON_FACE)
+    for points, behind in (([(55, 49), (68, 49), (68, 36)], BUTTON_FACE), ([(60, 44), (68, 44), (68, 49), (55, 49)], 0x66727E),
+                           ([(56, 48), (68, 48), (68, 49), (55, 49)], 0x49545F)):
+        canvas.polygon(points, behind)
     canvas.polygon([(55, 49), (68, 36), (55, 36)], 0x5AA2E6)
     canvas.path([(55, 49), (55, 36), (68, 36)])
     canvas.stroke(EDGE)
@@ -208,45 +235,26 @@ def photo_loading():
     return canvas
 
 
-def colour_sample():
-    """A still life with greys, skin, sky and pure inks, on which colour adjustments can be judged."""
-    canvas = Canvas(140, 110)
-    photo(canvas, 0, 0, 140, 74, smooth=True)
-    canvas.circle(34, 52, 15, 0xE9B08F)
-    canvas.circle(34, 45, 15, 0x5B3A29, 0.0)
-    canvas.polygon([(14, 74), (20, 62), (48, 62), (54, 74)], 0x2E5AA8)
-    canvas.polygon([(19, 50), (22, 36), (46, 36), (49, 50), (44, 42), (24, 42)], 0x4A2F22)
-    for x, colour in ((84, RED), (100, WARM), (116, GREEN)):
-        canvas.circle(x, 64, 8, colour)
-        canvas.circle(x - 2.5, 61, 2.2, WHITE, .6)
-    inks = (0x00A0E0, 0xD8007C, 0xF7E000, 0x000000, 0xE02020, 0x18A040, 0x2030B0)
-    for i, colour in enumerate(inks):
-        canvas.box(20 * i, 74, 20, 18, colour)
-    for i in range(14):
-        canvas.box(10 * i, 92, 10, 18, round(255 * i / 13) * 0x010101)
-    return canvas
-
-
 def service_picture():
-    canvas = Canvas(48, 48)
-    printer(canvas, 2, 3, .95)
-    canvas.circle(36, 36, 11, WHITE)
-    canvas.circle(36, 36, 10, WARM)
-    canvas.text(36, 36, "i", 15, WHITE, bold=True, italic=True)
+    canvas = Canvas(64, 64)
+    printer(canvas, 3, 6, 1.28)
+    canvas.circle(49, 49, 14, WHITE)
+    canvas.circle(49, 49, 12.5, WARM)
+    canvas.text(49, 49, "i", 19, WHITE, bold=True, italic=True)
     return canvas
 
 
 def favourites_picture(add):
     """Saving into, and restoring, the list of favourites."""
-    canvas = Canvas(40, 32, BUTTON_FACE)
-    sheet(canvas, 1, 3, 26, 28)
-    text_lines(canvas, 5, 8, 17, 4, pitch=5)
+    canvas = Canvas(32, 32, BUTTON_FACE)
+    sheet(canvas, 0, 3, 24, 29)
+    text_lines(canvas, 4, 9, 15, 4, pitch=5)
     if add:
-        star(canvas, 28, 13, 10, 0xF7B500)
+        star(canvas, 22, 10, 9, 0xF7B500)
     else:
-        canvas.context.arc(28, 16, 8, -2.4, 2.2)
+        canvas.context.arc(22, 13, 7, -2.3, 2.2)
         canvas.stroke(BLUE, 3)
-        canvas.polygon([(17, 8), (27, 7), (23, 15)], BLUE)
+        canvas.polygon([(12, 6), (22, 5), (18, 13)], BLUE)
     return canvas
 
 
@@ -289,8 +297,8 @@ def bitmaps():
     yield 13015, fit_to_paper()
     yield 13022, outlined_letter()
     yield 13040, printer_picture()
-    yield 13047, globe_symbol(BUTTON_FACE)
-    yield 13048, update_symbol(BUTTON_FACE)
+    yield 13047, support_picture()
+    yield 13048, supplies_picture()
     yield 13030, colour_picture(FULL, "natural")
     yield 13031, colour_picture(Vivid(), "vivid")
     yield 13032, colour_picture(Ink(False, .45), "off")
@@ -298,7 +306,7 @@ def bitmaps():
     yield 13351, colour_symbol((0x8C8C8C, 0x5A5A5A, 0xBDBDBD))
     yield 13355, photo_tray()
     yield 13356, photo_loading()
-    yield 20301, colour_sample()
+    yield 20301, sample.colour_sample()
     yield 20303, service_picture()
     yield 22321, favourites_picture(True)
     yield 22322, favourites_picture(False)
