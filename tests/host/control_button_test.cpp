@@ -190,6 +190,21 @@ TEST(Button, OwnerDrawnButtonAsksForEveryChangeOfItsState)
     EXPECT_EQ(parent.Take().at(0), (Told{WM_DRAWITEM, ODA_DRAWENTIRE, ODS_DISABLED}));
 }
 
+TEST(Button, OwnerDrawnButtonErasesWhatWasDrawnBefore)
+{
+    Parent parent;
+    const HWND button = parent.Add(TEXT("Button"), TEXT("text"), BS_OWNERDRAW);
+    UpdateWindow(button);
+    const HDC dc = GetDC(button);
+    for (const BOOL erase : {FALSE, TRUE}) {
+        SetPixel(dc, 5, 5, RGB(255, 0, 0));
+        InvalidateRect(button, nullptr, erase);
+        UpdateWindow(button);
+        EXPECT_EQ(GetPixel(dc, 5, 5), erase ? GetSysColor(COLOR_BTNFACE) : RGB(255, 0, 0));
+    }
+    ReleaseDC(button, dc);
+}
+
 TEST(Button, AsksItsParentForTheColoursOfItsKind)
 {
     constexpr struct

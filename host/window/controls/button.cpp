@@ -92,9 +92,15 @@ LRESULT OnPaint(Button& button, WPARAM wParam, LPARAM)
     return 0;
 }
 
-LRESULT OnEraseBackground(Button&, WPARAM, LPARAM)
+/// The painting covers all but the group box, which lets its parent show through, and what an owner draws.
+LRESULT OnEraseBackground(Button& button, WPARAM wParam, LPARAM)
 {
-    return TRUE; // the painting covers all but the group box, which lets its parent show through
+    if (ButtonKind(button.window) == BS_OWNERDRAW) {
+        const auto dc = reinterpret_cast<HDC>(wParam);
+        const RECT client = ClientRectOf(button.window);
+        FillRect(dc, &client, AskParentForColours(button.window, dc, WM_CTLCOLORBTN));
+    }
+    return TRUE;
 }
 
 LRESULT OnHitTest(Button& button, WPARAM, LPARAM lParam)
