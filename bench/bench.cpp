@@ -1,4 +1,4 @@
-// psui_bench [--corpus DIR] [--quick] [loading] [growth] [capabilities]
+// psui_bench [--corpus DIR] [--quick] [loading] [growth] [capabilities] [dialogs]
 #include "bench/bench.h"
 
 #include <cstdio>
@@ -31,11 +31,13 @@ constexpr Benchmark kBenchmarks[] = {
     {"loading", bench::BenchLoading},
     {"growth", bench::BenchGrowth},
     {"capabilities", bench::BenchCapabilities},
+    {"dialogs", bench::BenchDialogs},
 };
 
 int Usage()
 {
-    std::fputs("usage: psui_bench [--corpus DIR] [--quick] [loading] [growth] [capabilities]\n", stderr);
+    std::fputs("usage: psui_bench [--corpus DIR] [--quick] [loading] [growth] [capabilities] [dialogs]\n",
+               stderr);
     return 2;
 }
 

@@ -6,6 +6,10 @@
 #include <string>
 #include <vector>
 
+#include <windows.h>
+
+#include "host/host.h"
+
 namespace bench {
 
 struct Settings
@@ -42,8 +46,25 @@ double MedianMicroseconds(int repetitions, Work work)
 /// Prints one measured figure beside the figure we want; `atLeast` says which side is good.
 void PrintFigure(const std::string& what, double value, const char* unit, double wanted, bool atLeast);
 
+/// The product's library with a printer of the largest sample model, and what a platform call costs while a
+/// profile counts it.
+struct Stage
+{
+    HMODULE library = nullptr;
+    HANDLE printer = nullptr;
+    double profileCost = 0; ///< microseconds a call, no work of the library's
+
+    explicit Stage(const Settings& settings);
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+};
+
+uint64_t CallsOf(const host::Profile& profile);
+
 void BenchLoading(const Settings& settings);
 void BenchGrowth(const Settings& settings);
 void BenchCapabilities(const Settings& settings);
+void BenchDialogs(const Settings& settings);
 
 } // namespace bench

@@ -30,6 +30,8 @@ struct ThreadCalls
 {
     int depth = 0;
     std::unique_ptr<Recording> recording;
+    uint64_t cameIn =
+        0; // ns, when the thread came from the program into the layer; 0 unless that is recorded
 };
 
 thread_local ThreadCalls threadCalls;
@@ -83,24 +85,38 @@ uint64_t Now()
     return static_cast<uint64_t>(time.tv_sec) * kNanosecondsPerSecond + static_cast<uint64_t>(time.tv_nsec);
 }
 
+// A call takes its time in pieces, between the ways out into the program. So a profile that ends while calls
+// are under way, as all do that end in the idle hook, has the pieces that are over.
+void ComeIn()
+{
+    if (threadCalls.recording != nullptr)
+        threadCalls.cameIn = Now();
+}
+
+void GoOut()
+{
+    if (threadCalls.recording != nullptr && threadCalls.cameIn != 0)
+        threadCalls.recording->nanoseconds += Now() - threadCalls.cameIn;
+    threadCalls.cameIn = 0;
+}
+
 } // namespace
 
 void CallScope::Enter(const CallSite& site)
 {
     entered_ = true;
     outermost_ = threadCalls.depth++ == 0;
-    Recording* recording = threadCalls.recording.get();
-    if (!outermost_ || recording == nullptr)
+    if (!outermost_)
         return;
-    start_ = Now();
-    ++recording->counts[&site];
+    ComeIn();
+    if (threadCalls.recording != nullptr)
+        ++threadCalls.recording->counts[&site];
 }
 
 void CallScope::Leave()
 {
-    --threadCalls.depth;
-    if (start_ != 0 && threadCalls.recording != nullptr)
-        threadCalls.recording->nanoseconds += Now() - start_;
+    if (--threadCalls.depth == 0)
+        GoOut();
 }
 
 bool CallScope::PickedCall()
@@ -152,18 +168,18 @@ void ReadScope::SpoilAnswer()
         *type_ = *type_ == REG_SZ ? REG_DWORD : REG_SZ;
 }
 
-CallbackScope::CallbackScope()
-    : depth_(threadCalls.depth), start_(threadCalls.recording != nullptr ? Now() : 0)
+CallbackScope::CallbackScope() : depth_(threadCalls.depth)
 {
+    if (depth_ > 0)
+        GoOut();
     threadCalls.depth = 0;
 }
 
 CallbackScope::~CallbackScope()
 {
     threadCalls.depth = depth_;
-    // The call that called out adds the whole of its time later; the program's share is taken off here.
-    if (start_ != 0 && threadCalls.recording != nullptr && depth_ > 0)
-        threadCalls.recording->nanoseconds -= Now() - start_;
+    if (depth_ > 0)
+        ComeIn();
 }
 
 void NoteBlockBytes(int64_t bytes)

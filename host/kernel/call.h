@@ -58,7 +58,6 @@ private:
 
     bool entered_ = false;
     bool outermost_ = false;
-    uint64_t start_ = 0; // ns, while a profile runs
 };
 
 /// Stands in a call that reads and lets the injector spoil its answer. `size` is what the buffer holds;
@@ -105,7 +104,6 @@ public:
 
 private:
     int depth_;
-    uint64_t start_;
 };
 
 /// Tells the calling thread's profile, if one runs, that blocks grew by `bytes`.

@@ -211,6 +211,36 @@ TEST_F(World, ProfileCountsTheCallsOfTheThreadAlone)
     EXPECT_GT(profile.nanoseconds, 0u);
 }
 
+// An idle hook runs inside of calls that began before the profile and end after it.
+TEST_F(World, ProfileHasThePiecesOfCallsThatAreUnderWay)
+{
+    constexpr uint64_t kAge = 20'000'000; // ns, spent in the program
+    const auto spend = [] {
+        const auto until = std::chrono::steady_clock::now() + std::chrono::nanoseconds(kAge);
+        while (std::chrono::steady_clock::now() < until) {
+        }
+    };
+    std::vector<uint64_t> inside;
+    host::StartProfile();
+    host::SetIdleHook([&] {
+        inside.push_back(host::StopProfile().nanoseconds);
+        host::StartProfile();
+        spend();
+        PostThreadMessageW(GetCurrentThreadId(), inside.size() < 3 ? WM_NULL : WM_QUIT, 0, 0);
+        return true;
+    });
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    }
+    host::SetIdleHook(nullptr);
+    inside.push_back(host::StopProfile().nanoseconds);
+    ASSERT_EQ(inside.size(), 4u);
+    for (const uint64_t nanoseconds : inside) {
+        EXPECT_GT(nanoseconds, 0u);
+        EXPECT_LT(nanoseconds, kAge);
+    }
+}
+
 TEST_F(World, CodePageOfTheSystemIsWhatTheHostSets)
 {
     char bytes[8] = {};

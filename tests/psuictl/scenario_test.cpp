@@ -20,7 +20,7 @@ protected:
     std::vector<std::string> Line(const std::string& file, const std::vector<std::string>& options,
                                   const std::string& printer = "P") const
     {
-        std::vector<std::string> line = {"preferences", printer, "--scenario", file, "--shots", "."};
+        std::vector<std::string> line = {"preferences", printer, "--scenario", file, "--shots", "new/shots"};
         line.insert(line.end(), options.begin(), options.end());
         return line;
     }
@@ -75,7 +75,7 @@ TEST_F(Scenario, PlaysEveryFile)
         ++played;
     }
     EXPECT_GE(played, 8u);
-    EXPECT_EQ(ReadText(Path("summary.png")).substr(1, 3), "PNG");
+    EXPECT_EQ(ReadText(Path("new/shots/summary.png")).substr(1, 3), "PNG");
 }
 
 TEST_F(Scenario, WritesConfirmedRecordOnly)

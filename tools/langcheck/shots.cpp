@@ -22,8 +22,8 @@
 #include "psui/controls/color_sample.h"
 #include "psui/controls/owner_draw.h"
 #include "psui/controls/pictures.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/main_layout.h"
+#include "psui/settings/record_values.h"
 #include "tools/langcheck/facts.h"
 
 namespace {

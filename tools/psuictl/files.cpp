@@ -1,5 +1,6 @@
 #include "tools/psuictl/files.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "tools/psuictl/failure.h"
@@ -117,6 +118,16 @@ void SaveFile(const std::string& file, const void* bytes, size_t size)
     target.Close();
     DeleteFileW(path.c_str());
     ThrowFileError("write", file, error);
+}
+
+void MakeFolder(const std::string& folder)
+{
+    const WideString path = HostPath(folder);
+    size_t end = 0;
+    while (end < path.size()) {
+        end = std::min(path.find_first_of(TEXT("\\/"), end + 1), path.size());
+        CreateDirectoryW(path.substr(0, end).c_str(), nullptr);
+    }
 }
 
 WideString FileName(const WideString& path)

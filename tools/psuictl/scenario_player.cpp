@@ -9,6 +9,7 @@
 #include "tools/psuictl/desktop.h"
 #include "tools/psuictl/dialog_window.h"
 #include "tools/psuictl/failure.h"
+#include "tools/psuictl/files.h"
 #include "tools/psuictl/record_value.h"
 
 namespace psuictl {
@@ -387,6 +388,8 @@ Outcome Shot(const Scene& scene)
     if (!scene.dialog)
         return NotYet("no dialog is open");
     const std::string& folder = scene.stage.shotFolder;
+    if (!folder.empty())
+        MakeFolder(folder);
     platform::Shoot(scene.dialog, (folder.empty() ? "" : folder + "/") + scene.value(0).text);
     return {};
 }
