@@ -15,6 +15,7 @@ constexpr COLORREF kFieldEdge = RGB(0xC4, 0xC7, 0xCC);
 constexpr int kCloseWidth = 36;
 constexpr int kCloseGlyph = 10;
 constexpr int kTextMargin = 8;
+constexpr int kIconMargin = 6;
 
 bool HasCaption(DWORD style)
 {
@@ -95,6 +96,12 @@ void DrawCaption(HDC dc, const Window& window)
     if (!IsEmpty(help)) {
         DrawTextW(dc, TEXT("?"), 1, &help, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
         caption.right = help.left;
+    }
+    if (const HICON icon = window.icons[ICON_SMALL]) {
+        const int width = GetSystemMetrics(SM_CXSMICON), height = GetSystemMetrics(SM_CYSMICON);
+        DrawIconEx(dc, caption.left + kIconMargin, (caption.top + caption.bottom - height) / 2, icon, width,
+                   height, 0, nullptr, DI_NORMAL);
+        caption.left += kIconMargin + width;
     }
     caption.left += kTextMargin;
     DrawTextW(dc, window.text.c_str(), static_cast<int>(window.text.size()), &caption,

@@ -19,6 +19,7 @@ using Text = std::basic_string<WCHAR>;
 
 constexpr WORD kBeforeInitialise = 5;
 constexpr int kApplyButton = 0x3021;
+constexpr ULONG_PTR kPrinterIcon = 64062;
 constexpr int kOpenings = 1000;
 
 /// A page's template without controls.
@@ -99,6 +100,7 @@ struct Sheet
     LONG onSetResult = 1;
     LONG headerAnswer = 1;
     WORD headerFlags = PSUIHDRF_NOAPPLYNOW | PSUIHDRF_EXACT_PTITLE;
+    ULONG_PTR headerIcon = 0;
     std::vector<WORD> reasons;
     LONG answer = 0;
     DWORD result = 77;
@@ -117,6 +119,7 @@ LONG SheetFunction(PROPSHEETUI_INFO* info, LPARAM param)
     case PROPSHEETUI_REASON_GET_INFO_HEADER: {
         auto& header = *reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(param);
         header.Flags = sheet.headerFlags;
+        header.IconID = sheet.headerIcon;
         header.pTitle = const_cast<WCHAR*>(TEXT("Office printer"));
         return sheet.headerAnswer;
     }
@@ -190,8 +193,9 @@ TEST(CommonSheet, ShowsTitleTabsAndButtonsAsAskedFor)
     Page page, other;
     Text title;
     int tabs = 0;
-    bool apply = true, pageIsChild = false;
+    bool apply = true, pageIsChild = false, icon = false;
     page.onInitialise = [&](HWND window) {
+        icon = SendMessageW(GetParent(window), WM_GETICON, ICON_SMALL, 0) != 0;
         WCHAR text[100];
         title.assign(text, static_cast<size_t>(GetWindowTextW(GetParent(window), text, 100)));
         tabs = static_cast<int>(SendMessageW(TabsOf(window), TCM_GETITEMCOUNT, 0, 0));
@@ -206,8 +210,10 @@ TEST(CommonSheet, ShowsTitleTabsAndButtonsAsAskedFor)
         InsertFirst(info, page); // in front of the other one
         return 1;
     };
+    sheet.headerIcon = kPrinterIcon;
     sheet.Run();
     EXPECT_EQ(title, TEXT("Office printer"));
+    EXPECT_TRUE(icon);
     EXPECT_EQ(tabs, 2);
     EXPECT_FALSE(apply);
     EXPECT_TRUE(pageIsChild);

@@ -1,3 +1,4 @@
+#include "host/shell/compstui/printer_icon.h"
 #include "host/shell/compstui/sheet.h"
 #include "host/shell/compstui/window.h"
 
@@ -30,6 +31,8 @@ bool AskForHeader(Sheet& sheet, HWND owner)
     sheet.canApply = (header.Flags & PSUIHDRF_NOAPPLYNOW) == 0;
     if (header.Flags & PSUIHDRF_USEHICON)
         sheet.icon = header.hIcon;
+    else if (header.IconID == kPrinterIcon)
+        sheet.icon = sheet.ownIcon = MakePrinterIcon();
     return true;
 }
 

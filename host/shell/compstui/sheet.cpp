@@ -229,6 +229,8 @@ Sheet::Sheet()
 Sheet::~Sheet()
 {
     openSheets.erase(std::find(openSheets.begin(), openSheets.end(), this));
+    if (ownIcon)
+        DestroyIcon(ownIcon);
 }
 
 LONG CallGroup(Node& group, WORD reason, LPARAM param)

@@ -50,7 +50,8 @@ struct Sheet
     // What the root's sheet function answered for the header
     Text title;
     bool canApply = true;
-    HICON icon = nullptr; ///< the caller's
+    HICON icon = nullptr;    ///< the caller's or our own
+    HICON ownIcon = nullptr; ///< destroyed with the sheet
 
     // While the window is open
     HWND window = nullptr;
