@@ -104,6 +104,18 @@ TEST_F(DocumentSettings, AreCancelledWhenNobodyAnswersThePrompt)
     EXPECT_EQ(test::Differences(output, untouched), "");
 }
 
+TEST_F(DocumentSettings, CannotBePromptedForWithoutTheCommonSheets)
+{
+    alignas(8) DriverDevMode output = {};
+    for (const uint64_t missing : {0, 1}) { // the module, then its function
+        const host::Ledger before = host::OpenObjects();
+        host::FailCalls(missing, false);
+        EXPECT_EQ(Run(&output.dmPublic, nullptr, DM_PROMPT | DM_COPY), -1) << missing;
+        host::StopFailing();
+        EXPECT_EQ(host::OpenObjects(), before);
+    }
+}
+
 TEST_F(DocumentSettings, KeepInsideAnOutputOfTheInputsShape)
 {
     struct Case

@@ -52,6 +52,8 @@ TEST(ScenarioParser, ReadsEveryKindOfValue)
         {"select 7 text \"data\"", StepKind::SelectText, "[7,7][data,0]"},
         {"expect record dmCopies 3", StepKind::ExpectRecord, "[dmCopies,0][3,0]"},
         {"expect recorded \"failed launch\" \"x\"", StepKind::ExpectRecorded, "[failed launch,0][x,0]"},
+        {"expect recorded help \"x\" \"y\"", StepKind::ExpectRecorded, "[help,0][x,0][y,0]"},
+        {"expect message \"x\" IDS_LANGUAGE_CODE", StepKind::ExpectMessage, "[x,0][#8120]"},
         {"tab", StepKind::Tab, ""},
         {"tab -2", StepKind::Tab, "[-2,-2]"},
         {"ok", StepKind::Answer, "[ok,0]"},

@@ -109,6 +109,10 @@ TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
          "s.txt:3: expect result cancel: expected cancel, found ok"},
         {"wait IDC_SUMMARY\nok\nclick IDC_SETTINGS\n", 1, "s.txt:3: click IDC_SETTINGS: no dialog is open"},
         {"wait IDC_SUMMARY\nexpect record nobody 1\n", 1, "'nobody' is no field of the record"},
+        {"wait IDC_SUMMARY\nexpect text IDC_SETTINGS \"a\" \"b\"\n", 1, "expected \"ab\", found \"&Change"},
+        {"wait IDC_SUMMARY\nexpect icon none\nexpect icon error\n", 1,
+         "s.txt:3: expect icon error: expected error, found none"},
+        {"wait IDC_SUMMARY\nexpect recorded help \"x\" \"y\"\n", 1, "expected \"x (y)\", found no entries"},
         {"wait IDC_SUMMARY\n", 1, "the scenario ends while the dialog \"P Properties\" is still open"},
         {"wait IDC_SUMMARY\nclack\n", 2, "s.txt:2: 'clack' is no step"},
     };

@@ -557,17 +557,19 @@ Outcome ExpectRecorded(const Scene& scene)
             << " is not checked: this host records no launches, pages, help requests or beeps\n";
         return {};
     }
+    const bool detailed = scene.step.values.size() > 2;
+    const auto describe = [=](const std::string& text, const std::string& detail) {
+        return detailed ? text + " (" + detail + ")" : text;
+    };
+    const std::string expected = describe(scene.text(1), detailed ? scene.text(2) : "");
     const std::vector<platform::RecordedEvent> events = platform::Recorded();
     std::vector<std::string> found;
-    bool there = false;
     for (size_t i = scene.eventsBefore; i < events.size(); ++i) {
-        if (events[i].kind != scene.value(0).text)
-            continue;
-        const bool detailed = scene.step.values.size() <= 2 || events[i].detail == scene.text(2);
-        there = there || (events[i].text == scene.text(1) && detailed);
-        found.push_back(events[i].text + " (" + events[i].detail + ")");
+        if (events[i].kind == scene.value(0).text)
+            found.push_back(describe(events[i].text, events[i].detail));
     }
-    return there ? Outcome() : NotYet("expected " + scene.step.source + ", found " + Joined(found));
+    const bool there = std::find(found.begin(), found.end(), expected) != found.end();
+    return there ? Outcome() : NotYet("expected " + Quoted(expected) + ", found " + Joined(found));
 }
 
 std::string ResultName(int64_t result)
