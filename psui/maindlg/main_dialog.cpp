@@ -126,12 +126,13 @@ void OnApply(HWND dialog, PrinterUiContext* context)
     SendMessageW(sheet, PSM_APPLY, 0, 0);
     const auto tabs = reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETTABCONTROL, 0, 0));
     const LRESULT pages = tabs ? SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0) : 0;
-    if (pages >= 2)
+    if (pages >= 2) {
         FillSettingsSummary(context->hSummaryPage, context);
-    // The only page of a sheet is still being made while this dialog stands for it, so the sheet has nobody
-    // to tell.
-    else if (pages == 1 && !context->bPageApplied)
+    } else if (pages == 1 && !context->bPageApplied) {
+        // The only page of a sheet is still being made while this dialog stands for it, so the sheet tells
+        // nobody.
         ApplySummaryPage(context);
+    }
 }
 
 BOOL OnCommand(HWND dialog, PrinterUiContext* context, int control)

@@ -38,7 +38,7 @@ protected:
     }
 };
 
-/// The words behind "# NAME:" in a scenario; none when there is no such line.
+/// The words behind "# NAME:" at the head of a scenario (docs/scenarios.md); none when there is no such line.
 std::vector<std::string> HeadOf(const std::filesystem::path& file, const std::string& name)
 {
     const std::string head = "# " + name + ":";
@@ -58,9 +58,6 @@ TEST_F(Scenario, PlaysEveryFile)
     for (const auto& entry : std::filesystem::directory_iterator(kScenarios)) {
         if (entry.path().extension() != ".txt")
             continue;
-        // Comment lines at the head say how a scenario is played: with which options, which may name in.dm, a
-        // record of three copies; from which record, by its differences from the printer's default; on which
-        // model.
         const std::string printer = PrinterFor(HeadOf(entry.path(), "model"));
         std::vector<std::string> options = HeadOf(entry.path(), "options");
         if (const std::vector<std::string> fields = HeadOf(entry.path(), "record"); !fields.empty()) {
