@@ -126,7 +126,7 @@ constexpr Change kNoLayout = {"{8132}\t{8093}\n", ""};
 constexpr Change kNoPrintOrder = {"{6031}\t{8156}~{8039}\t{8201}\n", "{6031}\t{8156}\n"};
 constexpr Change kNoMirror = {"{8152}\t{8155}\n{8153}\t{8155}\n", ""};
 constexpr Change kNoDate = {"{8172}\t{8155}~", ""};
-constexpr FieldValue kDuplexPrinter = {"dmFields", DM_DUPLEX};
+const FieldValue kDuplexPrinter = {"dmFields", DM_DUPLEX};
 
 const Case kCases[] = {
     {"base", {}, {}},

@@ -1,2 +1,0 @@
-#pragma once
-#include "psui/settings/record_values.h"
