@@ -1,5 +1,6 @@
 #pragma once
-// Paths, and the folders that the library's files lie in. A path that is longer than its buffer counts as not known.
+// Paths, and the folders that the library's files lie in. A path that is longer than its buffer counts as not
+// known.
 #include <windows.h>
 
 namespace psui {

@@ -63,7 +63,7 @@ private:
 
     const char* at_;
     const char* end_;
-    bool hasZeros_;
+    bool hasZeros_; ///< somewhere in the text, so that values have to be searched for one
 };
 
 } // namespace psui::compiler
