@@ -15,8 +15,12 @@ import formats
 import icons
 import previews
 import symbols
+from canvas import rgb
 
 CURSOR = 13002
+
+# Of the sheet, in pixels
+SHEET_WIDTH, MARGIN, LABEL_WIDTH, LABEL_HEIGHT = 1600, 10, 36, 14
 
 
 def all_bitmaps():
@@ -41,25 +45,42 @@ def write(folder, bitmaps, icon_sets):
     (folder / "pictures.rc").write_text("".join(sorted(lines)))
 
 
+def rows_of(pictures):
+    """The pictures in rows as wide as the sheet, each with its place across."""
+    rows, across = [[]], MARGIN
+    for number, canvas in pictures:
+        width = max(canvas.width, LABEL_WIDTH) + MARGIN
+        if across + width > SHEET_WIDTH and rows[-1]:
+            rows.append([])
+            across = MARGIN
+        rows[-1].append((across, number, canvas))
+        across += width
+    return rows
+
+
 def contact_sheet(path, bitmaps, icon_sets):
-    """All pictures in rows, on the grounds that they are made for."""
-    shown = bitmaps + [(number, p) for number, pictures in icon_sets for p in pictures] + [(CURSOR, symbols.hand())]
-    columns, cell_width, cell_height = 12, 150, 142
-    rows = -(-len(shown) // columns)
-    surface = cairo.ImageSurface(cairo.FORMAT_RGB24, columns * cell_width, rows * cell_height)
+    """All pictures by number, on the grounds that they are made for."""
+    shown = sorted(bitmaps, key=lambda picture: picture[0])
+    rows = rows_of(shown) + rows_of([(number, p) for number, pictures in icon_sets for p in pictures] +
+                                    [(CURSOR, symbols.hand())])
+    heights = [LABEL_HEIGHT + max(canvas.height for *_, canvas in row) + MARGIN for row in rows]
+    surface = cairo.ImageSurface(cairo.FORMAT_RGB24, SHEET_WIDTH, sum(heights) + MARGIN)
     context = cairo.Context(surface)
     context.set_source_rgb(.8, .82, .85)
     context.paint()
-    for i, (number, canvas) in enumerate(shown):
-        x, y = i % columns * cell_width + 5, i // columns * cell_height + 16
-        context.set_source_rgb(0, 0, 0)
-        context.move_to(x, y - 4)
-        context.show_text(str(number))
-        context.rectangle(x, y, canvas.width, canvas.height)
-        context.set_source_rgb(*(((canvas.ground >> s & 0xFF) / 255) for s in (16, 8, 0)))
-        context.fill()
-        context.set_source_surface(canvas.surface, x, y)
-        context.paint()
+    top = MARGIN
+    for row, height in zip(rows, heights):
+        for x, number, canvas in row:
+            y = top + LABEL_HEIGHT
+            context.set_source_rgb(0, 0, 0)
+            context.move_to(x, y - 4)
+            context.show_text(str(number))
+            context.rectangle(x, y, canvas.width, canvas.height)
+            context.set_source_rgb(*rgb(canvas.ground))
+            context.fill()
+            context.set_source_surface(canvas.surface, x, y)
+            context.paint()
+        top += height
     surface.write_to_png(str(path))
 
 
