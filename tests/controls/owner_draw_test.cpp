@@ -1,4 +1,6 @@
 // What each owner-drawn control shows, pixel by pixel against the bitmaps themselves.
+#include <cstring>
+
 #include "psui/controls/edges.h"
 #include "psui/controls/owner_draw.h"
 #include "psui/controls/pictures.h"
@@ -31,9 +33,11 @@ void Lay(Canvas& canvas, UINT bitmap, int left, int top, COLORREF key)
     SelectObject(source, previous);
     DeleteDC(source);
     DeleteObject(picture);
+    const uint32_t keyPixel =
+        static_cast<uint32_t>(GetRValue(key) << 16 | GetGValue(key) << 8 | GetBValue(key));
     for (int y = 0; y < shape.bmHeight && top + y < kHeight; ++y)
         for (int x = 0; x < shape.bmWidth && left + x < kWidth; ++x)
-            if (copy.Color(x, y) != key)
+            if (copy.At(x, y) != keyPixel)
                 canvas.At(left + x, top + y) = copy.At(x, y);
 }
 
@@ -46,6 +50,8 @@ void Fill(Canvas& canvas, const RECT& rect, COLORREF color)
 
 testing::AssertionResult Same(Canvas& drawn, Canvas& expected)
 {
+    if (std::memcmp(&drawn.At(0, 0), &expected.At(0, 0), sizeof(uint32_t) * kWidth * kHeight) == 0)
+        return testing::AssertionSuccess();
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)
             if (drawn.At(x, y) != expected.At(x, y))
