@@ -26,7 +26,6 @@ psuictl convert "$printer" --mode 4 -o "$root/default.dm"
 psuictl record show "$root/default.dm"
 psuictl summary "$printer"
 psuictl --language jpn summary "$printer"
-mkdir -p build/shots
 psuictl preferences "$printer" --pages 2 --scenario scripts/demo.txt --shots build/shots
 echo "The pictures are build/shots/summary.png and build/shots/main.png."
 if [ -n "${DISPLAY:-}" ]; then psuictl preferences "$printer" --pages 2 --display; fi
