@@ -4,6 +4,7 @@
 #include "psui/maindlg/media.h"
 #include "psui/maindlg/papers.h"
 #include "psui/settings/language.h"
+#include "psui/settings/record_values.h"
 
 namespace psui {
 
@@ -12,13 +13,13 @@ namespace {
 constexpr OptionRow kEnd = {kOptionTableEnd, 0};
 
 constexpr OptionRow kBuiltinMedia[] = {
-    {IDS_MEDIA_PLAIN_PAPER, 1},
-    {IDS_MEDIA_INKJET_PAPER, 261},
-    {IDS_MEDIA_GLOSSY3, 263},
-    {IDS_MEDIA_TRANSPARENCY, 264},
+    {IDS_MEDIA_PLAIN_PAPER, kMediaPlain},
+    {IDS_MEDIA_INKJET_PAPER, kMediaInkjet},
+    {IDS_MEDIA_GLOSSY3, kMediaGlossyC},
+    {IDS_MEDIA_TRANSPARENCY, kMediaTransparency},
     kEnd,
 };
-constexpr OptionRow kBuiltinSources[] = {{0, 2}, {0, 1}, {0, 4}, kEnd};
+constexpr OptionRow kBuiltinSources[] = {{0, kSourceTray2}, {0, kSourceTray1}, {0, DMBIN_MANUAL}, kEnd};
 constexpr OptionRow kBuiltinCm[] = {{0, 1}, {0, 0}, {0, 2}, kEnd};
 constexpr OptionRow kBuiltinIcm[] = {{0, 64}, {0, 0}, kEnd};
 constexpr OptionRow kBuiltinColor[] = {{0, DMCOLOR_COLOR}, {0, DMCOLOR_MONOCHROME}, kEnd};

@@ -28,7 +28,8 @@ Bytes LoadHostFile(const WideString& path);
 /// removed.
 void SaveFile(const std::string& file, const void* bytes, size_t size);
 
-/// Makes a folder and those above it where they are missing. What cannot be made shows itself when it is used.
+/// Makes a folder and those above it where they are missing. What cannot be made shows itself when it is
+/// used.
 void MakeFolder(const std::string& folder);
 
 /// The part of a path after the last backslash, and that part without its last extension.
