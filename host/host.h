@@ -157,6 +157,10 @@ HOST_EXPORT void SetIdleHook(std::function<bool()> hook);
 /// Puts the clock of timers, double clicks and message times forward.
 HOST_EXPORT void AdvanceTime(unsigned milliseconds);
 
+/// Stops that clock until the world is closed, so that only AdvanceTime moves it and the same input always
+/// meets the same timers.
+HOST_EXPORT void HoldTime();
+
 enum class MouseButton
 {
     Left,

@@ -21,9 +21,17 @@ std::condition_variable queuesChanged;
 std::map<DWORD, std::shared_ptr<Queue>> queues; // by thread
 std::atomic<uint64_t> worldNumber = 1;
 std::atomic<uint64_t> timeAhead = 0; // ms that the host advanced the clock
+std::atomic<uint64_t> timeHeld = 0;  // ms at which the host stopped the clock; 0 while it runs
 std::map<std::u16string, UINT> registeredMessages;
 std::function<bool()> idleHook;
 thread_local std::shared_ptr<Queue> ownQueue;
+
+uint64_t MachineTime()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<uint64_t>(now.tv_sec) * 1000 + static_cast<uint64_t>(now.tv_nsec) / 1000000;
+}
 
 bool InRange(UINT message, UINT first, UINT last)
 {
@@ -209,16 +217,19 @@ void WakeQueues()
 
 uint64_t RoomTime()
 {
-    timespec now = {};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return static_cast<uint64_t>(now.tv_sec) * 1000 + static_cast<uint64_t>(now.tv_nsec) / 1000000 +
-           timeAhead.load(std::memory_order_relaxed);
+    const uint64_t held = timeHeld.load(std::memory_order_relaxed);
+    return (held != 0 ? held : MachineTime()) + timeAhead.load(std::memory_order_relaxed);
 }
 
 void AdvanceTime(unsigned milliseconds)
 {
     timeAhead.fetch_add(milliseconds, std::memory_order_relaxed);
     WakeQueues();
+}
+
+void HoldTime()
+{
+    timeHeld.store(MachineTime(), std::memory_order_relaxed);
 }
 
 void SetIdleHook(std::function<bool()> hook)
@@ -313,6 +324,7 @@ void CloseQueues()
     registeredMessages.clear();
     idleHook = nullptr;
     timeAhead = 0;
+    timeHeld = 0;
 }
 
 bool NextWhileCaptured(HWND window, MSG& message)

@@ -1,0 +1,28 @@
+#pragma once
+// What must hold whenever the main dialog waits for its user.
+#include <string>
+
+#include <windows.h>
+
+#include "psui/entry/context.h"
+
+namespace walk {
+
+/// Fields in which two records differ although the merge of settings has no say in the difference. `before`
+/// has been merged into itself or into defaults, which gave `after`. Empty when there are none.
+std::string MergeChanges(const psui::DriverDevMode& before, const psui::DriverDevMode& after);
+
+/// Whether the record comes out of a merge as it went in: what is wrong, or nothing.
+std::string CheckRecord(const psui::PrinterUiContext& context);
+
+/// Whether lists, boxes and texts show the record and what can be used follows its rules: what is wrong, or
+/// nothing. `applied` is the context as it was last applied.
+std::string CheckControls(const psui::PrinterUiContext& context, const psui::PrinterUiContext& applied);
+
+/// Whether the Basic tab, told to read the record again, shows the same and leaves the record alone.
+std::string CheckRefresh(psui::PrinterUiContext& context);
+
+/// Whether every dialog that is open has a title, and every message box a text.
+std::string CheckTitles();
+
+} // namespace walk

@@ -1,0 +1,146 @@
+#include "fuzz/walk/sheet.h"
+
+#include <prsht.h>
+
+#include "fuzz/walk/checks.h"
+#include "fuzz/walk/screen.h"
+#include "host/host.h"
+#include "lang/ids/main_dialog.h"
+#include "tools/psuictl/sheet_run.h"
+
+namespace walk {
+namespace {
+
+constexpr size_t kMostClosings = 200;
+constexpr int kRefreshes = 16; ///< one step in so many is followed by a refresh
+constexpr int kConfirms = 250; ///< one step in so many confirms the dialog
+
+} // namespace
+
+Sheet* Sheet::current_ = nullptr;
+
+Sheet::Sheet(psui::PropSheetUiFn function, test::Printer& printer, Random& random, Journal& journal,
+             User& user)
+    : function_(function), printer_(printer), random_(random), journal_(journal), user_(user)
+{
+    current_ = this;
+    host::SetIdleHook([this] { return OnIdle(); });
+}
+
+Sheet::~Sheet()
+{
+    host::SetIdleHook(nullptr);
+    current_ = nullptr;
+}
+
+Closing Sheet::Walk(const Request& request, size_t lastStep, const Closing* expected)
+{
+    lastStep_ = lastStep;
+    expected_ = expected;
+    auto input = std::make_unique<psui::DriverDevMode>();
+    psui::DocumentPropertyHeader header = {};
+    header.cbSize = sizeof(header);
+    header.hPrinter = printer_.handle();
+    header.pszPrinterName = printer_.name();
+    if (request.input) {
+        *input = *request.input;
+        header.pdmIn = &input->dmPublic;
+    }
+    header.pdmOut = &closing_.output.dmPublic;
+    header.fMode = DM_PROMPT | DM_COPY | request.mode;
+    psuictl::CommonSheet sheet(Forward, reinterpret_cast<LPARAM>(&header), request.pages);
+    const psuictl::SheetRun run = sheet.Run();
+    if (run.answer <= 0)
+        journal_.Fail("the sheet does not open: " + std::to_string(run.answer));
+    closing_.confirmed = run.result != 0;
+    return closing_;
+}
+
+LONG WINAPI Sheet::Forward(psui::PropSheetUiInfo* info, LPARAM param)
+{
+    return current_->Note(info, param);
+}
+
+LONG Sheet::Note(psui::PropSheetUiInfo* info, LPARAM param)
+{
+    const LONG answer = function_(info, param);
+    context_ = reinterpret_cast<psui::PrinterUiContext*>(info->UserData);
+    if (info->Reason == psui::kSheetInitialise && context_)
+        TakeApplied();
+    return answer;
+}
+
+LRESULT CALLBACK Sheet::WatchSheet(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    Sheet& sheet = *current_;
+    if (message == PSM_APPLY && sheet.context_)
+        sheet.TakeApplied();
+    return CallWindowProcW(sheet.watchedProc_, window, message, wParam, lParam);
+}
+
+void Sheet::TakeApplied()
+{
+    *applied_ = *context_;
+}
+
+bool Sheet::OnIdle()
+{
+    const HWND front = FrontDialog();
+    if (!front)
+        return false;
+    const HWND sheet = context_ && context_->hSummaryPage ? GetParent(context_->hSummaryPage) : nullptr;
+    if (sheet && sheet != watched_) {
+        watched_ = sheet;
+        watchedProc_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+            sheet, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(WatchSheet))));
+    }
+    Check();
+    Step();
+    return true;
+}
+
+void Sheet::Check()
+{
+    std::string wrong = CheckTitles();
+    if (context_ && !context_->hMainDialog)
+        TakeApplied();
+    if (context_ && context_->hMainDialog && FrontDialog() == context_->hMainDialog && !OpenPopup()) {
+        CheckFirstLook();
+        wrong += CheckRecord(*context_) + CheckControls(*context_, *applied_);
+        if (wrong.empty() && random_.OneIn(kRefreshes))
+            wrong += CheckRefresh(*context_);
+    }
+    if (!wrong.empty())
+        journal_.Fail(wrong);
+}
+
+void Sheet::CheckFirstLook()
+{
+    if (!expected_)
+        return;
+    const std::string changes = PictureChanges(expected_->shown, Picture(context_->hMainDialog));
+    if (!changes.empty())
+        journal_.Fail("opened again with the record that came back, the dialog shows something else:\n" +
+                      changes);
+    expected_ = nullptr;
+}
+
+void Sheet::Step()
+{
+    const HWND front = FrontDialog();
+    if (journal_.step() >= lastStep_) {
+        if (++leaving_ > kMostClosings)
+            journal_.Fail("the dialogs do not close");
+        return user_.Leave(front);
+    }
+    journal_.BeginStep();
+    const bool isMain = context_ && front == context_->hMainDialog && context_->bPermission == 1;
+    if (isMain && !OpenPopup() && random_.OneIn(kConfirms)) {
+        closing_.shown = Picture(front);
+        closing_.worked = context_->dmWork;
+        return user_.Confirm(front);
+    }
+    user_.Act(front);
+}
+
+} // namespace walk
