@@ -12,11 +12,15 @@
 #include "psui/maindlg/apply_state.h"
 #include "psui/maindlg/basic_rules.h"
 #include "psui/maindlg/fit_text.h"
-#include "psui/maindlg/flags.h"
 #include "psui/maindlg/qualities.h"
 #include "psui/maindlg/rules.h"
 #include "psui/maindlg/side_panel.h"
+#include "psui/settings/environment.h"
 #include "psui/settings/merge.h"
+#include "psui/settings/paper_groups.h"
+#include "psui/settings/record.h"
+#include "psui/settings/record_values.h"
+#include "psui/settings/tail.h"
 #include "tests/settings/record_fields.h"
 
 namespace walk {
@@ -64,6 +68,14 @@ int PageOrderPosition(HWND list, const DriverDevMode& record)
     return order == 0 || order == 1 || order == 4 || order == 5 ? 0 : 1;
 }
 
+/// Refusing to end the scaling leaves the list at its first entry, even in a record that has both.
+int LayoutPosition(HWND list, const DriverDevMode& record)
+{
+    const bool refused =
+        record.dmPrivate.bFitToPaper != psui::kFitOff && SendMessageW(list, CB_GETCURSEL, 0, 0) == 0;
+    return refused ? 0 : PositionOrFirst(list, record.dmPrivate.dwPagesPerSheet);
+}
+
 struct ListRule
 {
     int control;
@@ -72,8 +84,7 @@ struct ListRule
 constexpr ListRule kListRules[] = {
     {IDC_MEDIA, [](HWND l, const DriverDevMode& r) { return PositionOrFirst(l, r.dmPublic.dmMediaType); }},
     {IDC_PAPER, [](HWND l, const DriverDevMode& r) { return PositionOfData(l, r.dmPublic.dmPaperSize); }},
-    {IDC_LAYOUT,
-     [](HWND l, const DriverDevMode& r) { return PositionOrFirst(l, r.dmPrivate.dwPagesPerSheet); }},
+    {IDC_LAYOUT, LayoutPosition},
     {IDC_BORDER_LINE,
      [](HWND l, const DriverDevMode& r) { return PositionOrFirst(l, r.dmPrivate.bBorderLine); }},
     {IDC_QUALITY, QualityPosition},
@@ -134,6 +145,115 @@ constexpr int kPanelControls[] = {
     IDCANCEL,
     IDHELP,
 };
+
+// What a merge changes in any record, or in one that the dialogs did not make.
+
+constexpr int64_t kEveryBit = -1;
+constexpr int64_t kMergesOwnFields =
+    DM_COPIES | DM_COLLATE | DM_NUP | DM_SCALE | DM_PAPERLENGTH | DM_PAPERWIDTH;
+
+bool Always(const DriverDevMode&)
+{
+    return true;
+}
+
+/// The date is not printed on borderless paper.
+bool DropsDate(const DriverDevMode& record)
+{
+    return psui::IsBorderlessPaper(record.dmPublic.dmPaperSize) || record.dmPrivate.bBorderless == 1;
+}
+
+/// A user-defined size that lies on its side is turned where that makes it fit, and one of nothing is none.
+bool IsMendedSize(const DriverDevMode& record)
+{
+    const DEVMODEW& pub = record.dmPublic;
+    return pub.dmPaperSize == DMPAPER_USER &&
+           (pub.dmPaperLength < pub.dmPaperWidth || pub.dmPaperLength < 1 || pub.dmPaperWidth < 1);
+}
+
+bool HasNoUserSize(const DriverDevMode& record)
+{
+    return record.dmPublic.dmPaperSize != DMPAPER_USER;
+}
+
+/// The dialogs decide on the direction by the paper that is printed on, the merge by the document's.
+bool IsFittedToPaper(const DriverDevMode& record)
+{
+    return record.dmPrivate.bFitToPaper == psui::kFitToOutputPaper;
+}
+
+/// Media that have qualities in the dialog which the merge does not know.
+bool HasUnmergedQualities(const DriverDevMode& record)
+{
+    return record.dmPublic.dmMediaType == psui::kMediaGlossy ||
+           record.dmPublic.dmMediaType == psui::kMediaGlossyR;
+}
+
+struct MergeChange
+{
+    const char* field;
+    int64_t bits;
+    bool (*expected)(const DriverDevMode& record);
+};
+constexpr MergeChange kMergeChanges[] = {
+    {"dmFields", kMergesOwnFields, Always},
+    {"dmNup", kEveryBit, Always},
+    {"dwDatePrint", psui::kDatePrintOn, DropsDate},
+    {"dwTailDatePrint", psui::kDatePrintOn, DropsDate},
+    {"dmOrientation", kEveryBit, IsMendedSize},
+    {"dmPaperWidth", kEveryBit, HasNoUserSize},
+    {"dmPaperLength", kEveryBit, HasNoUserSize},
+    {"dmPaperWidth", kEveryBit, IsMendedSize},
+    {"dmPaperLength", kEveryBit, IsMendedSize},
+    {"wCustomWidth", kEveryBit, IsMendedSize},
+    {"wCustomLength", kEveryBit, IsMendedSize},
+    {"dwDeviceOptions", ~int64_t{psui::kMirrorPrinting | psui::kReversePrinting}, Always},
+    {"dwDirModePlain", kEveryBit, IsFittedToPaper},
+    {"dwDirModeOther", kEveryBit, IsFittedToPaper},
+    {"dmPrintQuality", kEveryBit, HasUnmergedQualities},
+    {"shQuality", kEveryBit, HasUnmergedQualities},
+    {"bQualityLevel", kEveryBit, HasUnmergedQualities},
+};
+
+bool MergeLoses(const DriverDevMode& before, const DriverDevMode& after, const psui::DevModeField& field)
+{
+    if (!test::FieldDiffers(before, after, field))
+        return false;
+    for (const MergeChange& change : kMergeChanges)
+        if (change.field == std::string_view(field.name) && change.expected(before))
+            return ((test::Get(before, field) ^ test::Get(after, field)) & ~change.bits) != 0;
+    return true;
+}
+
+std::string Shown(const DriverDevMode& record, const psui::DevModeField& field)
+{
+    return field.width <= sizeof(int64_t) ? std::to_string(test::Get(record, field)) : "other bytes";
+}
+
+/// The record as the confirmed sheet would hand it out.
+DriverDevMode HandedOut(const DriverDevMode& record)
+{
+    alignas(DEVMODEW) DriverDevMode out = record;
+    if (out.dmPublic.dmPaperSize == DMPAPER_USER) {
+        out.dmPublic.dmPaperLength = static_cast<short>(out.dmPrivate.wCustomLength);
+        out.dmPublic.dmPaperWidth = static_cast<short>(out.dmPrivate.wCustomWidth);
+        out.dmPublic.dmFields |= DM_PAPERLENGTH | DM_PAPERWIDTH;
+    }
+    // Twice, because the first refresh asks for the date as the last one left it.
+    psui::RefreshTail(&out);
+    psui::RefreshTail(&out);
+    return out;
+}
+
+/// The record that a sheet opens with when it is given `record`: merged into the printer's defaults.
+DriverDevMode Reopened(const PrinterUiContext& context, const DriverDevMode& record)
+{
+    alignas(DEVMODEW) DriverDevMode merged;
+    psui::BuildDefaultDevMode(&merged, context.pDriverName, context.pModel, psui::IsMetricCountry());
+    alignas(DEVMODEW) DriverDevMode source = record;
+    psui::MergeDevMode(&merged, &source.dmPublic, context.pModel);
+    return merged;
+}
 
 std::string Wrong(int control, const std::string& what, int64_t expected, int64_t found)
 {
@@ -232,19 +352,16 @@ std::string CheckApply(const PrinterUiContext& context, const PrinterUiContext& 
 
 } // namespace
 
-std::string MergeChanges(const DriverDevMode& before, const DriverDevMode& after)
-{
-    return test::Differences(before, after);
-}
-
 std::string CheckRecord(const PrinterUiContext& context)
 {
-    alignas(DEVMODEW) DriverDevMode merged = context.dmWork;
-    alignas(DEVMODEW) DriverDevMode source = context.dmWork;
-    if (psui::MergeDevMode(&merged, &source.dmPublic, context.pModel) != 1)
-        return "the record cannot be merged; ";
-    const std::string changes = MergeChanges(context.dmWork, merged);
-    return changes.empty() ? "" : "the merge changes " + changes + "; ";
+    const DriverDevMode before = HandedOut(context.dmWork);
+    const DriverDevMode after = Reopened(context, before);
+    std::string wrong;
+    for (const psui::DevModeField& field : psui::kDevModeFields)
+        if (MergeLoses(before, after, field))
+            wrong += std::string("the merge changes ") + field.name + ": " + Shown(before, field) +
+                     " becomes " + Shown(after, field) + "; ";
+    return wrong;
 }
 
 std::string CheckControls(const PrinterUiContext& context, const PrinterUiContext& applied)
@@ -258,12 +375,13 @@ std::string CheckControls(const PrinterUiContext& context, const PrinterUiContex
 std::string CheckRefresh(PrinterUiContext& context)
 {
     const auto record = std::make_unique<DriverDevMode>(context.dmWork);
-    const std::vector<std::string> before = Picture(context.hMainDialog);
+    const std::vector<HWND> copies = {GetDlgItem(context.hBasicTab, IDC_COPIES)};
+    const std::vector<std::string> before = Picture(context.hMainDialog, copies);
     SendMessageW(context.hBasicTab, kRefreshTab, 0, 0);
     std::string wrong = test::Differences(*record, context.dmWork);
     if (!wrong.empty())
         wrong = "reading the record again changes " + wrong + "; ";
-    return wrong + PictureChanges(before, Picture(context.hMainDialog));
+    return wrong + PictureChanges(before, Picture(context.hMainDialog, copies));
 }
 
 std::string CheckTitles()

@@ -8,18 +8,15 @@
 
 namespace walk {
 
-/// Fields in which two records differ although the merge of settings has no say in the difference. `before`
-/// has been merged into itself or into defaults, which gave `after`. Empty when there are none.
-std::string MergeChanges(const psui::DriverDevMode& before, const psui::DriverDevMode& after);
-
-/// Whether the record comes out of a merge as it went in: what is wrong, or nothing.
+/// Whether the record would come back as it would go out: what is wrong, or nothing.
 std::string CheckRecord(const psui::PrinterUiContext& context);
 
 /// Whether lists, boxes and texts show the record and what can be used follows its rules: what is wrong, or
 /// nothing. `applied` is the context as it was last applied.
 std::string CheckControls(const psui::PrinterUiContext& context, const psui::PrinterUiContext& applied);
 
-/// Whether the Basic tab, told to read the record again, shows the same and leaves the record alone.
+/// Whether the Basic tab, told to read the record again, shows the same and leaves the record alone. A number
+/// may be typed with zeros before it.
 std::string CheckRefresh(psui::PrinterUiContext& context);
 
 /// Whether every dialog that is open has a title, and every message box a text.

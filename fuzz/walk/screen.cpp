@@ -1,5 +1,6 @@
 #include "fuzz/walk/screen.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include <commctrl.h>
@@ -160,14 +161,15 @@ std::vector<HWND> OpenDialogs()
     return dialogs;
 }
 
-std::vector<std::string> Picture(HWND dialog)
+std::vector<std::string> Picture(HWND dialog, const std::vector<HWND>& without)
 {
     std::vector<HWND> controls;
     AddInside(dialog, false, controls);
     std::vector<std::string> lines;
     for (const HWND control : controls)
-        lines.push_back(NameOf(control) + (IsWindowVisible(control) ? "" : " hidden") +
-                        (IsWindowEnabled(control) ? "" : " disabled") + ContentsOf(control));
+        if (std::find(without.begin(), without.end(), control) == without.end())
+            lines.push_back(NameOf(control) + (IsWindowVisible(control) ? "" : " hidden") +
+                            (IsWindowEnabled(control) ? "" : " disabled") + ContentsOf(control));
     return lines;
 }
 

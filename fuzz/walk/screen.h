@@ -34,8 +34,8 @@ std::string MessageOf(HWND messageBox);
 /// All visible dialogs with a caption.
 std::vector<HWND> OpenDialogs();
 
-/// All controls of a dialog at every depth, a line each: what a user sees of them.
-std::vector<std::string> Picture(HWND dialog);
+/// All controls of a dialog at every depth but some, a line each: what a user sees of them.
+std::vector<std::string> Picture(HWND dialog, const std::vector<HWND>& without = {});
 
 /// The lines in which two pictures differ, in words; empty when they are the same.
 std::string PictureChanges(const std::vector<std::string>& before, const std::vector<std::string>& after);

@@ -5,6 +5,7 @@
 #include "fuzz/walk/checks.h"
 #include "fuzz/walk/screen.h"
 #include "host/host.h"
+#include "lang/ids/basic_tab.h"
 #include "lang/ids/main_dialog.h"
 #include "tools/psuictl/sheet_run.h"
 
@@ -14,6 +15,14 @@ namespace {
 constexpr size_t kMostClosings = 200;
 constexpr int kRefreshes = 16; ///< one step in so many is followed by a refresh
 constexpr int kConfirms = 250; ///< one step in so many confirms the dialog
+
+/// What the record alone decides.
+std::vector<std::string> LastingPicture(const psui::PrinterUiContext& context)
+{
+    const HWND dialog = context.hMainDialog;
+    return Picture(dialog, {GetDlgItem(dialog, IDC_HOVER_TIP), GetDlgItem(dialog, IDC_APPLY),
+                            GetDlgItem(context.hBasicTab, IDC_COPIES)});
+}
 
 } // namespace
 
@@ -30,6 +39,10 @@ Sheet::Sheet(psui::PropSheetUiFn function, test::Printer& printer, Random& rando
 Sheet::~Sheet()
 {
     host::SetIdleHook(nullptr);
+    // What was typed last may have closed the dialogs; the rest is not for the next ones.
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
     current_ = nullptr;
 }
 
@@ -87,7 +100,7 @@ bool Sheet::OnIdle()
 {
     const HWND front = FrontDialog();
     if (!front)
-        return false;
+        journal_.Fail("no dialog can be used, but one waits");
     const HWND sheet = context_ && context_->hSummaryPage ? GetParent(context_->hSummaryPage) : nullptr;
     if (sheet && sheet != watched_) {
         watched_ = sheet;
@@ -118,7 +131,7 @@ void Sheet::CheckFirstLook()
 {
     if (!expected_)
         return;
-    const std::string changes = PictureChanges(expected_->shown, Picture(context_->hMainDialog));
+    const std::string changes = PictureChanges(expected_->shown, LastingPicture(*context_));
     if (!changes.empty())
         journal_.Fail("opened again with the record that came back, the dialog shows something else:\n" +
                       changes);
@@ -131,12 +144,15 @@ void Sheet::Step()
     if (journal_.step() >= lastStep_) {
         if (++leaving_ > kMostClosings)
             journal_.Fail("the dialogs do not close");
+        // The system's help is loaded with its first use and stays.
+        if (leaving_ == 1)
+            SendMessageW(front, WM_COMMAND, IDHELP, 0);
         return user_.Leave(front);
     }
     journal_.BeginStep();
     const bool isMain = context_ && front == context_->hMainDialog && context_->bPermission == 1;
     if (isMain && !OpenPopup() && random_.OneIn(kConfirms)) {
-        closing_.shown = Picture(front);
+        closing_.shown = LastingPicture(*context_);
         closing_.worked = context_->dmWork;
         return user_.Confirm(front);
     }

@@ -265,10 +265,10 @@ void User::PressMnemonic()
 
 std::u16string User::SomeText()
 {
-    static constexpr char16_t kUnits[] = {u'0', u'1',   u'2',   u'3',   u'4', u'5',     u'6', u'7',
-                                          u'8', u'9',   u' ',   u'-',   u'+', u'.',     u',', u'x',
+    static constexpr char16_t kUnits[] = {u'0', u'1',   u'2',   u'3',   u'4', u'5',       u'6', u'7',
+                                          u'8', u'9',   u' ',   u'-',   u'+', u'.',       u',', u'x',
                                           u'A', 0x00E9, 0x7528, 0xD83D, u'', u'	'}; // the last letter
-                                                                                          // is half a pair
+                                                                                            // is half a pair
     std::u16string text;
     const bool digits = !random_.OneIn(4);
     for (int length = random_.OneIn(10) ? 300 : random_.Between(1, 5); length > 0; --length)
@@ -325,7 +325,7 @@ void User::ClickPreview()
 void User::AskForHelp()
 {
     journal_.Note("title bar's help");
-    SendMessageW(front_, WM_SYSCOMMAND, SC_CONTEXTHELP, 0);
+    PostMessageW(front_, WM_SYSCOMMAND, SC_CONTEXTHELP, 0);
 }
 
 void User::TurnElsewhere()

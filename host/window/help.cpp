@@ -35,7 +35,8 @@ void RunHelpMode(HWND handle)
     const HCURSOR previous = SetCursor(LoadCursorW(nullptr, IDC_HELP));
     HWND target = nullptr;
     MSG message;
-    while (NextWhileCaptured(handle, message)) {
+    // The mode ends with its window, too: a dialog may be closed from within.
+    while (IsWindowVisible(handle) && NextWhileCaptured(handle, message)) {
         if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE)
             break;
         if (message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK) {

@@ -55,6 +55,12 @@ void SetOtherBidi(PrivateDevMode& settings, uint32_t on)
     settings.dwDirModeOther = settings.dwDirChoiceOther = on;
 }
 
+void SetMedia(DriverDevMode& record, DWORD media)
+{
+    record.dmPublic.dmMediaType = media;
+    record.dmPrivate.wMediaClass = MediaClassOf(media);
+}
+
 struct Layout
 {
     int32_t pages;
@@ -63,19 +69,11 @@ struct Layout
 constexpr Layout kLayouts[] = {
     {1, 1}, {2, 1}, {4, 1}, {9, 1}, {16, 1}, {kPosterTwoByTwo, 2}, {kPosterThreeByThree, 3}};
 
-void TakeOnePage(DriverDevMode& record)
-{
-    record.dmPrivate.dwPagesPerSheet = 1;
-    record.dmPrivate.dwSavedNup = 1;
-    record.dmPrivate.wPoster = 1;
-}
-
 // The level and codes that a newly chosen media starts with.
 void TakeMediaQuality(DriverDevMode& record)
 {
     if (HasSingleQuality(record)) {
-        record.dmPrivate.bQualityLevel = SingleQuality().level;
-        record.dmPrivate.shQuality = SingleQuality().code;
+        TakeSingleQuality(record);
         return;
     }
     TakeDefaultQualityLevel(record);
@@ -228,7 +226,7 @@ BasicMessage SourceRefusal(const DriverDevMode& record)
 void TakeMedia(DriverDevMode& record, DWORD media)
 {
     PrivateDevMode& settings = record.dmPrivate;
-    record.dmPublic.dmMediaType = media;
+    SetMedia(record, media);
     TakeMediaQuality(record);
     if (media == kMediaInkjet || IsTransparency(media)) {
         SetOtherBidi(settings, 0);
@@ -273,11 +271,17 @@ void TakeOfferedPaper(DriverDevMode& record, short paper)
 
 void TakePaper(DriverDevMode& record, short paper)
 {
-    if (!IsBorderedQuality(record.dmPrivate) && !IsTransparency(record.dmPublic.dmMediaType))
-        record.dmPrivate.bBorderless = IsBorderlessSize(paper);
+    record.dmPrivate.bBorderless = IsBorderlessSize(paper);
     if (paper != record.dmPublic.dmPaperSize)
         record.dmPrivate.unnamed262 = kPaperChanged;
     TakeOfferedPaper(record, paper);
+}
+
+void TakeOtherPaper(DriverDevMode& record, short paper)
+{
+    record.dmPrivate.bBorderless = IsBorderlessSize(paper);
+    TakeOfferedPaper(record, paper);
+    UpdateThicknessAndBidi(record);
 }
 
 PaperNotice NoticeAfterPaper(const DriverDevMode& record, short former, short paper, bool tray2Failed)
@@ -303,6 +307,13 @@ void UpdateThicknessAndBidi(DriverDevMode& record)
 {
     record.dmPrivate.wThickness = ThicknessOf(record);
     UpdateBidiMode(record);
+}
+
+void TakeOnePage(DriverDevMode& record)
+{
+    record.dmPrivate.dwPagesPerSheet = 1;
+    record.dmPrivate.dwSavedNup = 1;
+    record.dmPrivate.wPoster = 1;
 }
 
 void TakeLayout(DriverDevMode& record, int position, bool byUser)
@@ -366,8 +377,21 @@ short DuplexOf(const DriverDevMode& record)
     return type <= 1 ? DMDUP_VERTICAL : DMDUP_HORIZONTAL;
 }
 
+void UpdateDuplex(DriverDevMode& record)
+{
+    if (record.dmPublic.dmFields & DM_DUPLEX)
+        record.dmPublic.dmDuplex = DuplexOf(record);
+}
+
+void TakeCopies(DriverDevMode& record, int copies)
+{
+    record.dmPublic.dmFields |= DM_COPIES;
+    record.dmPublic.dmCopies = static_cast<short>(copies);
+}
+
 void TakeCollate(DriverDevMode& record, bool on)
 {
+    record.dmPublic.dmFields |= DM_COLLATE;
     record.dmPrivate.dwCollate = on;
     record.dmPrivate.bTailCollate = on;
     record.dmPublic.dmCollate = on ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
@@ -393,7 +417,7 @@ void TakeBasicDefaults(DriverDevMode& record, const ModelDescription* model, DWO
 {
     PrivateDevMode& settings = record.dmPrivate;
     TakeSlowDrying(record, false);
-    record.dmPublic.dmMediaType = media;
+    SetMedia(record, media);
     settings.bDocType = kModeNatural;
     TakeOfferedPaper(record, metric ? DMPAPER_A4 : DMPAPER_LETTER);
     TakeMediaQuality(record);
@@ -401,7 +425,7 @@ void TakeBasicDefaults(DriverDevMode& record, const ModelDescription* model, DWO
     TakeOnePage(record);
     settings.bPageOrder = 0;
     settings.bBorderLine = 0;
-    record.dmPublic.dmCopies = kFewestCopies;
+    TakeCopies(record, kFewestCopies);
     TakeCollate(record, false);
     TakeReverseOrder(record, false);
     TakeOrientation(record, DMORIENT_PORTRAIT);
@@ -433,6 +457,7 @@ bool MakeLayoutSingle(PrinterUiContext* context)
         !IsBorderlessSize(record.dmPublic.dmPaperSize))
         return false;
     TakeOnePage(record);
+    UpdateDuplex(record);
     return true;
 }
 

@@ -46,6 +46,9 @@ void TakePaper(DriverDevMode& record, short paper);
 /// Sets the size as it is offered: the paper in the record is the list's.
 void TakeOfferedPaper(DriverDevMode& record, short paper);
 
+/// The list's paper stands in for one that the record has and the list has not, with all that hangs on it.
+void TakeOtherPaper(DriverDevMode& record, short paper);
+
 /// The notice that follows the choice of a paper: the photo notice's dialog, or the one on borderless
 /// printing.
 struct PaperNotice
@@ -60,6 +63,9 @@ void TakeBorderless(DriverDevMode& record, bool on);
 
 /// Thickness and bi-directional mode follow the paper that is printed on.
 void UpdateThicknessAndBidi(DriverDevMode& record);
+
+/// One page a sheet, and no poster.
+void TakeOnePage(DriverDevMode& record);
 
 /// Entry of the multiple-page list. Scaling ends with every entry but the first; with that too when the user
 /// chose it.
@@ -78,6 +84,12 @@ void TakeDuplex(DriverDevMode& record, bool on);
 /// dmDuplex of the duplex flags, orientation and layout.
 short DuplexOf(const DriverDevMode& record);
 
+/// dmDuplex follows orientation and layout, on a printer that has it.
+void UpdateDuplex(DriverDevMode& record);
+
+/// A record without the field bits of copies and collation counts as one that does not say: chosen ones have
+/// them, or the next merge would drop the choice.
+void TakeCopies(DriverDevMode& record, int copies);
 void TakeCollate(DriverDevMode& record, bool on);
 void TakeReverseOrder(DriverDevMode& record, bool on);
 void TakeSlowDrying(DriverDevMode& record, bool on);

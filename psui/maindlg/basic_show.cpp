@@ -89,7 +89,7 @@ void ShowDuplex(HWND tab, PrinterUiContext* context)
     DriverDevMode& record = context->dmWork;
     if (HasDuplex(context)) {
         Check(tab, IDC_DUPLEX, (record.dmPrivate.wDuplexFlags & kDuplexOn) != 0);
-        record.dmPublic.dmDuplex = DuplexOf(record);
+        UpdateDuplex(record);
         return;
     }
     for (const int control : {IDC_DUPLEX, IDC_DUPLEX_SETTINGS}) {
@@ -138,7 +138,7 @@ void ShowPaper(HWND tab, PrinterUiContext* context)
     if (!SelectByItemData(tab, IDC_PAPER, record.dmPublic.dmPaperSize)) {
         const LRESULT first = SendDlgItemMessageW(tab, IDC_PAPER, CB_GETITEMDATA, 0, 0);
         if (first != CB_ERR)
-            record.dmPublic.dmPaperSize = static_cast<short>(first);
+            TakeOtherPaper(record, static_cast<short>(first));
     }
     TakeOfferedPaper(record, record.dmPublic.dmPaperSize);
     const int position = SelectedPosition(tab, IDC_PAPER);
@@ -207,8 +207,9 @@ void UpdateBasicEnables(HWND tab, PrinterUiContext* context)
 {
     if (MakeLayoutSingle(context)) {
         BuildMultiplePageList(tab, context);
-        RefreshSidePanelLine(context->hMainDialog, context, IDC_LINE_LAYOUT);
+        BuildPageOrderList(tab, context);
         RepaintPreview(context);
+        RefreshSidePanelLine(context->hMainDialog, context, IDC_LINE_LAYOUT);
     }
     for (const int control : BasicEnableControls())
         if (const HWND window = GetDlgItem(tab, control))

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <iterator>
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -71,6 +74,7 @@ struct Tab
 void FinishChange(const Tab& tab)
 {
     ClearExcludedPrintOrder(tab.record());
+    UpdateDuplex(tab.record());
     UpdateBasicEnables(tab.window, tab.context);
     UpdateApplyButton(tab.context->hMainDialog, tab.context);
 }
@@ -162,7 +166,7 @@ void OnColorMode(const Tab& tab, int control)
     const OptionPlace(&mode)[2] = control == IDC_NATURAL ? kNatural : kVivid;
     tab.settings().bDocType = mode[0].ValueIn(tab.context);
     tab.settings().bColorMatching = mode[1].ValueIn(tab.context);
-    CheckRadioButton(tab.window, IDC_NATURAL, IDC_VIVID, control);
+    ShowColorMode(tab.window, tab.context);
     tab.ShowLine(IDC_LINE_COLOR_MODE);
     FinishChange(tab);
 }
@@ -216,9 +220,11 @@ void OnPaper(const Tab& tab)
 void OnBorderless(const Tab& tab)
 {
     DriverDevMode& record = tab.record();
-    const bool on = tab.IsChecked(IDC_BORDERLESS);
-    TakeBorderless(record, on);
+    TakeBorderless(record, tab.IsChecked(IDC_BORDERLESS));
     ShowPaper(tab.window, tab.context);
+    // The model may not offer the paper's form; the one that stands in for it decides.
+    const bool on = record.dmPrivate.bBorderless != 0;
+    tab.Check(IDC_BORDERLESS, on);
     ShowQualities(tab.window, tab.context);
     UpdateThicknessAndBidi(record);
     if (on && record.dmPublic.dmDefaultSource == kSourceTray2)
@@ -278,7 +284,7 @@ void OnCopiesChanged(const Tab& tab)
     }
     if (copies == tab.record().dmPublic.dmCopies)
         return;
-    tab.record().dmPublic.dmCopies = static_cast<short>(copies);
+    TakeCopies(tab.record(), copies);
     SendDlgItemMessageW(tab.window, IDC_COPIES_SPIN, UDM_SETPOS32, 0, copies);
     AfterCopies(tab);
 }
@@ -328,13 +334,14 @@ void OnLayout(const Tab& tab)
     const int position = tab.Selected(IDC_LAYOUT);
     if (LayoutEndsScaling(record, position)) {
         if (tab.Show(BasicMessage::LayoutEndsScaling) == IDCANCEL) {
-            SendDlgItemMessageW(tab.window, IDC_LAYOUT, CB_SETCURSEL, 0, 0);
+            BuildMultiplePageList(tab.window, tab.context);
             return;
         }
         EndScaling(record);
         ShowScalingEnded(tab);
     }
     TakeLayout(record, position, true);
+    ShowPaper(tab.window, tab.context); // with its scale
     BuildPageOrderList(tab.window, tab.context);
     BuildBorderLineList(tab.window, tab.context);
     UpdateThicknessAndBidi(record);
@@ -348,6 +355,7 @@ void OnPageOrder(const Tab& tab)
     if (tab.Selected(IDC_PAGE_ORDER) < 0)
         return;
     TakePageOrder(tab.record(), static_cast<int>(tab.SelectedValue(IDC_PAGE_ORDER, 0)));
+    BuildPageOrderList(tab.window, tab.context);
     RepaintPreview(tab.context);
     FinishChange(tab);
 }
@@ -453,14 +461,66 @@ constexpr CommandRow kCommands[] = {
     {IDC_DEFAULT, BN_CLICKED, OnDefault},
 };
 
+const CommandRow* FindCommand(int control, UINT code)
+{
+    const auto* found = std::find_if(std::begin(kCommands), std::end(kCommands), [=](const CommandRow& row) {
+        return row.control == control && row.code == code;
+    });
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+// An open list selects what the pointer passes over, without a word, and may be closed on it. So what was
+// selected when it was last looked at is kept with the list, and looked at again once it is closed and has
+// told whatever it tells.
+
+constexpr UINT kListSettled = 0x7001; // notification code of our own
+
+void NoteSelection(const Tab& tab, int list)
+{
+    SetWindowLongPtrW(GetDlgItem(tab.window, list), GWLP_USERDATA, tab.Selected(list));
+}
+
+bool IsSelectionNoted(const Tab& tab, int list)
+{
+    return GetWindowLongPtrW(GetDlgItem(tab.window, list), GWLP_USERDATA) == tab.Selected(list);
+}
+
+void OnListChanged(const Tab& tab, const CommandRow& change)
+{
+    NoteSelection(tab, change.control); // a message may come while the handler shows one
+    change.handle(tab);
+    NoteSelection(tab, change.control);
+}
+
+BOOL OnListCommand(const Tab& tab, const CommandRow& change, UINT code)
+{
+    switch (code) {
+    case CBN_DROPDOWN:
+        NoteSelection(tab, change.control);
+        return TRUE;
+    case CBN_SELCHANGE:
+        OnListChanged(tab, change);
+        return TRUE;
+    case CBN_CLOSEUP:
+        PostMessageW(tab.window, WM_COMMAND, MAKEWPARAM(change.control, kListSettled), 0);
+        return TRUE;
+    case kListSettled:
+        if (!IsSelectionNoted(tab, change.control))
+            OnListChanged(tab, change);
+        return TRUE;
+    default:
+        return FALSE;
+    }
+}
+
 BOOL OnCommand(const Tab& tab, int control, UINT code)
 {
-    for (const CommandRow& row : kCommands)
-        if (row.control == control && row.code == code) {
-            row.handle(tab);
-            return TRUE;
-        }
-    return FALSE;
+    if (const CommandRow* const change = FindCommand(control, CBN_SELCHANGE))
+        return OnListCommand(tab, *change, code);
+    const CommandRow* const row = FindCommand(control, code);
+    if (row)
+        row->handle(tab);
+    return row != nullptr;
 }
 
 // Help pictures: small signs beside three controls, which explain those.

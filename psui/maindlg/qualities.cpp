@@ -117,6 +117,13 @@ const QualityRow& SingleQuality()
     return kQualities[0];
 }
 
+void TakeSingleQuality(DriverDevMode& record)
+{
+    record.dmPrivate.bQualityLevel = SingleQuality().level;
+    record.dmPrivate.shQuality = SingleQuality().code;
+    record.dmPublic.dmPrintQuality = SingleQuality().code;
+}
+
 UINT QualityNameText(int level)
 {
     return IDS_QUALITY_DRAFT + (level >= 1 && level <= kBestLevel ? level : 0);

@@ -42,6 +42,9 @@ bool HasSingleQuality(const DriverDevMode& record);
 /// That quality.
 const QualityRow& SingleQuality();
 
+/// Sets its level and code.
+void TakeSingleQuality(DriverDevMode& record);
+
 /// String id of a level's name; the draft's for a level that has none of its own.
 UINT QualityNameText(int level);
 

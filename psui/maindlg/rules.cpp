@@ -166,9 +166,9 @@ void UpdateBidiMode(DriverDevMode& record)
     PrivateDevMode& priv = record.dmPrivate;
     const bool oneDirection = IsPrintedInOneDirection(record);
     if (IsPlainMedia(record.dmPublic.dmMediaType))
-        priv.dwDirModePlain = oneDirection ? 0 : priv.dwDirChoicePlain;
+        priv.dwDirModePlain = !oneDirection && priv.dwDirChoicePlain != 0;
     else
-        priv.dwDirModeOther = oneDirection ? 0 : priv.dwDirChoiceOther;
+        priv.dwDirModeOther = !oneDirection && priv.dwDirChoiceOther != 0;
 }
 
 bool TwoPagesRunBackwards(uint8_t pageOrder)

@@ -94,8 +94,7 @@ void BuildSingleQualityList(HWND tab, PrinterUiContext* context)
         filler.AddString(context->hPageRes, only.text, only.listPosition);
     }
     SendDlgItemMessageW(tab, IDC_QUALITY, CB_SETCURSEL, 0, 0);
-    context->dmWork.dmPrivate.bQualityLevel = only.level;
-    context->dmWork.dmPrivate.shQuality = only.code;
+    TakeSingleQuality(context->dmWork);
 }
 
 void BuildMultiplePageList(HWND tab, PrinterUiContext* context)

@@ -42,16 +42,6 @@ bool IsQuality(int value)
     return InRange(value, DMRES_HIGH, DMRES_DRAFT);
 }
 
-constexpr uint16_t kPlainClass = 0;
-
-/// 1 to 13 for the driver's special media, kPlainClass for plain paper and for every other id.
-constexpr uint16_t MediaClassOf(DWORD media)
-{
-    if (media < kMediaInkjet || media > kMediaHagakiPicture || media == kMediaPlainPaper)
-        return kPlainClass;
-    return static_cast<uint16_t>(media - kMediaInkjet + 1);
-}
-
 bool IsPlainOrAddress(uint16_t mediaClass)
 {
     return mediaClass == kPlainClass || mediaClass == MediaClassOf(kMediaHagakiAddress);

@@ -60,4 +60,16 @@ constexpr uint32_t kDatePrintOn = 0x80;      ///< of dwDatePrint
 constexpr int32_t kPosterTwoByTwo = -4;      ///< dwPagesPerSheet
 constexpr int32_t kPosterThreeByThree = -9;  ///< dwPagesPerSheet
 
+// wMediaClass
+constexpr uint16_t kPlainClass = 0;
+
+/// wMediaClass of a media: 1 to 13 for the driver's special media, kPlainClass for plain paper and for every
+/// other id.
+constexpr uint16_t MediaClassOf(DWORD media)
+{
+    if (media < kMediaInkjet || media > kMediaHagakiPicture || media == kMediaPlainPaper)
+        return kPlainClass;
+    return static_cast<uint16_t>(media - kMediaInkjet + 1);
+}
+
 } // namespace psui
