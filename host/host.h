@@ -161,6 +161,10 @@ HOST_EXPORT void AdvanceTime(unsigned milliseconds);
 /// meets the same timers.
 HOST_EXPORT void HoldTime();
 
+/// Lets windows that are marked for painting wait, but for those that are painted at once, until painting is
+/// no longer held or the world is closed.
+HOST_EXPORT void HoldPainting(bool held);
+
 enum class MouseButton
 {
     Left,

@@ -13,8 +13,9 @@ namespace walk {
 namespace {
 
 constexpr size_t kMostClosings = 200;
-constexpr int kRefreshes = 16; ///< one step in so many is followed by a refresh
-constexpr int kConfirms = 250; ///< one step in so many confirms the dialog
+constexpr size_t kStepsAPainting = 8; ///< drawing takes longer than everything else together
+constexpr int kRefreshes = 16;        ///< one step in so many is followed by a refresh
+constexpr int kConfirms = 250;        ///< one step in so many confirms the dialog
 
 /// What the record alone decides.
 std::vector<std::string> LastingPicture(const psui::PrinterUiContext& context)
@@ -150,6 +151,7 @@ void Sheet::Step()
         return user_.Leave(front);
     }
     journal_.BeginStep();
+    host::HoldPainting(journal_.step() % kStepsAPainting != 0);
     const bool isMain = context_ && front == context_->hMainDialog && context_->bPermission == 1;
     if (isMain && !OpenPopup() && random_.OneIn(kConfirms)) {
         closing_.shown = LastingPicture(*context_);

@@ -22,6 +22,7 @@ std::map<DWORD, std::shared_ptr<Queue>> queues; // by thread
 std::atomic<uint64_t> worldNumber = 1;
 std::atomic<uint64_t> timeAhead = 0; // ms that the host advanced the clock
 std::atomic<uint64_t> timeHeld = 0;  // ms at which the host stopped the clock; 0 while it runs
+std::atomic<bool> paintingHeld = false;
 std::map<std::u16string, UINT> registeredMessages;
 std::function<bool()> idleHook;
 thread_local std::shared_ptr<Queue> ownQueue;
@@ -73,7 +74,7 @@ bool TakeQuit(Queue& queue, bool remove, MSG& message)
 
 bool TakePaint(Queue& queue, HWND window, UINT first, UINT last, MSG& message)
 {
-    if (!InRange(WM_PAINT, first, last))
+    if (!InRange(WM_PAINT, first, last) || paintingHeld.load(std::memory_order_relaxed))
         return false;
     const HWND next = NextToPaint(queue);
     if (next == nullptr || (window != nullptr && next != window && !IsChild(window, next)))
@@ -232,6 +233,11 @@ void HoldTime()
     timeHeld.store(MachineTime(), std::memory_order_relaxed);
 }
 
+void HoldPainting(bool held)
+{
+    paintingHeld.store(held, std::memory_order_relaxed);
+}
+
 void SetIdleHook(std::function<bool()> hook)
 {
     idleHook = std::move(hook);
@@ -325,6 +331,7 @@ void CloseQueues()
     idleHook = nullptr;
     timeAhead = 0;
     timeHeld = 0;
+    paintingHeld = false;
 }
 
 bool NextWhileCaptured(HWND window, MSG& message)
