@@ -157,14 +157,6 @@ HOST_EXPORT void SetIdleHook(std::function<bool()> hook);
 /// Puts the clock of timers, double clicks and message times forward.
 HOST_EXPORT void AdvanceTime(unsigned milliseconds);
 
-/// Stops that clock until the world is closed, so that only AdvanceTime moves it and the same input always
-/// meets the same timers.
-HOST_EXPORT void HoldTime();
-
-/// Lets windows that are marked for painting wait, but for those that are painted at once, until painting is
-/// no longer held or the world is closed.
-HOST_EXPORT void HoldPainting(bool held);
-
 enum class MouseButton
 {
     Left,

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs the fuzz targets from their seeds, as many at once as there are processors.
+# Runs the fuzz targets from their seeds, as many at once as there are processors, and walks by chance through
+# the dialogs.
 # usage: fuzz.sh [SECONDS [TARGET...]]   (60 seconds each and all targets without arguments)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -9,13 +10,13 @@ shift || true
 build=${PSUI_FUZZ_BUILD:-build/fuzz}
 
 cmake --preset fuzz -B "$build" >/dev/null
-cmake --build "$build" --target fuzzers -j "$(nproc)" >"$build/build.log" 2>&1 || { tail -n 60 "$build/build.log"; exit 1; }
+cmake --build "$build" --target fuzzers ui_walk -j "$(nproc)" >"$build/build.log" 2>&1 || { tail -n 60 "$build/build.log"; exit 1; }
 [ $# -gt 0 ] || scripts/fuzz-coverage.sh "$build"
 
 export LLVM_PROFILE_FILE=/dev/null
 if [ $# -eq 0 ]; then
     mapfile -t targets <"$build/fuzz/targets.txt"
-    set -- "${targets[@]}"
+    set -- "${targets[@]}" ui_walk
 fi
 
 fuzz() { # target
@@ -35,6 +36,13 @@ fuzz() { # target
     echo "$target: $(grep '^Done' "$build/fuzz/$target.log")"
 }
 
+# Other seeds every day, so that each run goes where none has been.
+walk() {
+    "$build/fuzz/walk/ui_walk" --seed "$(date +%Y%m%d)000" --seconds "$seconds" --steps 2000 >"$build/fuzz/ui_walk.log" 2>&1 ||
+        { tail -n 60 "$build/fuzz/ui_walk.log"; return 1; }
+    echo "ui_walk: $(tail -n 1 "$build/fuzz/ui_walk.log")"
+}
+
 running=0
 failed=0
 for target; do
@@ -42,7 +50,7 @@ for target; do
         wait -n || failed=1
         running=$((running - 1))
     fi
-    fuzz "$target" &
+    if [ "$target" = ui_walk ]; then walk & else fuzz "$target" & fi
     running=$((running + 1))
 done
 while [ $running -gt 0 ]; do

@@ -11,6 +11,7 @@
 #include "fuzz/walk/checks.h"
 #include "fuzz/walk/sheet.h"
 #include "fuzz/walk/start_record.h"
+#include "host/pace.h"
 #include "psui/base/procedure.h"
 #include "psui/settings/record.h"
 #include "tests/settings/support.h"

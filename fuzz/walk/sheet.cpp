@@ -4,7 +4,7 @@
 
 #include "fuzz/walk/checks.h"
 #include "fuzz/walk/screen.h"
-#include "host/host.h"
+#include "host/pace.h"
 #include "lang/ids/basic_tab.h"
 #include "lang/ids/main_dialog.h"
 #include "tools/psuictl/sheet_run.h"

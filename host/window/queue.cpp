@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include "host/host.h"
+#include "host/pace.h"
 #include "host/window/handles.h"
 
 namespace host {

@@ -5,7 +5,9 @@
 #include "psui/maindlg/basic_rules.h"
 #include "psui/maindlg/placement.h"
 #include "psui/maindlg/preview_clicks.h"
+#include "psui/settings/merge.h"
 #include "psui/settings/record_values.h"
+#include "tests/maindlg/dialog_context.h"
 
 namespace psui {
 namespace {
@@ -65,6 +67,8 @@ TEST(BasicMedia, BringsItsQualityAndClearsWhatItCannotDo)
     EXPECT_EQ(record.dmPrivate.dwSdPaper, 0u);
     EXPECT_EQ(record.dmPrivate.dwDeviceOptions, 0u);
     EXPECT_EQ(record.dmPrivate.dwDirChoiceOther, 0u);
+
+    EXPECT_EQ(record.dmPrivate.wMediaClass, 4);
 
     TakeMedia(record, kMediaHagakiAddress);
     EXPECT_EQ(record.dmPrivate.dwSdPaper, 1u);
@@ -149,6 +153,10 @@ TEST(BasicPaper, CarriesBorderlessPrintingWithIt)
     EXPECT_EQ(record.dmPrivate.unnamed262, 3);
     TakePaper(record, DMPAPER_A5);
     EXPECT_EQ(record.dmPrivate.bBorderless, 0);
+    record.dmPrivate.bBorderless = 1;
+    record.dmPrivate.bQualityLevel = kQualityDraft;
+    TakePaper(record, DMPAPER_A4);
+    EXPECT_EQ(record.dmPrivate.bBorderless, 0) << "a draft's size, too";
 
     constexpr std::pair<short, short> kTwins[] = {
         {DMPAPER_LETTER, 275}, {DMPAPER_A3, 283}, {43, 277}, {292 - 3, 292}};
@@ -162,6 +170,21 @@ TEST(BasicPaper, CarriesBorderlessPrintingWithIt)
     record.dmPublic.dmPaperSize = DMPAPER_A5;
     TakeBorderless(record, true);
     EXPECT_EQ(record.dmPublic.dmPaperSize, 274) << "a size without a form becomes A4's";
+}
+
+TEST(BasicPaper, BringsAllThatHangsOnItWhereItStandsIn)
+{
+    DriverDevMode record = PlainA4();
+    record.dmPublic.dmPaperSize = 275;
+    record.dmPrivate.bBorderless = 1;
+    record.dmPrivate.dwDirChoicePlain = 1;
+    TakeOtherPaper(record, DMPAPER_A4);
+    EXPECT_EQ(record.dmPublic.dmPaperSize, DMPAPER_A4);
+    EXPECT_EQ(record.dmPrivate.bBorderless, 0);
+    EXPECT_EQ(record.dmPrivate.dwDirModePlain, 1u);
+    TakeOtherPaper(record, DMPAPER_ENV_10);
+    EXPECT_EQ(record.dmPrivate.wThickness, kThicknessEnvelope);
+    EXPECT_EQ(record.dmPrivate.dwDirModePlain, 0u);
 }
 
 TEST(BasicPaper, IsFollowedByTheNoticeThatFits)
@@ -261,6 +284,32 @@ TEST(BasicDuplex, DerivesThePublicFieldAndEndsBooklets)
     EXPECT_EQ(record.dmPrivate.bBookletFlags, 0);
     EXPECT_EQ(record.dmPrivate.dwPagesPerSheet, 4);
     EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_SIMPLEX);
+}
+
+TEST(BasicDuplex, FollowsTheOrientationWhereThePrinterHasIt)
+{
+    DriverDevMode record = PlainA4();
+    record.dmPrivate.wDuplexFlags = kDuplexOn | 4;
+    record.dmPublic.dmOrientation = DMORIENT_LANDSCAPE;
+    record.dmPublic.dmDuplex = DMDUP_SIMPLEX;
+    UpdateDuplex(record);
+    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_SIMPLEX);
+    record.dmPublic.dmFields = DM_DUPLEX;
+    UpdateDuplex(record);
+    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_HORIZONTAL);
+}
+
+// A record that never had them in its fields lost both with its next merge.
+TEST(BasicCopies, StayChosenThroughAMerge)
+{
+    const test::World world;
+    const test::DialogContext context;
+    DriverDevMode record = context.record();
+    record.dmPublic.dmFields &= ~DWORD{DM_COPIES | DM_COLLATE};
+    TakeCopies(record, 7);
+    TakeCollate(record, true);
+    ASSERT_EQ(MergeDevMode(&context.record(), &record.dmPublic, context->pModel), 1);
+    test::ExpectFields(context.record(), {{"dmCopies", 7}, {"dmCollate", 1}, {"dwCollate", 1}});
 }
 
 TEST(BasicEnables, FollowTheRecord)

@@ -376,6 +376,22 @@ TEST_F(MainDialog, KeepsKeysForTheButtonsOfItsTab)
         EXPECT_EQ(SendDlgItemMessageW(context_->hBasicTab, button, WM_GETDLGCODE, 0, 0), 0x2024) << button;
 }
 
+// The pointer selects entries of an open list without a word, and Enter closes it on one of them.
+TEST_F(MainDialog, TakesTheEntryThatAListIsClosedOn)
+{
+    Open();
+    const HWND list = GetDlgItem(context_->hBasicTab, IDC_LAYOUT);
+    COMBOBOXINFO info = {};
+    info.cbSize = sizeof(info);
+    ASSERT_TRUE(SendMessageW(list, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info)));
+    SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+    SendMessageW(info.hwndList, LB_SETCURSEL, 2, 0);
+    SendMessageW(list, WM_KEYDOWN, VK_RETURN, 1);
+    WorkOffMessages();
+    EXPECT_EQ(SendMessageW(list, CB_GETCURSEL, 0, 0), 2);
+    test::ExpectFields(context_.record(), {{"dwPagesPerSheet", 4}, {"dwSavedNup", 4}});
+}
+
 TEST(SmallHelp, HangsBelowThePointerAndStaysOnTheDesktop)
 {
     constexpr SIZE kDesktop = {1280, 1024};

@@ -166,7 +166,7 @@ TEST(BiDirectionalMode, FollowsTheChoiceForTheClassOfMedia)
         {"plain", {{"dmMediaType", 1}}, 1, 77},
         {"inkjet postcard", {{"dmMediaType", 268}}, 1, 77},
         {"address side", {{"dmMediaType", 272}}, 1, 77},
-        {"photo", {{"dmMediaType", 263}}, 77, 2},
+        {"photo", {{"dmMediaType", 263}}, 77, 1},
         {"plain envelope", {{"dmMediaType", 1}, {"dmPaperSize", 20}}, 0, 77},
         {"postcard", {{"dmMediaType", 272}, {"dmPaperSize", 43}}, 0, 77},
         {"photo postcard", {{"dmMediaType", 273}, {"dmPaperSize", 277}}, 77, 0},
