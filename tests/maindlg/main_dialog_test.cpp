@@ -229,6 +229,21 @@ TEST_F(MainDialog, CapturesThePointerOverThePageImage)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
+TEST_F(MainDialog, CapturesThePointerOverTheHelpSignsOfItsTab)
+{
+    Open();
+    ShowWindow(sheet_, SW_SHOW);
+    ShowWindow(dialog_, SW_SHOW);
+    const HWND tab = context_->hBasicTab;
+    for (const int sign : {IDC_SLOW_DRYING_HELP, IDC_BORDERLESS_HELP, IDC_COLOR_MODE_HELP}) {
+        const RECT place = PlaceOf(tab, sign);
+        SendMessageW(tab, WM_MOUSEMOVE, 0, MAKELPARAM(place.left, place.top));
+        EXPECT_EQ(GetCapture(), tab) << sign;
+        SendMessageW(tab, WM_MOUSEMOVE, 0, MAKELPARAM(place.left - 1, place.top));
+        EXPECT_EQ(GetCapture(), nullptr) << sign;
+    }
+}
+
 TEST_F(MainDialog, KnowsWhetherThePointerIsOverTheLink)
 {
     Open();
