@@ -344,10 +344,12 @@ std::string CheckEnables(const PrinterUiContext& context)
     return wrong;
 }
 
-std::string CheckApply(const PrinterUiContext& context, const PrinterUiContext& applied)
+std::string CheckApply(const PrinterUiContext& context, const PrinterUiContext* applied)
 {
+    if (!applied)
+        return "";
     return CheckEnabled(context.hMainDialog, IDC_APPLY,
-                        context.bUserDefault && psui::SettingsDiffer(context, applied));
+                        context.bUserDefault && psui::SettingsDiffer(context, *applied));
 }
 
 } // namespace
@@ -364,7 +366,7 @@ std::string CheckRecord(const PrinterUiContext& context)
     return wrong;
 }
 
-std::string CheckControls(const PrinterUiContext& context, const PrinterUiContext& applied)
+std::string CheckControls(const PrinterUiContext& context, const PrinterUiContext* applied)
 {
     const DriverDevMode& record = context.dmWork;
     const HWND tab = context.hBasicTab;

@@ -12,8 +12,8 @@ namespace walk {
 std::string CheckRecord(const psui::PrinterUiContext& context);
 
 /// Whether lists, boxes and texts show the record and what can be used follows its rules: what is wrong, or
-/// nothing. `applied` is the context as it was last applied.
-std::string CheckControls(const psui::PrinterUiContext& context, const psui::PrinterUiContext& applied);
+/// nothing. `applied` is the context as it was last applied, or null when that is not known.
+std::string CheckControls(const psui::PrinterUiContext& context, const psui::PrinterUiContext* applied);
 
 /// Whether the Basic tab, told to read the record again, shows the same and leaves the record alone. A number
 /// may be typed with zeros before it.

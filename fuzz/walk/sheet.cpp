@@ -44,6 +44,10 @@ Sheet::~Sheet()
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
         DispatchMessageW(&message);
+    if (OpenClipboard(nullptr)) {
+        EmptyClipboard();
+        CloseClipboard();
+    }
     current_ = nullptr;
 }
 
@@ -92,8 +96,20 @@ LRESULT CALLBACK Sheet::WatchSheet(HWND window, UINT message, WPARAM wParam, LPA
     return CallWindowProcW(sheet.watchedProc_, window, message, wParam, lParam);
 }
 
+/// One step may close the dialog and open the next, which takes its settings for applied ones.
+void Sheet::NoteDialog()
+{
+    const HWND dialog = context_ ? context_->hMainDialog : nullptr;
+    if (context_ && !dialog)
+        TakeApplied();
+    else if (dialog_ && dialog != dialog_)
+        appliedKnown_ = false;
+    dialog_ = dialog;
+}
+
 void Sheet::TakeApplied()
 {
+    appliedKnown_ = true;
     *applied_ = *context_;
 }
 
@@ -116,11 +132,10 @@ bool Sheet::OnIdle()
 void Sheet::Check()
 {
     std::string wrong = CheckTitles();
-    if (context_ && !context_->hMainDialog)
-        TakeApplied();
+    NoteDialog();
     if (context_ && context_->hMainDialog && FrontDialog() == context_->hMainDialog && !OpenPopup()) {
         CheckFirstLook();
-        wrong += CheckRecord(*context_) + CheckControls(*context_, *applied_);
+        wrong += CheckRecord(*context_) + CheckControls(*context_, appliedKnown_ ? applied_.get() : nullptr);
         if (wrong.empty() && random_.OneIn(kRefreshes))
             wrong += CheckRefresh(*context_);
     }
@@ -152,10 +167,11 @@ void Sheet::Step()
     }
     journal_.BeginStep();
     host::HoldPainting(journal_.step() % kStepsAPainting != 0);
-    const bool isMain = context_ && front == context_->hMainDialog && context_->bPermission == 1;
-    if (isMain && !OpenPopup() && random_.OneIn(kConfirms)) {
+    const bool isMain = context_ && front == context_->hMainDialog;
+    if (isMain)
+        closing_.shown.clear(); // confirmed, but opened again from the same sheet
+    if (isMain && context_->bPermission == 1 && !OpenPopup() && random_.OneIn(kConfirms)) {
         closing_.shown = LastingPicture(*context_);
-        closing_.worked = context_->dmWork;
         return user_.Confirm(front);
     }
     user_.Act(front);

@@ -26,10 +26,8 @@ struct Closing
 {
     bool confirmed = false;
     psui::DriverDevMode output = {};
-    /// What the main dialog showed and the record it worked on when the user confirmed it; nothing when he
-    /// left in another way.
+    /// What the main dialog showed when the user confirmed it; nothing when he left in another way.
     std::vector<std::string> shown;
-    psui::DriverDevMode worked = {};
 };
 
 class Sheet
@@ -53,6 +51,7 @@ private:
     void Check();
     void CheckFirstLook();
     void Step();
+    void NoteDialog();
     void TakeApplied();
 
     static Sheet* current_; // neither the common UI nor a window procedure hands anything of ours
@@ -64,6 +63,8 @@ private:
     User& user_;
     psui::PrinterUiContext* context_ = nullptr; ///< of the open sheet
     std::unique_ptr<psui::PrinterUiContext> applied_ = std::make_unique<psui::PrinterUiContext>();
+    bool appliedKnown_ = true; ///< false once a dialog has opened unseen
+    HWND dialog_ = nullptr;    ///< the main dialog as it was last seen
     HWND watched_ = nullptr;
     WNDPROC watchedProc_ = nullptr;
     size_t lastStep_ = 0;
