@@ -176,10 +176,13 @@ bool HasNoUserSize(const DriverDevMode& record)
     return record.dmPublic.dmPaperSize != DMPAPER_USER;
 }
 
-/// The dialogs decide on the direction by the paper that is printed on, the merge by the document's.
-bool IsFittedToPaper(const DriverDevMode& record)
+/// The dialogs decide on the direction by the paper that is printed on, the merge by the document's; and a
+/// media that nobody knows is plain paper to the merge only.
+bool HasTwoDirections(const DriverDevMode& record)
 {
-    return record.dmPrivate.bFitToPaper == psui::kFitToOutputPaper;
+    const DWORD media = record.dmPublic.dmMediaType;
+    const bool unknown = psui::MediaClassOf(media) == psui::kPlainClass && !psui::IsPlainMedia(media);
+    return unknown || record.dmPrivate.bFitToPaper == psui::kFitToOutputPaper;
 }
 
 /// Media that have qualities in the dialog which the merge does not know.
@@ -208,8 +211,8 @@ constexpr MergeChange kMergeChanges[] = {
     {"wCustomWidth", kEveryBit, IsMendedSize},
     {"wCustomLength", kEveryBit, IsMendedSize},
     {"dwDeviceOptions", ~int64_t{psui::kMirrorPrinting | psui::kReversePrinting}, Always},
-    {"dwDirModePlain", kEveryBit, IsFittedToPaper},
-    {"dwDirModeOther", kEveryBit, IsFittedToPaper},
+    {"dwDirModePlain", kEveryBit, HasTwoDirections},
+    {"dwDirModeOther", kEveryBit, HasTwoDirections},
     {"dmPrintQuality", kEveryBit, HasUnmergedQualities},
     {"shQuality", kEveryBit, HasUnmergedQualities},
     {"bQualityLevel", kEveryBit, HasUnmergedQualities},

@@ -137,8 +137,10 @@ void ShowPaper(HWND tab, PrinterUiContext* context)
     DriverDevMode& record = context->dmWork;
     if (!SelectByItemData(tab, IDC_PAPER, record.dmPublic.dmPaperSize)) {
         const LRESULT first = SendDlgItemMessageW(tab, IDC_PAPER, CB_GETITEMDATA, 0, 0);
-        if (first != CB_ERR)
+        if (first != CB_ERR) {
             TakeOtherPaper(record, static_cast<short>(first));
+            ShowQualities(tab, context);
+        }
     }
     TakeOfferedPaper(record, record.dmPublic.dmPaperSize);
     const int position = SelectedPosition(tab, IDC_PAPER);
