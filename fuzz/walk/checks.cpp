@@ -201,6 +201,7 @@ struct MergeChange
 constexpr MergeChange kMergeChanges[] = {
     {"dmFields", kMergesOwnFields, Always},
     {"dmNup", kEveryBit, Always},
+    {"wMultiPageMode", kEveryBit, Always},
     {"dwDatePrint", psui::kDatePrintOn, DropsDate},
     {"dwTailDatePrint", psui::kDatePrintOn, DropsDate},
     {"dmOrientation", kEveryBit, IsMendedSize},

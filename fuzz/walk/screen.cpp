@@ -100,6 +100,13 @@ std::string ContentsOf(HWND control)
            TextOf(control);
 }
 
+std::string LookOf(HWND control)
+{
+    if (!IsWindowVisible(control))
+        return " hidden";
+    return (IsWindowEnabled(control) ? "" : " disabled") + ContentsOf(control);
+}
+
 } // namespace
 
 bool IsOfClass(HWND window, const WCHAR* name)
@@ -168,8 +175,7 @@ std::vector<std::string> Picture(HWND dialog, const std::vector<HWND>& without)
     std::vector<std::string> lines;
     for (const HWND control : controls)
         if (std::find(without.begin(), without.end(), control) == without.end())
-            lines.push_back(NameOf(control) + (IsWindowVisible(control) ? "" : " hidden") +
-                            (IsWindowEnabled(control) ? "" : " disabled") + ContentsOf(control));
+            lines.push_back(NameOf(control) + LookOf(control));
     return lines;
 }
 

@@ -1,5 +1,7 @@
 #include "fuzz/walk/sheet.h"
 
+#include <cstring>
+
 #include <prsht.h>
 
 #include "fuzz/walk/checks.h"
@@ -81,11 +83,24 @@ LONG WINAPI Sheet::Forward(psui::PropSheetUiInfo* info, LPARAM param)
 
 LONG Sheet::Note(psui::PropSheetUiInfo* info, LPARAM param)
 {
+    if (info->Reason == psui::kSheetSetResult && context_ && ChangedSinceConfirmed())
+        closing_.shown.clear();
     const LONG answer = function_(info, param);
     context_ = reinterpret_cast<psui::PrinterUiContext*>(info->UserData);
     if (info->Reason == psui::kSheetInitialise && context_)
         TakeApplied();
     return answer;
+}
+
+/// One step may open the dialog again from the same sheet and change the record. The page itself stores the
+/// user-defined size when it applies.
+bool Sheet::ChangedSinceConfirmed() const
+{
+    psui::DriverDevMode now = context_->dmWork;
+    now.dmPublic.dmFields = confirmed_.dmPublic.dmFields;
+    now.dmPublic.dmPaperLength = confirmed_.dmPublic.dmPaperLength;
+    now.dmPublic.dmPaperWidth = confirmed_.dmPublic.dmPaperWidth;
+    return std::memcmp(&now, &confirmed_, sizeof(now)) != 0;
 }
 
 LRESULT CALLBACK Sheet::WatchSheet(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -116,6 +131,11 @@ void Sheet::TakeApplied()
 bool Sheet::OnIdle()
 {
     const HWND front = FrontDialog();
+    if (!front && OpenPopup() &&
+        ++leaving_ <= kMostClosings) { // a menu outlives the dialog that it belongs to
+        host::PressKey(VK_ESCAPE);
+        return true;
+    }
     if (!front)
         journal_.Fail("no dialog can be used, but one waits");
     const HWND sheet = context_ && context_->hSummaryPage ? GetParent(context_->hSummaryPage) : nullptr;
@@ -172,6 +192,7 @@ void Sheet::Step()
         closing_.shown.clear(); // confirmed, but opened again from the same sheet
     if (isMain && context_->bPermission == 1 && !OpenPopup() && random_.OneIn(kConfirms)) {
         closing_.shown = LastingPicture(*context_);
+        confirmed_ = context_->dmWork;
         return user_.Confirm(front);
     }
     user_.Act(front);

@@ -52,6 +52,7 @@ private:
     void CheckFirstLook();
     void Step();
     void NoteDialog();
+    bool ChangedSinceConfirmed() const;
     void TakeApplied();
 
     static Sheet* current_; // neither the common UI nor a window procedure hands anything of ours
@@ -71,6 +72,7 @@ private:
     size_t leaving_ = 0; ///< attempts to close what is left when the steps are used up
     const Closing* expected_ = nullptr;
     Closing closing_;
+    psui::DriverDevMode confirmed_ = {}; ///< the record when the main dialog was confirmed
 };
 
 } // namespace walk
