@@ -73,6 +73,8 @@ Closing Sheet::Walk(const Request& request, size_t lastStep, const Closing* expe
     if (run.answer <= 0)
         journal_.Fail("the sheet does not open: " + std::to_string(run.answer));
     closing_.confirmed = run.result != 0;
+    if (!outputShown_) // what was applied before counts, and not what was confirmed and then left
+        closing_.shown.clear();
     return closing_;
 }
 
@@ -83,8 +85,8 @@ LONG WINAPI Sheet::Forward(psui::PropSheetUiInfo* info, LPARAM param)
 
 LONG Sheet::Note(psui::PropSheetUiInfo* info, LPARAM param)
 {
-    if (info->Reason == psui::kSheetSetResult && context_ && ChangedSinceConfirmed())
-        closing_.shown.clear();
+    if (info->Reason == psui::kSheetSetResult && context_)
+        outputShown_ = !closing_.shown.empty() && !ChangedSinceConfirmed();
     const LONG answer = function_(info, param);
     context_ = reinterpret_cast<psui::PrinterUiContext*>(info->UserData);
     if (info->Reason == psui::kSheetInitialise && context_)
@@ -193,6 +195,7 @@ void Sheet::Step()
     if (isMain && context_->bPermission == 1 && !OpenPopup() && random_.OneIn(kConfirms)) {
         closing_.shown = LastingPicture(*context_);
         confirmed_ = context_->dmWork;
+        outputShown_ = false;
         return user_.Confirm(front);
     }
     user_.Act(front);

@@ -72,6 +72,7 @@ private:
     size_t leaving_ = 0; ///< attempts to close what is left when the steps are used up
     const Closing* expected_ = nullptr;
     Closing closing_;
+    bool outputShown_ = false;           ///< the caller's record is the one that was confirmed
     psui::DriverDevMode confirmed_ = {}; ///< the record when the main dialog was confirmed
 };
 
