@@ -214,7 +214,7 @@ TEST_F(World, ProfileCountsTheCallsOfTheThreadAlone)
 // An idle hook runs inside of calls that began before the profile and end after it.
 TEST_F(World, ProfileHasThePiecesOfCallsThatAreUnderWay)
 {
-    constexpr uint64_t kAge = 20'000'000; // ns, spent in the program
+    static constexpr uint64_t kAge = 20'000'000; // ns, spent in the program
     const auto spend = [] {
         const auto until = std::chrono::steady_clock::now() + std::chrono::nanoseconds(kAge);
         while (std::chrono::steady_clock::now() < until) {
