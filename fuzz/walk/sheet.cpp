@@ -19,6 +19,12 @@ constexpr size_t kStepsAPainting = 8; ///< drawing takes longer than everything 
 constexpr int kRefreshes = 16;        ///< one step in so many is followed by a refresh
 constexpr int kConfirms = 250;        ///< one step in so many confirms the dialog
 
+/// The status monitor's file takes the scaling of several pages a sheet back when the record comes again.
+bool IsScaledLayout(const psui::DriverDevMode& record)
+{
+    return record.dmPrivate.bFitToPaper != 0 && record.dmPrivate.dwPagesPerSheet != 1;
+}
+
 /// What the record alone decides.
 std::vector<std::string> LastingPicture(const psui::PrinterUiContext& context)
 {
@@ -193,7 +199,8 @@ void Sheet::Step()
     if (isMain)
         closing_.shown.clear(); // confirmed, but opened again from the same sheet
     if (isMain && context_->bPermission == 1 && !OpenPopup() && random_.OneIn(kConfirms)) {
-        closing_.shown = LastingPicture(*context_);
+        if (!IsScaledLayout(context_->dmWork))
+            closing_.shown = LastingPicture(*context_);
         confirmed_ = context_->dmWork;
         outputShown_ = false;
         return user_.Confirm(front);

@@ -183,7 +183,7 @@ void ShowBasicSettings(HWND tab, PrinterUiContext* context)
     ShowColorMode(tab, context);
     BuildPaperList(tab, context);
     ShowPaper(tab, context);
-    record.dmPrivate.wThickness = ThicknessOf(record);
+    UpdateThicknessAndBidi(record);
     BuildMultiplePageList(tab, context);
     ShowOrientation(tab, context);
     if (record.dmPublic.dmCopies == 0)
