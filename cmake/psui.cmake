@@ -13,6 +13,9 @@ target_compile_options(psui_options INTERFACE $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<
 if(PSUI_SANITIZE)
     target_compile_options(psui_options INTERFACE
         $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wno-maybe-uninitialized>)
+    # Functions are found by name across modules, each side with structures of its own: no two types agree.
+    target_compile_options(psui_options INTERFACE
+        $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:Clang>>:-fno-sanitize=function>)
 endif()
 target_link_options(psui_options INTERFACE ${PSUI_SANITIZE_LIST})
 
