@@ -18,13 +18,14 @@ const Journal* journal;
 
 void OnDeath()
 {
-    journal->Print();
+    if (journal)
+        journal->Print();
 }
 
 void OnSignal(int number)
 {
     std::fprintf(stderr, number == SIGALRM ? "broken: a step does not end\n" : "broken: signal %d\n", number);
-    journal->Print();
+    OnDeath();
     std::signal(SIGABRT, SIG_DFL);
     std::abort();
 }
@@ -41,6 +42,11 @@ Journal::Journal(bool verbose) : verbose_(verbose)
     }
     for (const int number : {SIGSEGV, SIGBUS, SIGFPE, SIGABRT})
         std::signal(number, OnSignal);
+}
+
+Journal::~Journal()
+{
+    journal = nullptr;
 }
 
 void Journal::Begin(const Itinerary& itinerary)

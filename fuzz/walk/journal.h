@@ -22,6 +22,9 @@ public:
     /// Makes the journal speak up when the program dies: by a signal, a sanitizer's finding, or because a
     /// step takes longer than a minute. One journal a program.
     explicit Journal(bool verbose);
+    ~Journal();
+    Journal(const Journal&) = delete;
+    Journal& operator=(const Journal&) = delete;
 
     void Begin(const Itinerary& itinerary);
     void BeginSheet(const std::string& description);
