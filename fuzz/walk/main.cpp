@@ -15,6 +15,7 @@
 #include "psui/base/procedure.h"
 #include "psui/settings/record.h"
 #include "tests/settings/support.h"
+#include "tools/psuictl/desktop.h"
 
 namespace {
 
@@ -159,42 +160,15 @@ psui::DriverDevMode DefaultRecord(psui::PropSheetUiFn sheets, test::Printer& pri
     return record;
 }
 
-struct Kind
-{
-    const char* name;
-    int64_t host::Ledger::*count;
-};
-constexpr Kind kKinds[] = {
-    {"files", &host::Ledger::files},
-    {"finds", &host::Ledger::finds},
-    {"mappings", &host::Ledger::mappings},
-    {"heaps", &host::Ledger::heaps},
-    {"blocks", &host::Ledger::blocks},
-    {"bytes", &host::Ledger::bytes},
-    {"modules", &host::Ledger::modules},
-    {"critical sections", &host::Ledger::criticalSections},
-    {"keys", &host::Ledger::keys},
-    {"printers", &host::Ledger::printers},
-    {"device contexts", &host::Ledger::deviceContexts},
-    {"bitmaps", &host::Ledger::bitmaps},
-    {"brushes", &host::Ledger::brushes},
-    {"fonts", &host::Ledger::fonts},
-    {"icons", &host::Ledger::icons},
-    {"palettes", &host::Ledger::palettes},
-    {"pens", &host::Ledger::pens},
-    {"regions", &host::Ledger::regions},
-    {"windows", &host::Ledger::windows},
-    {"classes", &host::Ledger::classes},
-    {"menus", &host::Ledger::menus},
-};
+using Objects = std::vector<std::pair<std::string, int64_t>>; // kinds of open objects and their counts
 
-std::string GrowthSince(const host::Ledger& before)
+std::string GrowthSince(const Objects& before)
 {
-    const host::Ledger now = host::OpenObjects();
+    const Objects now = psuictl::platform::OpenObjects();
     std::string growth;
-    for (const Kind& kind : kKinds)
-        if (now.*kind.count != before.*kind.count)
-            growth += std::to_string(now.*kind.count - before.*kind.count) + " " + kind.name + "; ";
+    for (size_t i = 0; i < now.size(); ++i)
+        if (now[i].second != before[i].second)
+            growth += std::to_string(now[i].second - before[i].second) + " " + now[i].first + "; ";
     return growth;
 }
 
@@ -248,7 +222,7 @@ private:
                             (request.mode & kNoPermission ? ", read only" : "") +
                             (request.mode & kUserDefault ? ", user default" : "") + ", pages " +
                             std::to_string(request.pages));
-        const host::Ledger before = host::OpenObjects();
+        const Objects before = psuictl::platform::OpenObjects();
         Closing closing;
         {
             walk::Sheet sheet(library_.sheets, printer_, random_, journal_, user_);
