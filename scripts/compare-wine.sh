@@ -137,7 +137,8 @@ ask_about_printer() { # linux|wine, language, model
 add_and_remove() { # linux|wine, language, model
     local printer
     printer=$(printer_of "$2" "$3")
-    psuictl "$1" printer remove "$printer" >/dev/null 2>&1 || true # of a run that was cut off
+    # One is left where a run was cut off.
+    if psuictl "$1" printer list | grep -F "$printer" >/dev/null; then psuictl "$1" printer remove "$printer" >/dev/null; fi
     ask_about_printer "$@"
     if [ "$1" = wine ]; then
         wine "$platform_answers" "$(winepath -w "${windows%/*}/$2/psui.dll")" "$printer" >platform-answers 2>&1 ||

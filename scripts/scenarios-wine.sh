@@ -23,7 +23,8 @@ added=()
 use_printer_of() {
     printer="Scenario ${1%.ppd}"
     if [[ " ${added[*]-} " == *" $1 "* ]]; then return; fi
-    psuictl printer remove "$printer" >/dev/null 2>&1 || true
+    # One is left where a run was cut off.
+    if psuictl printer list | grep -F "$printer" >/dev/null; then psuictl printer remove "$printer" >/dev/null; fi
     psuictl printer add "$printer" --model "$1" >/dev/null
     added+=("$1")
 }
@@ -37,8 +38,8 @@ psuictl record set in.dm dmCopies=3 dmFields=0x02011B03 -o in.dm
 failed=0
 for scenario; do
     cp "$scenario" "$work/scenario.txt"
-    read -ra options < <(head_of options) || true
-    read -ra fields < <(head_of record) || true
+    read -ra options <<<"$(head_of options)"
+    read -ra fields <<<"$(head_of record)"
     model=$(head_of model)
     use_printer_of "${model:-palette940.ppd}"
     if [ ${#fields[@]} -gt 0 ]; then

@@ -17,7 +17,7 @@ mkdir -p build
 forget_driver_settings() {
     local key
     for key in HKCU\\Software HKLM\\Software HKLM\\Software\\Wow6432Node; do
-        wine reg delete "$key\\Velmora" /f >/dev/null 2>&1 || true # there may be none
+        if wine reg query "$key\\Velmora" >/dev/null 2>&1; then wine reg delete "$key\\Velmora" /f >/dev/null; fi
     done
     rm -rf "$WINEPREFIX"/drive_c/users/*/AppData/Roaming/Velmora "$WINEPREFIX"/drive_c/ProgramData/Velmora
 }
