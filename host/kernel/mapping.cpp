@@ -18,6 +18,14 @@ namespace {
 
 constexpr uint64_t kAllocationGranularity = 0x10000; // bytes
 
+/// Views are mapped and unmapped in whole pages, as the system does it anyway. The thread sanitizer forgets
+/// whole pages only: it would hold the rest of one against the module that is loaded there next.
+size_t WholePages(size_t bytes)
+{
+    static const auto page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    return (bytes + page - 1) / page * page;
+}
+
 /// Keeps a file from being cut short while it is mapped.
 class MappedFile
 {
@@ -59,7 +67,7 @@ struct Mapping final : Object
 struct View
 {
     void* address;
-    size_t size;
+    size_t size; // bytes, whole pages
     MappedFile mapped;
 };
 
@@ -159,7 +167,8 @@ LPVOID WINAPI MapViewOfFile(HANDLE handle, DWORD access, DWORD offsetHigh, DWORD
         return nullptr;
     }
     const bool writes = (access & FILE_MAP_WRITE) != 0;
-    void* const address = mmap(nullptr, bytes, writes ? PROT_READ | PROT_WRITE : PROT_READ, MAP_SHARED,
+    const size_t size = WholePages(bytes);
+    void* const address = mmap(nullptr, size, writes ? PROT_READ | PROT_WRITE : PROT_READ, MAP_SHARED,
                                mapping->mapped.file()->fd, static_cast<off_t>(offset));
     if (address == MAP_FAILED) {
         SetLastError(ErrorFromErrno(errno));
@@ -167,7 +176,7 @@ LPVOID WINAPI MapViewOfFile(HANDLE handle, DWORD access, DWORD offsetHigh, DWORD
     }
     CountOpen(&Ledger::mappings, 1);
     std::lock_guard lock(viewLock);
-    views.push_back({address, bytes, MappedFile(mapping->mapped.file())});
+    views.push_back({address, size, MappedFile(mapping->mapped.file())});
     return address;
 }
 
