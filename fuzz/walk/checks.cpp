@@ -68,14 +68,6 @@ int PageOrderPosition(HWND list, const DriverDevMode& record)
     return order == 0 || order == 1 || order == 4 || order == 5 ? 0 : 1;
 }
 
-/// Refusing to end the scaling leaves the list at its first entry, even in a record that has both.
-int LayoutPosition(HWND list, const DriverDevMode& record)
-{
-    const bool refused =
-        record.dmPrivate.bFitToPaper != psui::kFitOff && SendMessageW(list, CB_GETCURSEL, 0, 0) == 0;
-    return refused ? 0 : PositionOrFirst(list, record.dmPrivate.dwPagesPerSheet);
-}
-
 struct ListRule
 {
     int control;
@@ -84,7 +76,8 @@ struct ListRule
 constexpr ListRule kListRules[] = {
     {IDC_MEDIA, [](HWND l, const DriverDevMode& r) { return PositionOrFirst(l, r.dmPublic.dmMediaType); }},
     {IDC_PAPER, [](HWND l, const DriverDevMode& r) { return PositionOfData(l, r.dmPublic.dmPaperSize); }},
-    {IDC_LAYOUT, LayoutPosition},
+    {IDC_LAYOUT,
+     [](HWND l, const DriverDevMode& r) { return PositionOrFirst(l, r.dmPrivate.dwPagesPerSheet); }},
     {IDC_BORDER_LINE,
      [](HWND l, const DriverDevMode& r) { return PositionOrFirst(l, r.dmPrivate.bBorderLine); }},
     {IDC_QUALITY, QualityPosition},
@@ -176,20 +169,24 @@ bool HasNoUserSize(const DriverDevMode& record)
     return record.dmPublic.dmPaperSize != DMPAPER_USER;
 }
 
-/// The dialogs decide on the direction by the paper that is printed on, the merge by the document's; and a
-/// media that nobody knows is plain paper to the merge only.
-bool HasTwoDirections(const DriverDevMode& record)
+/// A media that nobody knows is plain paper to the merge only.
+bool HasUnknownMedia(const DriverDevMode& record)
 {
     const DWORD media = record.dmPublic.dmMediaType;
-    const bool unknown = psui::MediaClassOf(media) == psui::kPlainClass && !psui::IsPlainMedia(media);
-    return unknown || record.dmPrivate.bFitToPaper == psui::kFitToOutputPaper;
+    return psui::MediaClassOf(media) == psui::kPlainClass && !psui::IsPlainMedia(media);
+}
+
+/// The dialogs decide on the direction by the paper that is printed on, the merge by the document's.
+bool HasTwoDirections(const DriverDevMode& record)
+{
+    return HasUnknownMedia(record) || record.dmPrivate.bFitToPaper == psui::kFitToOutputPaper;
 }
 
 /// Media that have qualities in the dialog which the merge does not know.
 bool HasUnmergedQualities(const DriverDevMode& record)
 {
-    return record.dmPublic.dmMediaType == psui::kMediaGlossy ||
-           record.dmPublic.dmMediaType == psui::kMediaGlossyR;
+    const DWORD media = record.dmPublic.dmMediaType;
+    return media == psui::kMediaGlossy || media == psui::kMediaGlossyR || HasUnknownMedia(record);
 }
 
 struct MergeChange

@@ -114,18 +114,18 @@ class Library
 public:
     explicit Library(const std::string& language)
         : module_(LoadLibraryW(test::ProductFile(language + "/psui.dll").c_str())),
-          sheets(psui::FindProcedure<psui::PropSheetUiFn>(module_, "DrvDocumentPropertySheets"))
+          sheets_(psui::FindProcedure<psui::PropSheetUiFn>(module_, "DrvDocumentPropertySheets"))
     {
     }
     ~Library() { FreeLibrary(module_); }
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-private:
-    HMODULE module_;
+    psui::PropSheetUiFn sheets() const { return sheets_; }
 
-public:
-    const psui::PropSheetUiFn sheets;
+private:
+    const HMODULE module_;
+    const psui::PropSheetUiFn sheets_;
 };
 
 /// A window that belongs to none of the dialogs.
@@ -179,7 +179,7 @@ public:
     Walk(const walk::Itinerary& itinerary, Journal& journal)
         : itinerary_(itinerary), journal_(journal), random_(itinerary.seed), world_(itinerary.language),
           printer_(u"Office", ReadModel(itinerary.model)), library_(itinerary.language),
-          user_(random_, journal, elsewhere_), defaults_(DefaultRecord(library_.sheets, printer_))
+          user_(random_, journal, elsewhere_), defaults_(DefaultRecord(library_.sheets(), printer_))
     {
         host::HoldTime();
     }
@@ -225,7 +225,7 @@ private:
         const Objects before = psuictl::platform::OpenObjects();
         Closing closing;
         {
-            walk::Sheet sheet(library_.sheets, printer_, random_, journal_, user_);
+            walk::Sheet sheet(library_.sheets(), printer_, random_, journal_, user_);
             closing = sheet.Walk(request, lastStep, expected);
         }
         if (const std::string growth = GrowthSince(before); opened_++ > 0 && !growth.empty())

@@ -265,14 +265,14 @@ void User::PressMnemonic()
 
 std::u16string User::SomeText()
 {
-    static constexpr char16_t kUnits[] = {u'0', u'1',   u'2',   u'3',   u'4', u'5',       u'6', u'7',
-                                          u'8', u'9',   u' ',   u'-',   u'+', u'.',       u',', u'x',
-                                          u'A', 0x00E9, 0x7528, 0xD83D, u'', u'	'}; // the last letter
-                                                                                            // is half a pair
+    // Digits first; then what a number may hold, letters, half a pair, and keys that are characters.
+    static constexpr char16_t kUnits[] = u"0123456789 -+.,xA\u00E9\u7528\xD83D\b\t";
+    constexpr int kDigits = 10;
+    constexpr int kAll = static_cast<int>(std::size(kUnits)) - 1;
     std::u16string text;
     const bool digits = !random_.OneIn(4);
     for (int length = random_.OneIn(10) ? 300 : random_.Between(1, 5); length > 0; --length)
-        text += kUnits[random_.Below(digits ? 10 : static_cast<int>(std::size(kUnits)))];
+        text += kUnits[random_.Below(digits ? kDigits : kAll)];
     return text;
 }
 
