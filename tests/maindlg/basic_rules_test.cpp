@@ -12,291 +12,256 @@
 namespace psui {
 namespace {
 
-DriverDevMode PlainA4()
+/// Plain A4 in colour and normal quality, from tray 1, but for the changes.
+DriverDevMode PlainA4(const test::FieldValues& changes = {})
 {
     DriverDevMode record = {};
-    record.dmPublic.dmPaperSize = DMPAPER_A4;
-    record.dmPublic.dmMediaType = kMediaPlain;
-    record.dmPublic.dmOrientation = DMORIENT_PORTRAIT;
-    record.dmPublic.dmColor = DMCOLOR_COLOR;
-    record.dmPublic.dmCopies = 1;
-    record.dmPublic.dmDefaultSource = kSourceTray1;
-    record.dmPrivate.bQualityLevel = kQualityNormal;
-    record.dmPrivate.dwPagesPerSheet = 1;
-    record.dmPrivate.dwSavedNup = 1;
-    record.dmPrivate.wPoster = 1;
-    record.dmPrivate.dwTrayChoice = 1;
+    test::SetAll(record, "dmPaperSize=9 dmMediaType=1 dmOrientation=1 dmColor=2 dmCopies=1 dmDefaultSource=1 "
+                         "bQualityLevel=2 dwPagesPerSheet=1 dwSavedNup=1 wPoster=1 dwTrayChoice=1");
+    test::SetAll(record, changes);
     return record;
 }
 
-constexpr uint16_t kAllDuplex = kDuplexOn;
-
-TEST(BasicMedia, IsRefusedWhereItExcludesWhatIsSet)
+/// What a choice of the user makes of a record.
+struct Choice
 {
-    struct Case
-    {
-        short paper;
-        bool duplex;
-        DWORD media;
-        BasicMessage refusal;
-    };
-    constexpr Case kCases[] = {
-        {DMPAPER_A4, false, kMediaTransparency, BasicMessage::None},
-        {274, false, kMediaTransparency, BasicMessage::BorderlessExcluded},
-        {274, false, kMediaTransparencyMirror, BasicMessage::BorderlessExcluded},
-        {274, false, kMediaGlossy, BasicMessage::None},
-        {DMPAPER_A4, true, kMediaInkjet, BasicMessage::DuplexExcludes},
-        {DMPAPER_A4, true, kMediaHagakiAddress, BasicMessage::None},
-    };
-    for (const Case& each : kCases) {
-        DriverDevMode record = PlainA4();
-        record.dmPublic.dmPaperSize = each.paper;
-        record.dmPrivate.wDuplexFlags = each.duplex ? kAllDuplex : 0;
-        EXPECT_EQ(MediaRefusal(record, each.media), each.refusal) << each.media;
+    const char* before; ///< changes to plain A4
+    void (*choose)(DriverDevMode& record);
+    const char* after;
+};
+
+void CheckChoices(std::initializer_list<Choice> choices)
+{
+    for (const Choice& each : choices) {
+        SCOPED_TRACE(testing::Message() << each.before << " -> " << each.after);
+        DriverDevMode record = PlainA4(each.before);
+        each.choose(record);
+        test::ExpectFields(record, each.after);
     }
 }
 
-TEST(BasicMedia, BringsItsQualityAndClearsWhatItCannotDo)
+TEST(BasicMedia, IsRefusedWhereItExcludesWhatIsSet)
 {
-    DriverDevMode record = PlainA4();
-    record.dmPrivate.dwSdPaper = 1;
-    record.dmPrivate.dwDeviceOptions = kMirrorPrinting | kReversePrinting;
-    record.dmPrivate.dwDirModeOther = record.dmPrivate.dwDirChoiceOther = 1;
-    TakeMedia(record, kMediaTransparency);
-    EXPECT_EQ(record.dmPrivate.bQualityLevel, 2);
-    EXPECT_EQ(record.dmPrivate.dwSdPaper, 0u);
-    EXPECT_EQ(record.dmPrivate.dwDeviceOptions, 0u);
-    EXPECT_EQ(record.dmPrivate.dwDirChoiceOther, 0u);
-
-    EXPECT_EQ(record.dmPrivate.wMediaClass, 4);
-
-    TakeMedia(record, kMediaHagakiAddress);
-    EXPECT_EQ(record.dmPrivate.dwSdPaper, 1u);
-    EXPECT_EQ(record.dmPrivate.bQualityLevel, 3);
-    TakeMedia(record, kMediaPlain);
-    EXPECT_EQ(record.dmPrivate.dwSdPaper, 0u);
-
-    TakeMedia(record, kMediaGlossy); // level 4 is not the one that prints both ways
-    EXPECT_EQ(record.dmPrivate.dwDirChoiceOther, 0u);
-    ASSERT_TRUE(TakeQuality(record, 2));
-    EXPECT_EQ(record.dmPrivate.bQualityLevel, 3);
-    EXPECT_EQ(record.dmPrivate.shQuality, -2);
-    EXPECT_EQ(record.dmPrivate.dwDirChoiceOther, 1u);
-    EXPECT_FALSE(TakeQuality(record, 3)) << "glossy paper has three qualities";
+    const struct
+    {
+        const char* record;
+        DWORD media;
+        BasicMessage refusal;
+    } cases[] = {
+        {"", kMediaTransparency, BasicMessage::None},
+        {"dmPaperSize=274", kMediaTransparency, BasicMessage::BorderlessExcluded},
+        {"dmPaperSize=274", kMediaTransparencyMirror, BasicMessage::BorderlessExcluded},
+        {"dmPaperSize=274", kMediaGlossy, BasicMessage::None},
+        {"wDuplexFlags=0x100", kMediaInkjet, BasicMessage::DuplexExcludes},
+        {"wDuplexFlags=0x100", kMediaHagakiAddress, BasicMessage::None},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(MediaRefusal(PlainA4(each.record), each.media), each.refusal) << each.record << each.media;
 }
 
-TEST(BasicMedia, SettlesDryingDirectionAndDeviceOptions)
+TEST(BasicMedia, SettlesQualityDryingDirectionAndDeviceOptions)
 {
     constexpr struct
     {
         DWORD media;
-        uint32_t slowDrying, otherDirection, options;
+        int mediaClass, level, otherDirection, options;
     } kCases[] = {
-        {1, 0, 1, 3},   {261, 0, 0, 3}, {262, 0, 0, 3}, {263, 0, 0, 3}, {264, 0, 0, 0},
-        {265, 0, 0, 0}, {266, 0, 1, 3}, {268, 0, 1, 3}, {269, 0, 0, 3}, {270, 0, 0, 3},
-        {271, 0, 0, 3}, {272, 1, 1, 3}, {273, 0, 0, 3},
+        {1, 0, 2, 1, 3},    {261, 1, 4, 0, 3},  {262, 2, 4, 0, 3},  {263, 3, 4, 0, 3}, {264, 4, 2, 0, 0},
+        {265, 5, 1, 0, 0},  {266, 0, 1, 1, 3},  {268, 8, 2, 1, 3},  {269, 9, 4, 0, 3}, {270, 10, 4, 0, 3},
+        {271, 11, 4, 0, 3}, {272, 12, 3, 1, 3}, {273, 13, 4, 0, 3},
     };
-    for (const auto& each : kCases) {
-        DriverDevMode record = PlainA4();
-        PrivateDevMode& settings = record.dmPrivate;
-        settings.dwSdPaper = settings.dwDirModeOther = settings.dwDirChoiceOther = 1;
-        settings.dwDeviceOptions = kMirrorPrinting | kReversePrinting;
-        TakeMedia(record, each.media);
-        EXPECT_EQ(settings.dwSdPaper, each.slowDrying) << each.media;
-        EXPECT_EQ(settings.dwDirChoiceOther, each.otherDirection) << each.media;
-        EXPECT_EQ(settings.dwDirModeOther, each.otherDirection) << each.media;
-        EXPECT_EQ(settings.dwDeviceOptions, each.options) << each.media;
-    }
+    for (const auto& each : kCases)
+        for (const int slowDrying : {0, 1}) {
+            SCOPED_TRACE(each.media);
+            DriverDevMode record =
+                PlainA4("bQualityLevel=1 dwDirModeOther=1 dwDirChoiceOther=1 dwDeviceOptions=3");
+            test::Set(record, "dwSdPaper", slowDrying);
+            TakeMedia(record, each.media);
+            test::ExpectFields(record, {{"wMediaClass", each.mediaClass},
+                                        {"bQualityLevel", each.level},
+                                        {"dwSdPaper", each.media == kMediaHagakiAddress},
+                                        {"dwDirChoiceOther", each.otherDirection},
+                                        {"dwDirModeOther", each.otherDirection},
+                                        {"dwDeviceOptions", each.options}});
+        }
+}
+
+template <int position>
+void Quality(DriverDevMode& record)
+{
+    EXPECT_TRUE(TakeQuality(record, position));
+}
+
+TEST(BasicQuality, DecidesTheDirectionOnGlossyPaper)
+{
+    CheckChoices(
+        {{"dmMediaType=262", Quality<2>, "bQualityLevel=3 shQuality=-2 dmPrintQuality=-2 dwDirChoiceOther=1"},
+         {"dmMediaType=262 dwDirChoiceOther=1", Quality<1>, "bQualityLevel=4 dwDirChoiceOther=0"},
+         {"dwDirChoiceOther=1", Quality<1>, "bQualityLevel=2 dwDirChoiceOther=1"}});
+    DriverDevMode glossy = PlainA4("dmMediaType=262");
+    EXPECT_FALSE(TakeQuality(glossy, 3)) << "glossy paper has three qualities";
 }
 
 TEST(BasicPaper, IsRefusedByQualityMediaBookletAndDuplex)
 {
-    struct Case
+    const struct
     {
-        uint8_t quality;
-        uint16_t model;
-        DWORD media;
-        bool booklet, duplex;
+        const char* record;
         short paper;
         BasicMessage refusal;
+    } cases[] = {
+        {"", 274, BasicMessage::None},
+        {"bQualityLevel=0", 274, BasicMessage::BorderlessExcluded},
+        {"bQualityLevel=5 dmMediaType=262", 274, BasicMessage::None},
+        {"bQualityLevel=5 dmMediaType=262 wModelType=0x10", 274, BasicMessage::BorderlessExcluded},
+        {"bQualityLevel=4 dmMediaType=264", 283, BasicMessage::BorderlessExcluded},
+        {"bBookletFlags=1 wDuplexFlags=0x100", 274, BasicMessage::BookletNeedsBorders},
+        {"wDuplexFlags=0x100", DMPAPER_A3, BasicMessage::DuplexExcludes},
+        {"wDuplexFlags=0x100", DMPAPER_USER, BasicMessage::DuplexExcludes},
+        {"wDuplexFlags=0x100", DMPAPER_LETTER, BasicMessage::None},
+        // A draft's sizes are not looked at.
+        {"wDuplexFlags=0x100 bQualityLevel=0", DMPAPER_A3, BasicMessage::None},
     };
-    constexpr Case kCases[] = {
-        {2, 0, kMediaPlain, false, false, 274, BasicMessage::None},
-        {0, 0, kMediaPlain, false, false, 274, BasicMessage::BorderlessExcluded},
-        {5, 0, kMediaGlossy, false, false, 274, BasicMessage::None},
-        {5, kModelBordersBestQuality, kMediaGlossy, false, false, 274, BasicMessage::BorderlessExcluded},
-        {4, 0, kMediaTransparency, false, false, 283, BasicMessage::BorderlessExcluded},
-        {2, 0, kMediaPlain, true, true, 274, BasicMessage::BookletNeedsBorders},
-        {2, 0, kMediaPlain, false, true, DMPAPER_A3, BasicMessage::DuplexExcludes},
-        {2, 0, kMediaPlain, false, true, DMPAPER_USER, BasicMessage::DuplexExcludes},
-        {2, 0, kMediaPlain, false, true, DMPAPER_LETTER, BasicMessage::None},
-        {0, 0, kMediaPlain, false, true, DMPAPER_A3, BasicMessage::None}, // a draft's sizes are not looked at
-    };
-    for (const Case& each : kCases) {
-        DriverDevMode record = PlainA4();
-        record.dmPrivate.bQualityLevel = each.quality;
-        record.dmPrivate.wModelType = each.model;
-        record.dmPublic.dmMediaType = each.media;
-        record.dmPrivate.bBookletFlags = each.booklet ? kBookletOn : 0;
-        record.dmPrivate.wDuplexFlags = each.duplex ? kDuplexOn : 0;
-        EXPECT_EQ(PaperRefusal(record, each.paper), each.refusal)
-            << each.paper << " at quality " << +each.quality;
-    }
+    for (const auto& each : cases)
+        EXPECT_EQ(PaperRefusal(PlainA4(each.record), each.paper), each.refusal) << each.record << each.paper;
 }
 
-TEST(BasicPaper, CarriesBorderlessPrintingWithIt)
+template <short paper>
+void Paper(DriverDevMode& record)
 {
-    DriverDevMode record = PlainA4();
-    TakePaper(record, 275);
-    EXPECT_EQ(record.dmPrivate.bBorderless, 1);
-    EXPECT_EQ(record.dmPrivate.wDocumentPaper, 275);
-    EXPECT_EQ(record.dmPrivate.unnamed262, 3);
-    TakePaper(record, DMPAPER_A5);
-    EXPECT_EQ(record.dmPrivate.bBorderless, 0);
-    record.dmPrivate.bBorderless = 1;
-    record.dmPrivate.bQualityLevel = kQualityDraft;
-    TakePaper(record, DMPAPER_A4);
-    EXPECT_EQ(record.dmPrivate.bBorderless, 0) << "a draft's size, too";
-
-    constexpr std::pair<short, short> kTwins[] = {
-        {DMPAPER_LETTER, 275}, {DMPAPER_A3, 283}, {43, 277}, {292 - 3, 292}};
-    for (const auto& [bordered, borderless] : kTwins) {
-        record.dmPublic.dmPaperSize = bordered;
-        TakeBorderless(record, true);
-        EXPECT_EQ(record.dmPublic.dmPaperSize, borderless);
-        TakeBorderless(record, false);
-        EXPECT_EQ(record.dmPublic.dmPaperSize, bordered);
-    }
-    record.dmPublic.dmPaperSize = DMPAPER_A5;
-    TakeBorderless(record, true);
-    EXPECT_EQ(record.dmPublic.dmPaperSize, 274) << "a size without a form becomes A4's";
+    TakePaper(record, paper);
 }
 
-TEST(BasicPaper, BringsAllThatHangsOnItWhereItStandsIn)
+template <short paper>
+void OtherPaper(DriverDevMode& record)
 {
-    DriverDevMode record = PlainA4();
-    record.dmPublic.dmPaperSize = 275;
-    record.dmPrivate.bBorderless = 1;
-    record.dmPrivate.dwDirChoicePlain = 1;
-    TakeOtherPaper(record, DMPAPER_A4);
-    EXPECT_EQ(record.dmPublic.dmPaperSize, DMPAPER_A4);
-    EXPECT_EQ(record.dmPrivate.bBorderless, 0);
-    EXPECT_EQ(record.dmPrivate.dwDirModePlain, 1u);
-    TakeOtherPaper(record, DMPAPER_ENV_10);
-    EXPECT_EQ(record.dmPrivate.wThickness, kThicknessEnvelope);
-    EXPECT_EQ(record.dmPrivate.dwDirModePlain, 0u);
+    TakeOtherPaper(record, paper);
+}
+
+template <bool on>
+void Borderless(DriverDevMode& record)
+{
+    TakeBorderless(record, on);
+}
+
+TEST(BasicPaper, BringsAllThatHangsOnIt)
+{
+    CheckChoices({
+        {"", Paper<275>, "dmPaperSize=275 wDocumentPaper=275 bBorderless=1 unnamed262=3"},
+        {"", Paper<9>, "dmPaperSize=9 wDocumentPaper=9 unnamed262=0"},
+        {"bBorderless=1", Paper<11>, "bBorderless=0"},
+        {"bBorderless=1 bQualityLevel=0", Paper<9>, "bBorderless=0"},
+        {"dmPaperSize=1", Borderless<true>, "dmPaperSize=275 wDocumentPaper=275 bBorderless=1"},
+        {"dmPaperSize=275 bBorderless=1", Borderless<false>, "dmPaperSize=1 wDocumentPaper=1 bBorderless=0"},
+        {"dmPaperSize=275 bBorderless=1 dwDirChoicePlain=1", OtherPaper<9>,
+         "dmPaperSize=9 bBorderless=0 dwDirModePlain=1"},
+        {"dwDirChoicePlain=1 dwDirModePlain=1", OtherPaper<DMPAPER_ENV_10>, "wThickness=2 dwDirModePlain=0"},
+    });
 }
 
 TEST(BasicPaper, IsFollowedByTheNoticeThatFits)
 {
-    DriverDevMode record = PlainA4();
-    record.dmPrivate.dwPhotoNotice = 1;
-    record.dmPrivate.wModelType = kModelNotice;
-    EXPECT_TRUE(NoticeAfterPaper(record, 9, 278, false).photoDialog);
-    EXPECT_FALSE(NoticeAfterPaper(record, 272, 278, false).photoDialog) << "from photo size to photo size";
-    EXPECT_EQ(NoticeAfterPaper(record, 272, 278, false).message, BasicMessage::BorderlessOn);
-    EXPECT_EQ(NoticeAfterPaper(record, 9, 274, false).message, BasicMessage::BorderlessOn);
-    EXPECT_EQ(NoticeAfterPaper(record, 274, 275, false).message, BasicMessage::None);
-    EXPECT_EQ(NoticeAfterPaper(record, 9, 274, true).message, BasicMessage::None);
-    record.dmPrivate.dwPhotoNotice = 0;
-    EXPECT_FALSE(NoticeAfterPaper(record, 9, 278, false).photoDialog);
-    EXPECT_EQ(NoticeAfterPaper(record, 9, 278, false).message, BasicMessage::BorderlessOn);
+    const char* const notice = "dwPhotoNotice=1 wModelType=0x100";
+    const struct
+    {
+        const char* record;
+        short former, paper;
+        bool tray2Failed, photoDialog;
+        BasicMessage message;
+    } cases[] = {
+        {notice, 9, 278, false, true, BasicMessage::None},
+        // From photo size to photo size.
+        {notice, 272, 278, false, false, BasicMessage::BorderlessOn},
+        {notice, 9, 274, false, false, BasicMessage::BorderlessOn},
+        {notice, 274, 275, false, false, BasicMessage::None},
+        {notice, 9, 274, true, false, BasicMessage::None},
+        {"wModelType=0x100", 9, 278, false, false, BasicMessage::BorderlessOn},
+    };
+    for (const auto& each : cases) {
+        const PaperNotice given =
+            NoticeAfterPaper(PlainA4(each.record), each.former, each.paper, each.tray2Failed);
+        EXPECT_EQ(given.photoDialog, each.photoDialog) << each.former << " to " << each.paper;
+        EXPECT_EQ(given.message, each.message) << each.former << " to " << each.paper;
+    }
 }
 
 TEST(BasicSource, GivesTray2UpWhereItCannotServe)
 {
-    DriverDevMode record = PlainA4();
-    EXPECT_EQ(SourceRefusal(record), BasicMessage::None);
-    record.dmPublic.dmDefaultSource = kSourceTray2;
-    EXPECT_EQ(SourceRefusal(record), BasicMessage::None);
-    record.dmPublic.dmPaperSize = DMPAPER_A5;
-    EXPECT_EQ(SourceRefusal(record), BasicMessage::Tray2Excluded);
-    record.dmPrivate.wDuplexFlags = kDuplexOn;
-    EXPECT_EQ(SourceRefusal(record), BasicMessage::Tray2PrintsSimply);
-    record.dmPrivate.wDuplexFlags = 0;
-    record.dmPrivate.bBorderless = 1;
-    EXPECT_EQ(SourceRefusal(record), BasicMessage::Tray2PrintsSimply);
+    const std::pair<const char*, BasicMessage> cases[] = {
+        {"dmPaperSize=11", BasicMessage::None},
+        {"dmDefaultSource=2", BasicMessage::None},
+        {"dmDefaultSource=2 dmPaperSize=11", BasicMessage::Tray2Excluded},
+        {"dmDefaultSource=2 dmPaperSize=11 wDuplexFlags=0x100", BasicMessage::Tray2PrintsSimply},
+        {"dmDefaultSource=2 dmPaperSize=11 bBorderless=1", BasicMessage::Tray2PrintsSimply},
+    };
+    for (const auto& [record, refusal] : cases)
+        EXPECT_EQ(SourceRefusal(PlainA4(record)), refusal) << record;
+}
+
+template <int position, bool byUser = false>
+void Layout(DriverDevMode& record)
+{
+    TakeLayout(record, position, byUser);
 }
 
 TEST(BasicLayout, StoresPagesPosterAndScale)
 {
-    struct Case
-    {
-        int position, pages, poster;
-    };
-    constexpr Case kCases[] = {{0, 1, 1},  {1, 2, 1},  {4, 16, 1}, {5, -4, 2},
-                               {6, -9, 3}, {-1, 1, 1}, {7, 1, 1}};
-    for (const Case& each : kCases) {
-        DriverDevMode record = PlainA4();
-        record.dmPublic.dmScale = 50;
-        TakeLayout(record, each.position, false);
-        EXPECT_EQ(record.dmPrivate.dwPagesPerSheet, each.pages);
-        EXPECT_EQ(record.dmPrivate.wPoster, each.poster);
-        EXPECT_EQ(record.dmPublic.dmScale, each.position > 0 ? 100 : 50);
-    }
-    DriverDevMode record = PlainA4();
-    record.dmPublic.dmScale = 50;
-    TakeLayout(record, 0, true);
-    EXPECT_EQ(record.dmPublic.dmScale, 100);
+    CheckChoices({{"dmScale=50", Layout<0>, "dwPagesPerSheet=1 wPoster=1 dmScale=50"},
+                  {"dmScale=50", Layout<0, true>, "dwPagesPerSheet=1 wPoster=1 dmScale=100 wScale=100"},
+                  {"dmScale=50", Layout<1>, "dwPagesPerSheet=2 dwSavedNup=2 wPoster=1 dmScale=100"},
+                  {"dmScale=50", Layout<4>, "dwPagesPerSheet=16 wPoster=1 dmScale=100"},
+                  {"dmScale=50", Layout<5>, "dwPagesPerSheet=-4 wPoster=2 dmScale=100"},
+                  {"dmScale=50", Layout<6>, "dwPagesPerSheet=-9 wPoster=3 dmScale=100"},
+                  {"dwPagesPerSheet=4", Layout<-1>, "dwPagesPerSheet=1 wPoster=1"},
+                  {"dwPagesPerSheet=4", Layout<7>, "dwPagesPerSheet=1 wPoster=1"}});
 }
 
 TEST(BasicPageOrder, KeepsTheOtherOrientationsHalfOfTheField)
 {
-    struct Case
+    constexpr struct
     {
-        short orientation;
-        int pages, current, chosen, stored;
-    };
-    constexpr Case kCases[] = {
+        int orientation, pages, current, chosen, stored;
+    } kCases[] = {
         {1, 4, 0, 3, 3}, {1, 2, 0, 2, 2}, {1, 2, 3, 2, 3}, {1, 2, 3, 0, 0}, {1, 2, 5, 0, 5},
         {1, 2, 5, 2, 2}, {2, 2, 1, 4, 4}, {2, 2, 5, 0, 0}, {2, 2, 2, 0, 2},
     };
-    for (const Case& each : kCases) {
-        DriverDevMode record = PlainA4();
-        record.dmPublic.dmOrientation = each.orientation;
-        record.dmPrivate.dwPagesPerSheet = each.pages;
-        record.dmPrivate.bPageOrder = static_cast<uint8_t>(each.current);
+    for (const auto& each : kCases) {
+        DriverDevMode record = PlainA4({{"dmOrientation", each.orientation},
+                                        {"dwPagesPerSheet", each.pages},
+                                        {"bPageOrder", each.current}});
         TakePageOrder(record, each.chosen);
         EXPECT_EQ(record.dmPrivate.bPageOrder, each.stored) << each.current << " -> " << each.chosen;
     }
 }
 
-TEST(BasicDuplex, DerivesThePublicFieldAndEndsBooklets)
+TEST(BasicDuplex, DerivesThePublicField)
 {
     constexpr short kUpright[] = {2, 2, 3, 3, 2, 2, 1};
     constexpr short kLying[] = {2, 2, 3, 3, 3, 3, 1};
     for (int type = 0; type <= 6; ++type)
-        for (const bool landscape : {false, true})
+        for (const int orientation : {DMORIENT_PORTRAIT, DMORIENT_LANDSCAPE})
             for (const int pages : {1, 2}) {
-                DriverDevMode record = PlainA4();
-                record.dmPublic.dmOrientation = landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-                record.dmPrivate.dwPagesPerSheet = pages;
-                record.dmPrivate.wDuplexFlags = static_cast<uint16_t>(kDuplexOn | type);
-                EXPECT_EQ(DuplexOf(record), (landscape == (pages == 2) ? kUpright : kLying)[type]) << type;
+                const DriverDevMode record = PlainA4({{"dmOrientation", orientation},
+                                                      {"dwPagesPerSheet", pages},
+                                                      {"wDuplexFlags", kDuplexOn | type}});
+                const bool upright = (orientation == DMORIENT_PORTRAIT) == (pages == 1);
+                EXPECT_EQ(DuplexOf(record), (upright ? kUpright : kLying)[type]) << type;
             }
-    DriverDevMode record = PlainA4();
-    record.dmPrivate.wDuplexFlags = kDuplexOn | 3;
-    record.dmPrivate.bBookletFlags = kBookletOn;
-    record.dmPrivate.dwPagesPerSheet = 2;
-    record.dmPrivate.dwSavedNup = 4;
-    TakeDuplex(record, false);
-    EXPECT_EQ(record.dmPrivate.wDuplexFlags, 3);
-    EXPECT_EQ(record.dmPrivate.bBookletFlags, 0);
-    EXPECT_EQ(record.dmPrivate.dwPagesPerSheet, 4);
-    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_SIMPLEX);
 }
 
-TEST(BasicDuplex, FollowsTheOrientationWhereThePrinterHasIt)
+TEST(BasicDuplex, EndsBookletsAndFollowsTheOrientationWhereThePrinterHasIt)
 {
-    DriverDevMode record = PlainA4();
-    record.dmPrivate.wDuplexFlags = kDuplexOn | 4;
-    record.dmPublic.dmOrientation = DMORIENT_LANDSCAPE;
-    record.dmPublic.dmDuplex = DMDUP_SIMPLEX;
-    UpdateDuplex(record);
-    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_SIMPLEX);
-    record.dmPublic.dmFields = DM_DUPLEX;
-    UpdateDuplex(record);
-    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_HORIZONTAL);
+    const char* const landscape = "wDuplexFlags=0x104 dmOrientation=2 dmDuplex=1";
+    CheckChoices({{"wDuplexFlags=0x103 bBookletFlags=1 dwPagesPerSheet=2 dwSavedNup=4",
+                   [](DriverDevMode& record) { TakeDuplex(record, false); },
+                   "wDuplexFlags=3 bBookletFlags=0 dwPagesPerSheet=4 dmDuplex=1"},
+                  {landscape, UpdateDuplex, "dmDuplex=1"},
+                  {landscape,
+                   [](DriverDevMode& record) {
+                       record.dmPublic.dmFields = DM_DUPLEX;
+                       UpdateDuplex(record);
+                   },
+                   "dmDuplex=3"}});
 }
 
 // A record that never had them in its fields lost both with its next merge.
@@ -309,103 +274,70 @@ TEST(BasicCopies, StayChosenThroughAMerge)
     TakeCopies(record, 7);
     TakeCollate(record, true);
     ASSERT_EQ(MergeDevMode(&context.record(), &record.dmPublic, context->pModel), 1);
-    test::ExpectFields(context.record(), {{"dmCopies", 7}, {"dmCollate", 1}, {"dwCollate", 1}});
+    test::ExpectFields(context.record(), "dmCopies=7 dmCollate=1 dwCollate=1");
 }
 
 TEST(BasicEnables, FollowTheRecord)
 {
-    struct Case
+    const struct
     {
-        const char* what;
         int control;
         bool enabled;
-        void (*change)(PrinterUiContext&);
+        const char* record;
+    } cases[] = {
+        {IDC_BORDERLESS, true, ""},
+        {IDC_BORDERLESS, false, "dmPaperSize=11"},
+        {IDC_BORDERLESS, false, "bQualityLevel=0"},
+        {IDC_BORDERLESS, false, "dmMediaType=264"},
+        {IDC_BORDERLESS, true, "bQualityLevel=5"},
+        {IDC_BORDERLESS, false, "bQualityLevel=5 wModelType=0x10"},
+        {IDC_BORDERLESS, false, "bBookletFlags=1"},
+        {IDC_LAYOUT, false, "bBookletFlags=1"},
+        {IDC_LAYOUT, false, "dmPaperSize=274"},
+        {IDC_PAGE_ORDER, false, "bBookletFlags=1 dwPagesPerSheet=2"},
+        {IDC_PAGE_ORDER, false, "dwPagesPerSheet=-4"},
+        {IDC_BORDER_LINE, true, "dwPagesPerSheet=9"},
+        {IDC_SLOW_DRYING, false, "dmMediaType=261"},
+        {IDC_DUPLEX, false, "dmMediaType=261"},
+        {IDC_DUPLEX, true, "dmMediaType=272"},
+        {IDC_DUPLEX, false, "dmPaperSize=8"},
+        {IDC_DUPLEX_SETTINGS, false, ""},
+        {IDC_DUPLEX_SETTINGS, true, "wDuplexFlags=0x100"},
+        {IDC_DUPLEX_SETTINGS, false, "wDuplexFlags=0x100 dmPaperSize=8"},
+        {IDC_COLLATE, false, ""},
+        {IDC_COLLATE, true, "dmCopies=3"},
+        {IDC_COLLATE, false, "dmCopies=3 dmDefaultSource=4"},
+        {IDC_REVERSE_ORDER, false, "dmDefaultSource=4"},
+        {IDC_NATURAL, false, "dmColor=1"},
+        {IDC_VIVID, false, "dwColorModeOn=0"},
     };
-    constexpr Case kCases[] = {
-        {"plain A4", IDC_BORDERLESS, true, [](PrinterUiContext&) {}},
-        {"A5", IDC_BORDERLESS, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmPaperSize = DMPAPER_A5; }},
-        {"draft", IDC_BORDERLESS, false, [](PrinterUiContext& c) { c.dmWork.dmPrivate.bQualityLevel = 0; }},
-        {"transparency", IDC_BORDERLESS, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaTransparency; }},
-        {"best quality", IDC_BORDERLESS, true,
-         [](PrinterUiContext& c) { c.dmWork.dmPrivate.bQualityLevel = 5; }},
-        {"best quality with borders", IDC_BORDERLESS, false,
-         [](PrinterUiContext& c) {
-             c.dmWork.dmPrivate.bQualityLevel = 5;
-             c.dmWork.dmPrivate.wModelType = kModelBordersBestQuality;
-         }},
-        {"booklet", IDC_BORDERLESS, false, [](PrinterUiContext& c) { c.dmWork.dmPrivate.bBookletFlags = 1; }},
-        {"booklet", IDC_LAYOUT, false, [](PrinterUiContext& c) { c.dmWork.dmPrivate.bBookletFlags = 1; }},
-        {"booklet of two", IDC_PAGE_ORDER, false,
-         [](PrinterUiContext& c) {
-             c.dmWork.dmPrivate.bBookletFlags = 1;
-             c.dmWork.dmPrivate.dwPagesPerSheet = 2;
-         }},
-        {"inkjet paper", IDC_SLOW_DRYING, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaInkjet; }},
-        {"inkjet paper", IDC_DUPLEX, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaInkjet; }},
-        {"address side", IDC_DUPLEX, true,
-         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmMediaType = kMediaHagakiAddress; }},
-        {"copies by hand", IDC_COLLATE, false,
-         [](PrinterUiContext& c) {
-             c.dmWork.dmPublic.dmCopies = 3;
-             c.dmWork.dmPublic.dmDefaultSource = 4;
-         }},
-        {"monochrome", IDC_NATURAL, false, [](PrinterUiContext& c) { c.dmWork.dmPublic.dmColor = 1; }},
-        {"duplex on A3", IDC_DUPLEX_SETTINGS, false,
-         [](PrinterUiContext& c) {
-             c.dmWork.dmPrivate.wDuplexFlags = 0x100;
-             c.dmWork.dmPublic.dmPaperSize = DMPAPER_A3;
-         }},
-        {"one copy", IDC_COLLATE, false, [](PrinterUiContext&) {}},
-        {"three copies", IDC_COLLATE, true, [](PrinterUiContext& c) { c.dmWork.dmPublic.dmCopies = 3; }},
-        {"manual feed", IDC_REVERSE_ORDER, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPublic.dmDefaultSource = 4; }},
-        {"borderless", IDC_LAYOUT, false, [](PrinterUiContext& c) { c.dmWork.dmPublic.dmPaperSize = 274; }},
-        {"poster", IDC_PAGE_ORDER, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPrivate.dwPagesPerSheet = -4; }},
-        {"nine pages", IDC_BORDER_LINE, true,
-         [](PrinterUiContext& c) { c.dmWork.dmPrivate.dwPagesPerSheet = 9; }},
-        {"duplex off", IDC_DUPLEX_SETTINGS, false, [](PrinterUiContext&) {}},
-        {"duplex on", IDC_DUPLEX_SETTINGS, true,
-         [](PrinterUiContext& c) { c.dmWork.dmPrivate.wDuplexFlags = 0x100; }},
-        {"A3", IDC_DUPLEX, false, [](PrinterUiContext& c) { c.dmWork.dmPublic.dmPaperSize = DMPAPER_A3; }},
-        {"no colour modes", IDC_VIVID, false,
-         [](PrinterUiContext& c) { c.dmWork.dmPrivate.dwColorModeOn = 0; }},
-        {"no permission", IDC_MEDIA, false, [](PrinterUiContext& c) { c.bPermission = 0; }},
-    };
-    for (const Case& each : kCases) {
+    for (const auto& each : cases) {
         PrinterUiContext context = {};
         context.bPermission = 1;
-        context.dmWork = PlainA4();
-        context.dmWork.dmPrivate.dwColorModeOn = 1;
-        each.change(context);
-        EXPECT_EQ(IsBasicEnabled(&context, each.control), each.enabled) << each.what;
+        context.dmWork = PlainA4("dwColorModeOn=1");
+        test::SetAll(context.dmWork, each.record);
+        EXPECT_EQ(IsBasicEnabled(&context, each.control), each.enabled) << each.control << each.record;
     }
 }
 
 TEST(PreviewClicks, HitThePageThatIsShown)
 {
-    struct Case
+    constexpr struct
     {
-        short orientation;
-        int pages;
+        int orientation, pages;
         POINT point;
         bool hit;
-    };
-    constexpr Case kCases[] = {
+    } kCases[] = {
         {1, 1, {60, 5}, true},    {1, 1, {10, 60}, false},  {1, 2, {10, 60}, true},
         {1, 2, {60, 5}, false},   {2, 1, {119, 105}, true}, {2, 2, {119, 60}, false},
         {2, 2, {106, 119}, true}, {1, 1, {107, 60}, false},
     };
-    for (const Case& each : kCases) {
-        DriverDevMode record = PlainA4();
-        record.dmPublic.dmOrientation = each.orientation;
-        record.dmPrivate.dwPagesPerSheet = each.pages;
-        EXPECT_EQ(IsOnPreviewPage(record, each.point), each.hit) << each.point.x << ',' << each.point.y;
-    }
+    for (const auto& each : kCases)
+        EXPECT_EQ(
+            IsOnPreviewPage(PlainA4({{"dmOrientation", each.orientation}, {"dwPagesPerSheet", each.pages}}),
+                            each.point),
+            each.hit)
+            << each.point.x << ',' << each.point.y;
 }
 
 void ExpectAt(POINT place, LONG x, LONG y)

@@ -11,7 +11,6 @@
 namespace {
 
 using psui::DriverDevMode;
-using test::FieldValue;
 using test::SetAll;
 using test::World;
 
@@ -46,30 +45,21 @@ TEST(Papers, HaveTwinsWithAndWithoutBorders)
         EXPECT_EQ(psui::BorderlessForm(pair.bordered), pair.borderless);
         EXPECT_EQ(psui::BorderedForm(pair.borderless), pair.bordered);
     }
-    for (const short paper : {short{11}, short{256}, short{282}, short{293}, short{-1}}) {
-        EXPECT_EQ(psui::BorderlessForm(paper), 274) << paper;
-        EXPECT_EQ(psui::BorderedForm(paper), 9) << paper;
-    }
-    for (const short paper : {short{286}, short{294}})
-        EXPECT_EQ(psui::BorderedForm(paper), 9) << paper;
+    for (const int paper : {11, 256, 282, 293, -1})
+        EXPECT_EQ(psui::BorderlessForm(static_cast<short>(paper)), 274) << paper;
+    for (const int paper : {11, 256, 282, 293, -1, 286, 294})
+        EXPECT_EQ(psui::BorderedForm(static_cast<short>(paper)), 9) << paper;
 }
 
-/// A record for which the rule holds, or not, and the fields that turn it round, one at a time.
-struct RuleCase
+/// Whether the rule holds for an empty record with the fields of `base`, and with each of these changed.
+void CheckRule(bool (*rule)(const DriverDevMode&), const char* base,
+               const std::vector<std::pair<const char*, bool>>& cases)
 {
-    const char* name;
-    std::vector<FieldValue> fields;
-    bool holds;
-};
-
-void CheckRule(bool (*rule)(const DriverDevMode&), const std::vector<FieldValue>& base,
-               const std::vector<RuleCase>& cases)
-{
-    for (const RuleCase& c : cases) {
+    for (const auto& [changes, holds] : cases) {
         DriverDevMode record = {};
         SetAll(record, base);
-        SetAll(record, c.fields);
-        EXPECT_EQ(rule(record), c.holds) << c.name;
+        SetAll(record, changes);
+        EXPECT_EQ(rule(record), holds) << changes;
     }
 }
 
@@ -92,49 +82,45 @@ TEST(SecondTray, TakesPlainMediaInCommonSizes)
 
 TEST(PrintOrder, NeedsOnePlainPageAtNormalQuality)
 {
-    CheckRule(psui::FailsPrintOrderCombination,
-              {{"dmPaperSize", 9},
-               {"dmMediaType", 1},
-               {"bQualityLevel", 2},
-               {"dwPagesPerSheet", 1},
-               {"dwTrayChoice", 1},
-               {"dmDefaultSource", 7}},
-              {{"base", {}, false},
-               {"Letter", {{"dmPaperSize", 1}}, false},
-               {"other paper", {{"dmPaperSize", 11}}, true},
-               {"borderless", {{"bBorderless", 1}}, true},
-               {"address side", {{"dmMediaType", 272}}, false},
-               {"inkjet postcard", {{"dmMediaType", 268}}, true},
-               {"fine", {{"bQualityLevel", 3}}, true},
-               {"two pages", {{"dwPagesPerSheet", 2}}, true},
-               {"poster", {{"dwPagesPerSheet", -4}}, true},
-               {"scaled", {{"bFitToPaper", 2}}, true},
-               {"tray 1", {{"dmDefaultSource", 1}}, false},
-               {"tray 2", {{"dmDefaultSource", 2}}, true},
-               {"tray 2 without a choice", {{"dmDefaultSource", 2}, {"dwTrayChoice", 0}}, false}});
+    CheckRule(
+        psui::FailsPrintOrderCombination,
+        "dmPaperSize=9 dmMediaType=1 bQualityLevel=2 dwPagesPerSheet=1 dwTrayChoice=1 dmDefaultSource=7",
+        {{"", false},
+         {"dmPaperSize=1", false},
+         {"dmPaperSize=11", true},
+         {"bBorderless=1", true},
+         {"dmMediaType=272", false},
+         {"dmMediaType=268", true},
+         {"bQualityLevel=3", true},
+         {"dwPagesPerSheet=2", true},
+         {"dwPagesPerSheet=-4", true},
+         {"bFitToPaper=2", true},
+         {"dmDefaultSource=1", false},
+         {"dmDefaultSource=2", true},
+         {"dmDefaultSource=2 dwTrayChoice=0", false}});
 }
 
 TEST(Notice, DependsOnModelAndLanguage)
 {
     for (const std::string language : {"eng", "jpn", ""}) {
         const World world(language);
-        CheckRule(psui::NoticeEnabled, {},
-                  {{"none", {{"wModelType", 0x200}}, false},
-                   {"everywhere", {{"wModelType", 0x100}}, true},
-                   {"in Japan", {{"wModelType", 0x300}}, language == "jpn"}});
+        CheckRule(psui::NoticeEnabled, "",
+                  {{"wModelType=0x200", false},
+                   {"wModelType=0x100", true},
+                   {"wModelType=0x300", language == "jpn"}});
     }
 }
 
 TEST(Borderless, IsExcludedByQualityAndMedia)
 {
-    CheckRule(psui::MediaAndQualityAllowBorderless, {{"bQualityLevel", 2}, {"dmMediaType", 1}},
-              {{"base", {}, true},
-               {"draft", {{"bQualityLevel", 0}}, false},
-               {"best", {{"bQualityLevel", 5}}, true},
-               {"best with borders", {{"bQualityLevel", 5}, {"wModelType", 0x10}}, false},
-               {"photo", {{"bQualityLevel", 4}, {"wModelType", 0x10}}, true},
-               {"transparency", {{"dmMediaType", 264}}, false},
-               {"mirrored", {{"dmMediaType", 265}}, false}});
+    CheckRule(psui::MediaAndQualityAllowBorderless, "bQualityLevel=2 dmMediaType=1",
+              {{"", true},
+               {"bQualityLevel=0", false},
+               {"bQualityLevel=5", true},
+               {"bQualityLevel=5 wModelType=0x10", false},
+               {"bQualityLevel=4 wModelType=0x10", true},
+               {"dmMediaType=264", false},
+               {"dmMediaType=265", false}});
 }
 
 TEST(Thickness, FollowsThePaperInForce)
@@ -157,41 +143,37 @@ TEST(Thickness, FollowsThePaperInForce)
 
 TEST(BiDirectionalMode, FollowsTheChoiceForTheClassOfMedia)
 {
+    constexpr int kKept = 77;
     const struct
     {
-        const char* name;
-        std::vector<FieldValue> fields;
+        const char* fields;
         int plain, other;
     } cases[] = {
-        {"plain", {{"dmMediaType", 1}}, 1, 77},
-        {"inkjet postcard", {{"dmMediaType", 268}}, 1, 77},
-        {"address side", {{"dmMediaType", 272}}, 1, 77},
-        {"photo", {{"dmMediaType", 263}}, 77, 1},
-        {"plain envelope", {{"dmMediaType", 1}, {"dmPaperSize", 20}}, 0, 77},
-        {"postcard", {{"dmMediaType", 272}, {"dmPaperSize", 43}}, 0, 77},
-        {"photo postcard", {{"dmMediaType", 273}, {"dmPaperSize", 277}}, 77, 0},
-        {"fitted to an envelope", {{"dmMediaType", 1}, {"bFitToPaper", 1}, {"wOutputPaper", 91}}, 0, 77},
-        {"envelope fitted to A4",
-         {{"dmMediaType", 1}, {"bFitToPaper", 1}, {"dmPaperSize", 20}, {"wOutputPaper", 9}},
-         1,
-         77},
-        {"user size", {{"dmMediaType", 1}, {"dmPaperSize", 256}, {"wThickness", 1}}, 1, 77},
-        {"thick user size", {{"dmMediaType", 1}, {"dmPaperSize", 256}, {"wThickness", 2}}, 0, 77},
-        {"user envelope", {{"dmMediaType", 1}, {"dmPaperSize", 256}, {"wThickness", 4}}, 0, 77},
-        {"thick A4", {{"dmMediaType", 1}, {"wThickness", 4}}, 1, 77},
+        {"dmMediaType=1", 1, kKept},
+        {"dmMediaType=268", 1, kKept},
+        {"dmMediaType=272", 1, kKept},
+        {"dmMediaType=263", kKept, 1},
+        {"dmMediaType=1 dmPaperSize=20", 0, kKept},
+        {"dmMediaType=272 dmPaperSize=43", 0, kKept},
+        {"dmMediaType=273 dmPaperSize=277", kKept, 0},
+        {"dmMediaType=1 bFitToPaper=1 wOutputPaper=91", 0, kKept},
+        {"dmMediaType=1 bFitToPaper=1 dmPaperSize=20 wOutputPaper=9", 1, kKept},
+        {"dmMediaType=1 dmPaperSize=256 wThickness=1", 1, kKept},
+        {"dmMediaType=1 dmPaperSize=256 wThickness=2", 0, kKept},
+        {"dmMediaType=1 dmPaperSize=256 wThickness=4", 0, kKept},
+        {"dmMediaType=1 wThickness=4", 1, kKept},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.fields);
         DriverDevMode record = {};
         SetAll(record, {{"dmPaperSize", 9},
                         {"dwDirChoicePlain", 1},
                         {"dwDirChoiceOther", 2},
-                        {"dwDirModePlain", 77},
-                        {"dwDirModeOther", 77}});
+                        {"dwDirModePlain", kKept},
+                        {"dwDirModeOther", kKept}});
         SetAll(record, c.fields);
         psui::UpdateBidiMode(record);
         test::ExpectFields(record, {{"dwDirModePlain", c.plain}, {"dwDirModeOther", c.other}});
-        if (testing::Test::HasFailure())
-            FAIL() << c.name;
     }
 }
 
@@ -203,13 +185,13 @@ TEST(BiDirectionalPrinting, IsOfferedExceptOnThickPaperAndInPhotoQuality)
         return !psui::BidiApplicable(record);
     });
     EXPECT_EQ(refused, (std::set<int>{20, 27, 28, 30, 34, 37, 43, 73, 82, 91, 277}));
-    CheckRule(psui::BidiApplicable, {{"dmPaperSize", 9}},
-              {{"photo", {{"bQualityLevel", 4}}, false},
-               {"best", {{"bQualityLevel", 5}}, false},
-               {"fine", {{"bQualityLevel", 3}}, true},
-               {"fitted to an envelope", {{"bFitToPaper", 1}, {"wOutputPaper", 20}}, false},
-               {"thick user size", {{"dmPaperSize", 256}, {"wThickness", 2}}, false},
-               {"thin user size", {{"dmPaperSize", 256}, {"wThickness", 1}}, true}});
+    CheckRule(psui::BidiApplicable, "dmPaperSize=9",
+              {{"bQualityLevel=4", false},
+               {"bQualityLevel=5", false},
+               {"bQualityLevel=3", true},
+               {"bFitToPaper=1 wOutputPaper=20", false},
+               {"dmPaperSize=256 wThickness=2", false},
+               {"dmPaperSize=256 wThickness=1", true}});
 }
 
 /// Level and code of each entry of the quality list, in its order.
@@ -255,12 +237,12 @@ TEST(Quality, DependsOnTheMedia)
 
 TEST(Quality, IsFixedOnPlainBorderlessA3)
 {
-    CheckRule(psui::HasSingleQuality, {{"dmMediaType", 1}, {"dmPaperSize", 283}},
-              {{"A3", {}, true},
-               {"short grain", {{"dmPaperSize", 290}}, true},
-               {"address side", {{"dmMediaType", 272}}, true},
-               {"inkjet", {{"dmMediaType", 261}}, false},
-               {"B4", {{"dmPaperSize", 284}}, false}});
+    CheckRule(psui::HasSingleQuality, "dmMediaType=1 dmPaperSize=283",
+              {{"", true},
+               {"dmPaperSize=290", true},
+               {"dmMediaType=272", true},
+               {"dmMediaType=261", false},
+               {"dmPaperSize=284", false}});
     EXPECT_EQ(psui::SingleQuality().text, 8086);
     EXPECT_EQ(psui::SingleQuality().code, -4);
 }
