@@ -145,33 +145,15 @@ TEST_P(Lists, AreBuiltInWithoutMemory)
 {
     const DialogContext context(kListModel);
     const TestDialog tab(IDD_BASIC), paperDialog(IDD_USER_PAPER);
-    std::vector<Expected> papers;
-    for (const psui::OptionRow& row : {psui::OptionRow{9130, 9},
-                                       {9131, 1},
-                                       {9132, 5},
-                                       {9133, 7},
-                                       {9134, 13},
-                                       {9135, 11},
-                                       {9136, 70},
-                                       {9137, 265},
-                                       {9138, 266},
-                                       {9139, 272},
-                                       {9140, 273},
-                                       {9141, 43},
-                                       {9142, 82},
-                                       {9143, 28},
-                                       {9144, 20},
-                                       {9145, 27},
-                                       {9146, 37},
-                                       {9147, 91},
-                                       {1215, 256}})
-        papers.push_back({row.wStringId, row.dwValue});
     const auto build = [&](auto builder) {
         host::FailAllocations(0, false);
         builder();
         host::StopFailing();
     };
     build([&] { psui::BuildPaperList(tab, context); });
+    std::vector<Expected> papers;
+    for (const psui::OptionRow& row : psui::OptionTable(context, psui::kPaperTable))
+        papers.push_back({row.wStringId, row.dwValue});
     EXPECT_EQ(Entries(tab, IDC_PAPER), EntriesOf(papers, 0));
     EXPECT_EQ(context->dwUserPaperPosition, 18u);
     build([&] { psui::BuildMediaList(tab, context, 263); });
@@ -238,8 +220,8 @@ TEST_P(Lists, OfQualitiesKeepOrTakeTheLevel)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const DialogContext context(kListModel);
-        SetAll(context.record(),
-               {{"dmMediaType", c.media}, {"bQualityLevel", c.level}, {"dmColor", 2}, {"shQuality", 77}});
+        SetAll(context.record(), "dmColor=2 shQuality=77");
+        SetAll(context.record(), {{"dmMediaType", c.media}, {"bQualityLevel", c.level}});
         c.build(tab, context);
         EXPECT_EQ(Entries(tab, IDC_QUALITY), EntriesOf(c.entries, c.selected));
         test::ExpectFields(context.record(), {{"bQualityLevel", c.newLevel}, {"shQuality", c.code}});

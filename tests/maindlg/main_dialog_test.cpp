@@ -54,13 +54,19 @@ protected:
     MainDialog() { psui::hOwnModule = LoadLibraryW(test::ProductFile("eng/psui.dll").c_str()); }
     ~MainDialog() override
     {
+        Close();
+        psui::hOwnModule = nullptr;
+    }
+
+    void Close()
+    {
         DestroyWindow(dialog_);
         DestroyWindow(sheet_);
-        psui::hOwnModule = nullptr;
     }
 
     void Open(RECT sheet = {100, 100, 500, 400})
     {
+        Close();
         sheet_ = CreateWindowExW(0, TEXT("STATIC"), TEXT("Office Properties"), WS_POPUP, sheet.left,
                                  sheet.top, sheet.right - sheet.left, sheet.bottom - sheet.top, nullptr,
                                  nullptr, nullptr, nullptr);
@@ -110,8 +116,6 @@ TEST_F(MainDialog, SetsItsButtonsUnderTheTabsFromTheRight)
         expectRow(!userDefault);
         psui::ToggleApplyButton(dialog_);
         expectRow(userDefault);
-        DestroyWindow(dialog_);
-        DestroyWindow(sheet_);
     }
 }
 
@@ -151,8 +155,6 @@ TEST_F(MainDialog, MakesRoomForTheDuplexLine)
             EXPECT_EQ(place.left, designed.left) << control;
             EXPECT_EQ(place.top, designed.top + (duplex ? pitch : 0)) << control;
         }
-        DestroyWindow(dialog_);
-        DestroyWindow(sheet_);
     }
 }
 
@@ -171,27 +173,22 @@ TEST_F(MainDialog, StandsForItsSheet)
 
 TEST_F(MainDialog, ColorsSettingsBlueAndPlainFactsBlack)
 {
+    constexpr COLORREF kBlue = RGB(0, 0, 255), kBlack = RGB(0, 0, 0), kNotOurs = RGB(1, 2, 3);
     Open();
-    const struct
-    {
-        int control;
-        COLORREF color; ///< CLR_INVALID for none of ours
-    } rows[] = {
-        {IDC_LINE_MEDIA, RGB(0, 0, 255)},   {IDC_LINE_WATERMARK, RGB(0, 0, 255)},
-        {IDC_LINE_PAPER, RGB(0, 0, 255)},   {IDC_LINE_PAPER_SIZE, RGB(0, 0, 255)},
-        {IDC_LINE_DUPLEX, RGB(0, 0, 255)},  {IDC_LINE_SCALING, RGB(0, 0, 255)},
-        {IDC_LINE_FIGURE, RGB(0, 0, 255)},  {IDC_LINE_FIT_PAPER, RGB(0, 0, 0)},
-        {IDC_LINE_SCALED_TO, RGB(0, 0, 0)}, {IDC_HOVER_TIP, CLR_INVALID},
-        {IDC_SUPPORT, CLR_INVALID},
+    const std::pair<int, COLORREF> rows[] = {
+        {IDC_LINE_MEDIA, kBlue},      {IDC_LINE_WATERMARK, kBlue},  {IDC_LINE_PAPER, kBlue},
+        {IDC_LINE_PAPER_SIZE, kBlue}, {IDC_LINE_DUPLEX, kBlue},     {IDC_LINE_SCALING, kBlue},
+        {IDC_LINE_FIGURE, kBlue},     {IDC_LINE_FIT_PAPER, kBlack}, {IDC_LINE_SCALED_TO, kBlack},
+        {IDC_HOVER_TIP, kNotOurs},    {IDC_SUPPORT, kNotOurs},
     };
     const HDC dc = GetDC(dialog_);
-    for (const auto& row : rows) {
-        SetTextColor(dc, RGB(1, 2, 3));
+    for (const auto& [control, color] : rows) {
+        SetTextColor(dc, kNotOurs);
         const INT_PTR brush = Ask(WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
-                                  reinterpret_cast<LPARAM>(GetDlgItem(dialog_, row.control)));
-        const bool ours = row.color != CLR_INVALID;
-        EXPECT_EQ(brush, ours ? reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH)) : 0) << row.control;
-        EXPECT_EQ(GetTextColor(dc), ours ? row.color : RGB(1, 2, 3)) << row.control;
+                                  reinterpret_cast<LPARAM>(GetDlgItem(dialog_, control)));
+        EXPECT_EQ(brush, color == kNotOurs ? 0 : reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH)))
+            << control;
+        EXPECT_EQ(GetTextColor(dc), color) << control;
     }
     ReleaseDC(dialog_, dc);
 }
@@ -224,9 +221,6 @@ TEST_F(MainDialog, CapturesThePointerOverThePageImage)
         EXPECT_EQ(GetCapture(), nullptr) << field;
         test::Set(context_.record(), field, 0);
     }
-    context_->bPermission = 0;
-    Ask(WM_MOUSEMOVE, 0, onPage);
-    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 TEST_F(MainDialog, CapturesThePointerOverTheHelpSignsOfItsTab)
@@ -302,8 +296,6 @@ TEST_F(MainDialog, ClosesTheGapOfDuplexControlsOnTheBasicTab)
                   topOf(tab, IDC_LAYOUT) - topOf(tab, IDC_LAYOUT_LABEL));
         EXPECT_EQ(IsShown(tab, IDC_DUPLEX), duplex);
         EXPECT_EQ(IsShown(tab, IDC_DUPLEX_SETTINGS), duplex);
-        DestroyWindow(dialog_);
-        DestroyWindow(sheet_);
     }
 }
 

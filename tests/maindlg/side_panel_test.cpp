@@ -28,36 +28,6 @@ LONG WidthOf(HWND window)
     return box.right - box.left;
 }
 
-TEST(SidePanel, ShowsTheLinesOfTheRecord)
-{
-    for (const std::string language : {"eng", "jpn"}) {
-        const World world(language);
-        const DialogContext context;
-        const TestDialog dialog(IDD_MAIN);
-        SetAll(context.record(),
-               {{"dmMediaType", 261}, {"dmColor", 1}, {"dmCopies", 7}, {"dwDeviceOptions", 2}});
-        psui::RefreshSidePanelTexts(dialog, context);
-        EXPECT_EQ(dialog.Text(IDC_LINE_MEDIA), LanguageText(1241));
-        EXPECT_EQ(dialog.Text(IDC_LINE_COLOR), LanguageText(8145));
-        EXPECT_EQ(dialog.Text(IDC_LINE_COPIES), LanguageText(8139) + u" 7");
-        EXPECT_TRUE(IsWindowEnabled(dialog.Item(IDC_LINE_REVERSE)));
-        EXPECT_FALSE(IsWindowEnabled(dialog.Item(IDC_LINE_MIRROR)));
-        EXPECT_FALSE(IsWindowEnabled(dialog.Item(IDC_LINE_COLOR_MODE)));
-        EXPECT_TRUE(IsWindowEnabled(dialog.Item(IDOK)));
-
-        test::Set(context.record(), "dmColor", 2);
-        psui::RefreshSidePanelLine(dialog, context, IDC_LINE_COLOR);
-        EXPECT_EQ(dialog.Text(IDC_LINE_COLOR), LanguageText(8144));
-        EXPECT_TRUE(IsWindowEnabled(dialog.Item(IDC_LINE_COLOR_MODE)));
-
-        context->bPermission = 0;
-        psui::RefreshSidePanel(dialog, context);
-        for (const int control :
-             {IDC_LINE_MEDIA, IDC_LINE_COLOR_MODE, IDC_TABS, IDC_SUPPORT, IDOK, IDCANCEL, IDHELP})
-            EXPECT_FALSE(IsWindowEnabled(dialog.Item(control))) << control;
-    }
-}
-
 TEST(SidePanel, HidesAWebLinkThatIsOff)
 {
     const World world;
