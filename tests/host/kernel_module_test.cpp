@@ -14,12 +14,6 @@ Wide ModulePath(HMODULE module)
     return Wide(path, size);
 }
 
-Wide ProgramFolder()
-{
-    const Wide path = ModulePath(nullptr);
-    return path.substr(0, path.rfind(TEXT('\\')) + 1);
-}
-
 template <class Function>
 Function* Procedure(HMODULE module, const char* name)
 {
@@ -33,12 +27,12 @@ class Modules : public Scratch
 TEST_F(Modules, OneModuleIsFoundByEveryNameAndAttachedOnce)
 {
     EXPECT_TRUE(Fails(ERROR_MOD_NOT_FOUND, GetModuleHandleW(TEXT("sample_module.dll"))));
-    const HMODULE module = LoadLibraryW((ProgramFolder() + TEXT("sample_module.dll")).c_str());
+    const HMODULE module = LoadLibraryW(BesideThisProgram(TEXT("sample_module.dll")).c_str());
     ASSERT_NE(module, nullptr);
     EXPECT_EQ(LoadLibraryW(TEXT("sample_module")), module);
     EXPECT_EQ(LoadLibraryW(TEXT("SAMPLE_module.DLL")), module);
     EXPECT_EQ(GetModuleHandleW(TEXT("Sample_Module")), module);
-    EXPECT_EQ(GetModuleHandleW((ProgramFolder() + TEXT("sample_module.dll")).c_str()), module);
+    EXPECT_EQ(GetModuleHandleW(BesideThisProgram(TEXT("sample_module.dll")).c_str()), module);
     ASSERT_NE(GetProcAddress(module, "AttachCount"), nullptr);
     EXPECT_EQ(Procedure<int()>(module, "AttachCount")(), 1);
     EXPECT_EQ(Procedure<HMODULE()>(module, "InnerHandle")(), module) << "loading from inside DllMain";
@@ -73,8 +67,8 @@ TEST_F(Modules, FilesThatAreNoModulesAreRefused)
         {TEXT("refusing_module"), ERROR_DLL_INIT_FAILED},
     };
     for (const auto& [path, error] : cases) {
-        EXPECT_EQ(LoadLibraryW(path.c_str()), nullptr) << testing::PrintToString(path);
-        EXPECT_EQ(GetLastError(), error) << testing::PrintToString(path);
+        SCOPED_TRACE(testing::PrintToString(path));
+        EXPECT_TRUE(Fails(error, LoadLibraryW(path.c_str())));
     }
     EXPECT_EQ(GetModuleHandleW(TEXT("refusing_module")), nullptr);
 }
@@ -82,7 +76,7 @@ TEST_F(Modules, FilesThatAreNoModulesAreRefused)
 TEST_F(Modules, CopyOfAModuleIsAnotherModule)
 {
     const Wide copy = Path(TEXT("Copy.dll"));
-    ASSERT_TRUE(CopyFileW((ProgramFolder() + TEXT("sample_module.dll")).c_str(), copy.c_str(), TRUE));
+    Write(copy, Read(BesideThisProgram(TEXT("sample_module.dll"))));
     const HMODULE first = LoadLibraryW(TEXT("sample_module"));
     const HMODULE second = LoadLibraryW(copy.c_str());
     ASSERT_NE(second, nullptr);
@@ -98,8 +92,7 @@ TEST_F(Modules, FileNameIsCutToTheBuffer)
     const Wide full = ModulePath(module);
     WCHAR path[512];
     const auto size = static_cast<DWORD>(full.size());
-    EXPECT_EQ(GetModuleFileNameW(module, path, size), size);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+    EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, GetModuleFileNameW(module, path, size), size));
     if (OnWine()) // ends the text too late
         path[size - 1] = 0;
     EXPECT_EQ(Wide(path), full.substr(0, size - 1));
@@ -142,7 +135,7 @@ TEST_F(Resources, AreFoundByNumberAndByNameInAnyCase)
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_RESOURCE_TYPE_NOT_FOUND));
 }
 
-TEST_F(Resources, StringsAreCopiedCutOrPointedAt)
+TEST_F(Resources, StringsAreCopiedCutPointedAtOrMissing)
 {
     WCHAR buffer[32];
     const Wide sixteen = TEXT("sixteen: \u00E9\u65E5\u672C");
@@ -155,14 +148,8 @@ TEST_F(Resources, StringsAreCopiedCutOrPointedAt)
     const WCHAR* text = nullptr;
     ASSERT_EQ(LoadStringW(module_, 16, reinterpret_cast<LPWSTR>(&text), 0), 12);
     EXPECT_EQ(Wide(text, 12), sixteen);
-}
-
-TEST_F(Resources, MissingStringsGiveNothing)
-{
-    WCHAR buffer[32];
-    for (UINT id : {0u, 2u, 17u, 40u, 32u, 5000u}) {
-        EXPECT_EQ(LoadStringW(module_, id, buffer, 32), 0) << id;
-    }
+    for (UINT missing : {0u, 2u, 17u, 40u, 5000u})
+        EXPECT_EQ(LoadStringW(module_, missing, buffer, 32), 0) << missing;
 }
 
 } // namespace

@@ -56,13 +56,6 @@ protected:
         const std::string text = "written by one thread";
         Write(path, text);
         EXPECT_EQ(Read(path), text);
-        const HANDLE file = Open(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-        const HANDLE mapping = CreateFileMappingW(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
-        const void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 0);
-        EXPECT_NE(view, nullptr);
-        UnmapViewOfFile(view);
-        CloseHandle(mapping);
-        CloseHandle(file);
         const HMODULE module = LoadLibraryW(TEXT("sample_module"));
         WCHAR buffer[16];
         EXPECT_EQ(LoadStringW(module, 1, buffer, 16), 3);

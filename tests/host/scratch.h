@@ -1,11 +1,47 @@
 #pragma once
-// A folder of its own for every test that works with files.
+// Files of tests, and a folder of its own for every test that works with them.
 #include <string>
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
 using Wide = std::basic_string<WCHAR>;
+
+/// The path of a file in the test program's own folder.
+inline Wide BesideThisProgram(const WCHAR* name)
+{
+    WCHAR path[MAX_PATH];
+    const Wide program(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
+    return program.substr(0, program.rfind(TEXT('\\')) + 1) + name;
+}
+
+inline HANDLE Open(const Wide& path, DWORD access, DWORD share, DWORD disposition)
+{
+    return CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+inline void Write(const Wide& path, const std::string& text)
+{
+    const HANDLE file = Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr));
+    EXPECT_EQ(written, text.size());
+    CloseHandle(file);
+}
+
+inline std::string Read(const Wide& path)
+{
+    const HANDLE file = Open(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+    if (file == INVALID_HANDLE_VALUE)
+        return "(absent)";
+    std::string text(GetFileSize(file, nullptr), '\0');
+    DWORD count = 0;
+    EXPECT_TRUE(ReadFile(file, text.data(), static_cast<DWORD>(text.size()), &count, nullptr));
+    text.resize(count);
+    CloseHandle(file);
+    return text;
+}
 
 /// Deletes a folder with everything in it, read-only files too.
 inline void DeleteTree(const Wide& folder)
@@ -44,34 +80,6 @@ protected:
     void TearDown() override { DeleteTree(folder_); }
 
     Wide Path(const Wide& name) const { return folder_ + TEXT("\\") + name; }
-
-    static HANDLE Open(const Wide& path, DWORD access, DWORD share, DWORD disposition)
-    {
-        return CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-    }
-
-    static void Write(const Wide& path, const std::string& text)
-    {
-        const HANDLE file = Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
-        ASSERT_NE(file, INVALID_HANDLE_VALUE);
-        DWORD written = 0;
-        EXPECT_TRUE(WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr));
-        EXPECT_EQ(written, text.size());
-        CloseHandle(file);
-    }
-
-    static std::string Read(const Wide& path)
-    {
-        const HANDLE file = Open(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-        if (file == INVALID_HANDLE_VALUE)
-            return "(absent)";
-        std::string text(GetFileSize(file, nullptr), '\0');
-        DWORD count = 0;
-        EXPECT_TRUE(ReadFile(file, text.data(), static_cast<DWORD>(text.size()), &count, nullptr));
-        text.resize(count);
-        CloseHandle(file);
-        return text;
-    }
 
 private:
     Wide folder_;

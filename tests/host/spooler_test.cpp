@@ -5,22 +5,24 @@
 #include <winreg.h>
 #include <winspool.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include "tests/host/last_error.h"
+#include "tests/host/scratch.h"
 #include "tests/host/wine.h"
 
 namespace {
 
-using Text = std::basic_string<WCHAR>;
 using Buffer = std::vector<BYTE>;
 
 constexpr const WCHAR* kDriver = TEXT("Psui Probe Driver");
 constexpr const WCHAR* kPrinter = TEXT("Psui Probe");
 constexpr const WCHAR* kEnvironment = TEXT("Windows x64");
+constexpr DWORD kCopy = APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY;
 
 // Parameters that the platform only reads are not const in its headers.
 WCHAR* Name(const WCHAR* text)
@@ -28,51 +30,26 @@ WCHAR* Name(const WCHAR* text)
     return const_cast<WCHAR*>(text);
 }
 
-Text BesideThisProgram(const WCHAR* fileName)
-{
-    WCHAR program[MAX_PATH];
-    Text path(program, GetModuleFileNameW(nullptr, program, MAX_PATH));
-    return path.substr(0, path.rfind(TEXT('\\')) + 1) + fileName;
-}
-
-Text TemporaryPath(const WCHAR* fileName)
+Wide TemporaryPath(const WCHAR* fileName)
 {
     WCHAR folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
-    return Text(folder) + fileName;
+    return Wide(folder) + fileName;
 }
 
-bool WriteNewFile(const Text& path, const std::string& bytes)
-{
-    HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    bool done = file != INVALID_HANDLE_VALUE &&
-                WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(file);
-    return done && written == bytes.size();
-}
-
-std::string ReadWholeFile(const Text& path)
-{
-    HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    char bytes[64];
-    DWORD read = 0;
-    if (file == INVALID_HANDLE_VALUE || !ReadFile(file, bytes, sizeof bytes, &read, nullptr))
-        return "?";
-    CloseHandle(file);
-    return {bytes, read};
-}
-
-// The two calls of every function that fills a buffer: the first must ask for more.
+// The two calls of every function that fills a buffer: the first must ask for more, and a buffer that is too
+// small must stay as it is.
 template <class Call>
 Buffer Ask(Call call)
 {
     DWORD needed = 0;
     EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, call(nullptr, 0, &needed)));
     EXPECT_NE(0u, needed);
-    Buffer buffer(needed);
+    Buffer buffer(needed, 0xAA);
+    const Buffer untouched = buffer;
+    EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, call(buffer.data(), needed - 1, &needed)));
+    EXPECT_EQ(buffer.size(), needed);
+    EXPECT_TRUE(OnWine() || buffer == untouched);
     EXPECT_TRUE(call(buffer.data(), needed, &needed)) << GetLastError();
     return buffer;
 }
@@ -89,10 +66,9 @@ class Spooler : public testing::Test
 protected:
     static void SetUpTestSuite()
     {
-        Text module = BesideThisProgram(TEXT("spooler_probe_driver.dll"));
-        ASSERT_TRUE(CopyFileW(module.c_str(), TemporaryPath(TEXT("PROBE.DLL")).c_str(), FALSE));
-        ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.DAT")), "data"));
-        ASSERT_TRUE(WriteNewFile(TemporaryPath(TEXT("PROBE.HLP")), "help"));
+        Write(TemporaryPath(TEXT("PROBE.DLL")), Read(BesideThisProgram(TEXT("spooler_probe_driver.dll"))));
+        Write(TemporaryPath(TEXT("PROBE.DAT")), "data");
+        Write(TemporaryPath(TEXT("PROBE.HLP")), "help");
         ASSERT_TRUE(AddDriver(kDriver)) << GetLastError();
     }
 
@@ -120,10 +96,10 @@ protected:
 
     static bool AddDriver(const WCHAR* name)
     {
-        Text module = TemporaryPath(TEXT("PROBE.DLL"));
-        Text data = TemporaryPath(TEXT("PROBE.DAT"));
-        Text help = TemporaryPath(TEXT("PROBE.HLP"));
-        Text dependent = data + WCHAR{0} + help + WCHAR{0};
+        Wide module = TemporaryPath(TEXT("PROBE.DLL"));
+        Wide data = TemporaryPath(TEXT("PROBE.DAT"));
+        Wide help = TemporaryPath(TEXT("PROBE.HLP"));
+        Wide dependent = data + WCHAR{0} + help + WCHAR{0};
         DRIVER_INFO_3W info = {};
         info.cVersion = 3;
         info.pName = Name(name);
@@ -132,8 +108,7 @@ protected:
         info.pDataFile = data.data();
         info.pHelpFile = help.data();
         info.pDependentFiles = dependent.data();
-        return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info),
-                                   APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY);
+        return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info), kCopy);
     }
 
     static PRINTER_INFO_2W Info()
@@ -195,8 +170,7 @@ TEST_F(Spooler, RefusesNamesOfNoPrinter)
     for (const auto& [what, name, onWine] : cases) {
         if (OnWine() && !onWine)
             continue;
-        EXPECT_FALSE(Open(name, 0)) << what;
-        EXPECT_EQ(DWORD{ERROR_INVALID_PRINTER_NAME}, GetLastError()) << what;
+        EXPECT_TRUE(Fails(ERROR_INVALID_PRINTER_NAME, Open(name, 0))) << what;
     }
 }
 
@@ -267,20 +241,10 @@ TEST_F(Spooler, DescribesAPrinterInsideTheCallersBuffer)
     };
     for (const auto& [expected, actual] : cases) {
         ASSERT_TRUE(Inside(buffer, actual));
-        EXPECT_EQ(Text(expected), Text(actual));
+        EXPECT_EQ(Wide(expected), Wide(actual));
     }
     EXPECT_TRUE(OnWine() || info->Attributes & PRINTER_ATTRIBUTE_LOCAL);
     EXPECT_EQ(nullptr, info->pServerName);
-}
-
-TEST_F(Spooler, WritesNothingIntoABufferThatIsTooSmall)
-{
-    DWORD needed = static_cast<DWORD>(GetLevel2().size());
-    Buffer buffer(needed, 0xAA);
-    DWORD told = 0;
-    EXPECT_TRUE(Fails(ERROR_INSUFFICIENT_BUFFER, GetPrinterW(printer, 2, buffer.data(), needed - 1, &told)));
-    EXPECT_EQ(needed, told);
-    EXPECT_TRUE(OnWine() || buffer == Buffer(needed, 0xAA));
 }
 
 TEST_F(Spooler, KeepsBothPartsOfTheSettingsRecord)
@@ -303,7 +267,7 @@ TEST_F(Spooler, KeepsBothPartsOfTheSettingsRecord)
 
     Buffer changed = GetLevel2();
     info = reinterpret_cast<PRINTER_INFO_2W*>(changed.data());
-    EXPECT_EQ(Text(TEXT("LPT1:")), Text(info->pPortName));
+    EXPECT_EQ(Wide(TEXT("LPT1:")), Wide(info->pPortName));
     auto kept = reinterpret_cast<const BYTE*>(info->pDevMode);
     ASSERT_GE(kept, changed.data());
     ASSERT_LE(kept + record.size(), changed.data() + changed.size());
@@ -339,31 +303,21 @@ TEST_F(Spooler, RefusesPrintersItCannotMake)
         PRINTER_INFO_2W info = Info();
         info.pPrinterName = Name(TEXT("Psui Probe 2"));
         info.*c.field = Name(c.value);
-        HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
-        EXPECT_FALSE(handle) << c.what;
-        EXPECT_EQ(c.error, GetLastError()) << c.what;
+        EXPECT_TRUE(Fails(c.error, AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info)))) << c.what;
     }
 }
 
-TEST_F(Spooler, ShowsPrintersInTheRegistry)
+TEST_F(Spooler, ShowsAPrintersProcessorInTheRegistry)
 {
     HKEY key = nullptr;
-    Text path = Text(TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\")) + kPrinter;
+    Wide path = Wide(TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\")) + kPrinter;
     ASSERT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key));
-    const std::tuple<const WCHAR*, const WCHAR*> cases[] = {
-        {TEXT("Name"), kPrinter},
-        {TEXT("Printer Driver"), kDriver},
-        {TEXT("Port"), TEXT("FILE:")},
-        {TEXT("Print Processor"), TEXT("winprint")},
-    };
-    for (const auto& [value, expected] : cases) {
-        WCHAR text[64] = {};
-        DWORD size = sizeof text, type = 0;
-        EXPECT_EQ(ERROR_SUCCESS,
-                  RegQueryValueExW(key, value, nullptr, &type, reinterpret_cast<BYTE*>(text), &size));
-        EXPECT_EQ(REG_SZ, type);
-        EXPECT_EQ(Text(expected), Text(text));
-    }
+    WCHAR text[64] = {};
+    DWORD size = sizeof text, type = 0;
+    EXPECT_EQ(ERROR_SUCCESS, RegQueryValueExW(key, TEXT("Print Processor"), nullptr, &type,
+                                              reinterpret_cast<BYTE*>(text), &size));
+    EXPECT_EQ(REG_SZ, type);
+    EXPECT_EQ(Wide(TEXT("winprint")), text);
     RegCloseKey(key);
 }
 
@@ -401,12 +355,13 @@ TEST_F(Spooler, KeepsPrinterDataWithTheirType)
         DWORD type = 0, needed = 0;
         DWORD size = static_cast<DWORD>(bytes.size());
         BYTE* data = reinterpret_cast<BYTE*>(bytes.data());
-        EXPECT_EQ(DWORD{ERROR_MORE_DATA}, GetPrinterDataW(printer, Name(c.name), &type, nullptr, 0, &needed));
-        EXPECT_EQ(size, needed);
-        EXPECT_EQ(DWORD{ERROR_MORE_DATA},
-                  GetPrinterDataW(printer, Name(c.name), &type, data, size - 1, &needed));
-        EXPECT_EQ(DWORD{ERROR_SUCCESS}, GetPrinterDataW(printer, Name(c.name), &type, data, size, &needed));
-        EXPECT_EQ(size, needed);
+        for (const auto& [room, status] :
+             {std::pair(DWORD{0}, ERROR_MORE_DATA), std::pair(size - 1, ERROR_MORE_DATA),
+              std::pair(size, ERROR_SUCCESS)}) {
+            EXPECT_EQ(DWORD(status),
+                      GetPrinterDataW(printer, Name(c.name), &type, room ? data : nullptr, room, &needed));
+            EXPECT_EQ(size, needed);
+        }
         EXPECT_EQ(c.type, type);
         EXPECT_EQ(c.bytes, bytes);
         if (OnWine())
@@ -436,7 +391,7 @@ TEST_F(Spooler, EnumeratesPrinterDataWithBothSizes)
     BYTE data[8];
     EXPECT_EQ(DWORD{ERROR_SUCCESS}, EnumPrinterDataW(printer, 1, name, sizeof name, &nameNeeded, &type, data,
                                                      sizeof data, &dataNeeded));
-    EXPECT_EQ(Text(TEXT("2nd")), Text(name));
+    EXPECT_EQ(Wide(TEXT("2nd")), Wide(name));
     EXPECT_EQ(4 * sizeof(WCHAR), nameNeeded);
     EXPECT_EQ(2u, dataNeeded);
     EXPECT_EQ(REG_BINARY, type);
@@ -448,28 +403,44 @@ TEST_F(Spooler, EnumeratesPrinterDataWithBothSizes)
 
 // --- Forms ---
 
+struct Forms
+{
+    Buffer buffer;
+    DWORD count = 0;
+
+    explicit Forms(HANDLE handle)
+    {
+        buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
+            return EnumFormsW(handle, 1, bytes, size, needed, &count);
+        });
+    }
+
+    /// Null when there is no form of that name.
+    const FORM_INFO_1W* Find(const WCHAR* name) const
+    {
+        auto first = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
+        auto found = std::find_if(first, first + count,
+                                  [&](const FORM_INFO_1W& form) { return Wide(form.pName) == name; });
+        return found != first + count ? found : nullptr;
+    }
+};
+
 TEST_F(Spooler, HasThePlatformsForms)
 {
-    DWORD count = 0;
-    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
-        return EnumFormsW(printer, 1, bytes, size, needed, &count);
-    });
-    auto forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
+    const Forms forms(printer);
     const std::tuple<const WCHAR*, LONG, LONG> cases[] = {
         {TEXT("Letter"), 215900, 279400},   {TEXT("A4"), 210000, 297000},
         {TEXT("B5 (JIS)"), 182000, 257000}, {TEXT("Envelope #10"), 104775, 241300},
         {TEXT("Ledger"), 431800, 279400},   {TEXT("Japanese Postcard"), 100000, 148000},
     };
     for (const auto& [name, width, height] : cases) {
-        DWORD i = 0;
-        while (i < count && Text(forms[i].pName) != name)
-            ++i;
-        ASSERT_LT(i, count) << width;
-        EXPECT_TRUE(Inside(buffer, forms[i].pName));
-        EXPECT_EQ(DWORD{FORM_BUILTIN}, forms[i].Flags);
-        EXPECT_EQ(width, forms[i].Size.cx);
-        EXPECT_EQ(height, forms[i].Size.cy);
-        EXPECT_EQ(width, forms[i].ImageableArea.right);
+        const FORM_INFO_1W* const form = forms.Find(name);
+        ASSERT_TRUE(form) << width;
+        EXPECT_TRUE(Inside(forms.buffer, form->pName));
+        EXPECT_EQ(DWORD{FORM_BUILTIN}, form->Flags);
+        EXPECT_EQ(width, form->Size.cx);
+        EXPECT_EQ(height, form->Size.cy);
+        EXPECT_EQ(width, form->ImageableArea.right);
     }
 }
 
@@ -487,27 +458,24 @@ TEST_F(Spooler, AddsFormsForAllPrinters)
     EXPECT_TRUE(Fails(ERROR_FILE_EXISTS, AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))));
 
     HANDLE server = Open(nullptr, 0);
-    Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* needed) {
-        return GetFormW(server, form.pName, 1, bytes, size, needed);
-    });
-    auto read = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
-    EXPECT_EQ(Text(form.pName), Text(read->pName));
+    const Forms forms(server);
+    const FORM_INFO_1W* const read = forms.Find(form.pName);
+    ASSERT_TRUE(read);
     EXPECT_EQ(DWORD{FORM_PRINTER}, read->Flags);
     EXPECT_EQ(0, memcmp(&form.Size, &read->Size, sizeof form.Size));
     EXPECT_EQ(0, memcmp(&form.ImageableArea, &read->ImageableArea, sizeof form.ImageableArea));
-    EXPECT_TRUE(ClosePrinter(server));
 
     EXPECT_TRUE(DeleteFormW(printer, form.pName));
-    DWORD needed = 0;
-    EXPECT_TRUE(Fails(ERROR_INVALID_FORM_NAME, GetFormW(printer, form.pName, 1, nullptr, 0, &needed)));
+    EXPECT_FALSE(Forms(server).Find(form.pName));
     EXPECT_TRUE(Fails(ERROR_INVALID_FORM_NAME, DeleteFormW(printer, form.pName)));
+    EXPECT_TRUE(ClosePrinter(server));
 }
 
 TEST_F(Spooler, RefusesFormsThatCannotBe)
 {
     if (OnWine())
         GTEST_SKIP() << "takes anything";
-    Text longName(32, TEXT('f'));
+    Wide longName(32, TEXT('f'));
     FORM_INFO_1W flat = MakeForm(TEXT("Psui flat"));
     flat.Size.cy = 0;
     FORM_INFO_1W outside = MakeForm(TEXT("Psui outside"));
@@ -525,8 +493,7 @@ TEST_F(Spooler, RefusesFormsThatCannotBe)
         {"an empty area", empty, ERROR_INVALID_FORM_SIZE},
     };
     for (auto& [what, form, error] : cases) {
-        EXPECT_FALSE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))) << what;
-        EXPECT_EQ(error, GetLastError()) << what;
+        EXPECT_TRUE(Fails(error, AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form)))) << what;
     }
     EXPECT_TRUE(Fails(ERROR_INVALID_LEVEL, AddFormW(printer, 77, reinterpret_cast<BYTE*>(&flat))));
     EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER, DeleteFormW(printer, Name(TEXT("A4")))));
@@ -540,15 +507,15 @@ TEST_F(Spooler, CopiesTheDriversFilesAndTellsWhere)
     WCHAR folder[MAX_PATH];
     ASSERT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
                                            sizeof folder, &needed));
-    EXPECT_EQ((Text(folder).size() + 1) * sizeof(WCHAR), needed);
+    EXPECT_EQ((Wide(folder).size() + 1) * sizeof(WCHAR), needed);
 
     Buffer buffer = Ask([&](BYTE* bytes, DWORD size, DWORD* room) {
         return GetPrinterDriverW(printer, Name(kEnvironment), 3, bytes, size, room);
     });
     auto info = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
     EXPECT_EQ(3u, info->cVersion);
-    EXPECT_EQ(Text(kDriver), Text(info->pName));
-    EXPECT_EQ(Text(kEnvironment), Text(info->pEnvironment));
+    EXPECT_EQ(Wide(kDriver), Wide(info->pName));
+    EXPECT_EQ(Wide(kEnvironment), Wide(info->pEnvironment));
     const std::tuple<const WCHAR*, const WCHAR*> cases[] = {
         {info->pDriverPath, TEXT("PROBE.DLL")},
         {info->pConfigFile, TEXT("PROBE.DLL")},
@@ -557,10 +524,10 @@ TEST_F(Spooler, CopiesTheDriversFilesAndTellsWhere)
     };
     for (const auto& [path, name] : cases) {
         ASSERT_TRUE(Inside(buffer, path));
-        EXPECT_EQ(0, lstrcmpiW((Text(folder) + TEXT("\\3\\") + name).c_str(), path));
+        EXPECT_EQ(0, lstrcmpiW((Wide(folder) + TEXT("\\3\\") + name).c_str(), path));
         EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(path));
     }
-    EXPECT_EQ("data", ReadWholeFile(info->pDataFile));
+    EXPECT_EQ("data", Read(info->pDataFile));
 
     const WCHAR* second = info->pDependentFiles + lstrlenW(info->pDependentFiles) + 1;
     EXPECT_EQ(0, lstrcmpiW(info->pDataFile, info->pDependentFiles));
@@ -572,35 +539,34 @@ TEST_F(Spooler, RefusesDriversItCannotInstall)
 {
     if (OnWine())
         GTEST_SKIP() << "installs without files and ends on a driver without name";
-    Text module = TemporaryPath(TEXT("PROBE.DLL"));
-    Text missing = TemporaryPath(TEXT("PROBE.NOT"));
-    DRIVER_INFO_2W good = {3,
-                           Name(TEXT("Psui Probe Driver 2")),
-                           Name(kEnvironment),
-                           module.data(),
-                           module.data(),
-                           module.data()};
+    Wide module = TemporaryPath(TEXT("PROBE.DLL"));
+    Wide missing = TemporaryPath(TEXT("PROBE.NOT"));
     struct Case
     {
         const char* what;
-        DRIVER_INFO_2W info;
+        LPWSTR DRIVER_INFO_2W::*field;
+        WCHAR* value;
         DWORD flags;
         DWORD error;
     } cases[] = {
-        {"a missing file", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY, ERROR_FILE_NOT_FOUND},
-        {"another environment", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY,
+        {"a missing file", &DRIVER_INFO_2W::pDataFile, missing.data(), kCopy, ERROR_FILE_NOT_FOUND},
+        {"no data file", &DRIVER_INFO_2W::pDataFile, nullptr, kCopy, ERROR_INVALID_PARAMETER},
+        {"no name", &DRIVER_INFO_2W::pName, nullptr, kCopy, ERROR_INVALID_PARAMETER},
+        {"another environment", &DRIVER_INFO_2W::pEnvironment, Name(TEXT("Windows 95")), kCopy,
          ERROR_INVALID_ENVIRONMENT},
-        {"no name", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY, ERROR_INVALID_PARAMETER},
-        {"no data file", good, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY, ERROR_INVALID_PARAMETER},
-        {"no way of copying", good, APD_COPY_FROM_DIRECTORY, ERROR_INVALID_PARAMETER},
+        {"no way of copying", &DRIVER_INFO_2W::pDataFile, module.data(), APD_COPY_FROM_DIRECTORY,
+         ERROR_INVALID_PARAMETER},
     };
-    cases[0].info.pDataFile = missing.data();
-    cases[1].info.pEnvironment = Name(TEXT("Windows 95"));
-    cases[2].info.pName = nullptr;
-    cases[3].info.pDataFile = nullptr;
-    for (Case& c : cases) {
-        EXPECT_FALSE(AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&c.info), c.flags)) << c.what;
-        EXPECT_EQ(c.error, GetLastError()) << c.what;
+    for (const Case& c : cases) {
+        DRIVER_INFO_2W info = {3,
+                               Name(TEXT("Psui Probe Driver 2")),
+                               Name(kEnvironment),
+                               module.data(),
+                               module.data(),
+                               module.data()};
+        info.*c.field = c.value;
+        EXPECT_TRUE(Fails(c.error, AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&info), c.flags)))
+            << c.what;
     }
 }
 

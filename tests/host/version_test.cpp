@@ -12,14 +12,6 @@ namespace {
 class Versions : public Scratch
 {
 protected:
-    static Wide ModulePath()
-    {
-        WCHAR path[512];
-        const DWORD size = GetModuleFileNameW(nullptr, path, 512);
-        const Wide program(path, size);
-        return program.substr(0, program.rfind(TEXT('\\')) + 1) + TEXT("version_module.dll");
-    }
-
     static std::vector<char> Information(const Wide& path)
     {
         std::vector<char> data(GetFileVersionInfoSizeW(path.c_str(), nullptr));
@@ -40,7 +32,7 @@ protected:
 
 TEST_F(Versions, ValuesAreFoundByPath)
 {
-    const std::vector<char> data = Information(ModulePath());
+    const std::vector<char> data = Information(BesideThisProgram(TEXT("version_module.dll")));
     LPVOID value = nullptr;
     UINT size = 0;
     ASSERT_TRUE(VerQueryValueW(data.data(), TEXT("\\"), &value, &size));
@@ -65,7 +57,7 @@ TEST_F(Versions, ValuesAreFoundByPath)
 
 TEST_F(Versions, PathsThatLeadNowhereFail)
 {
-    const std::vector<char> data = Information(ModulePath());
+    const std::vector<char> data = Information(BesideThisProgram(TEXT("version_module.dll")));
     for (const WCHAR* path : {TEXT("\\None"), TEXT("\\StringFileInfo\\04090000\\ProductVersion"),
                               TEXT("\\StringFileInfo\\040904B0\\None"), TEXT("\\Translation")}) {
         LPVOID value = nullptr;
@@ -85,12 +77,10 @@ TEST_F(Versions, FilesWithoutAVersionSayWhatIsWrong)
     };
     for (const auto& [path, error] : cases) {
         DWORD handle = 1;
-        EXPECT_EQ(GetFileVersionInfoSizeW(path.c_str(), &handle), 0u);
-        EXPECT_EQ(GetLastError(), error);
+        EXPECT_TRUE(Fails(error, GetFileVersionInfoSizeW(path.c_str(), &handle)));
         EXPECT_EQ(handle, 0u);
         char data[64];
-        EXPECT_FALSE(GetFileVersionInfoW(path.c_str(), 0, sizeof data, data));
-        EXPECT_EQ(GetLastError(), error);
+        EXPECT_TRUE(Fails(error, GetFileVersionInfoW(path.c_str(), 0, sizeof data, data)));
     }
 }
 
@@ -99,7 +89,7 @@ TEST_F(Versions, CutInformationStaysWithinItsBuffer)
 {
     if (OnWine())
         GTEST_SKIP();
-    const Wide path = ModulePath();
+    const Wide path = BesideThisProgram(TEXT("version_module.dll"));
     const std::vector<char> whole = Information(path);
     for (DWORD size = 6; size < whole.size(); ++size) {
         std::vector<char> data(size);
