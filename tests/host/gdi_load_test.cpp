@@ -62,29 +62,6 @@ TEST_F(LoadedPictures, BlackAndWhiteBitmapsStayMonochrome)
     EXPECT_TRUE(DeleteObject(bitmap));
 }
 
-TEST_F(LoadedPictures, SectionsKeepTheirDepth)
-{
-    const auto bitmap =
-        static_cast<HBITMAP>(LoadImageW(module_, Name(kPicture), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
-    DIBSECTION section = {};
-    EXPECT_EQ(GetObjectW(bitmap, sizeof section, &section), static_cast<int>(sizeof section));
-    EXPECT_EQ(section.dsBm.bmBitsPixel, 4);
-    EXPECT_EQ(section.dsBmih.biBitCount, 4);
-    ASSERT_NE(section.dsBm.bmBits, nullptr);
-    EXPECT_EQ(*static_cast<const BYTE*>(section.dsBm.bmBits), 0x32) << "the lower row's first two pixels";
-    EXPECT_TRUE(DeleteObject(bitmap));
-}
-
-TEST_F(LoadedPictures, ComeInTheSizeAskedFor)
-{
-    Canvas canvas(8, 2);
-    const auto bitmap = static_cast<HBITMAP>(LoadImageW(module_, Name(kPicture), IMAGE_BITMAP, 8, 2, 0));
-    Show(canvas, bitmap);
-    EXPECT_EQ(canvas.Letters()[0][0], '#');
-    EXPECT_EQ(canvas.Letters()[0][7], 'b') << "colours between may be mixed";
-    EXPECT_TRUE(DeleteObject(bitmap));
-}
-
 TEST_F(LoadedPictures, AbsentOnesAreNotFound)
 {
     EXPECT_EQ(LoadBitmapW(module_, Name(99)), nullptr);

@@ -131,42 +131,6 @@ TEST_F(GdiWorld, CopySurfaceLeavesOutWhatLiesOutside)
     EXPECT_EQ(scrolled->Row(2)[0], 0u) << "each row moves once";
 }
 
-TEST_F(GdiWorld, LedgerCountsWhatProgramsMake)
-{
-    const host::Ledger before = host::OpenObjects();
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HGDIOBJ objects[] = {CreatePen(PS_SOLID, 1, 0), CreateSolidBrush(0), CreateRectRgn(0, 0, 1, 1),
-                               CreateBitmap(1, 1, 1, 1, nullptr),
-                               CreateFontW(-11, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, TEXT("Arial"))};
-    GetSysColorBrush(COLOR_WINDOW);
-    LoadIconW(nullptr, IDI_ERROR);
-    const host::Ledger during = host::OpenObjects();
-    EXPECT_EQ(during.deviceContexts, before.deviceContexts + 1);
-    EXPECT_EQ(during.pens, before.pens + 1);
-    EXPECT_EQ(during.brushes, before.brushes + 1);
-    EXPECT_EQ(during.regions, before.regions + 1);
-    EXPECT_EQ(during.bitmaps, before.bitmaps + 1);
-    EXPECT_EQ(during.fonts, before.fonts + 1);
-    EXPECT_EQ(during.icons, before.icons) << "shared ones are the system's";
-    for (const HGDIOBJ object : objects)
-        EXPECT_TRUE(DeleteObject(object));
-    EXPECT_TRUE(DeleteDC(dc));
-    EXPECT_EQ(host::OpenObjects(), before);
-}
-
-TEST_F(GdiWorld, ClosingTheWorldEndsWhatWasLeft)
-{
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HBRUSH brush = CreateSolidBrush(0);
-    SelectObject(dc, brush);
-    host::Close();
-    EXPECT_EQ(host::OpenObjects().brushes, 0);
-    EXPECT_EQ(host::OpenObjects().deviceContexts, 0);
-    ASSERT_TRUE(host::Open({":memory:"}, nullptr));
-    EXPECT_EQ(GetObjectType(brush), 0u);
-    EXPECT_EQ(GetObjectType(GetStockObject(BLACK_PEN)), static_cast<DWORD>(OBJ_PEN));
-}
-
 TEST_F(GdiWorld, WritesPicturesAsPng)
 {
     const auto surface = host::MakeSurface(3, 2);

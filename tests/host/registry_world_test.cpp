@@ -7,7 +7,6 @@
 #include <winreg.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -114,29 +113,6 @@ TEST_F(RegistryWorld, ServesManyProcessesFromTheFirstMomentOn)
     ASSERT_TRUE(OpenWorld());
     for (int i = 0; i < kProcesses; ++i)
         Visit(i, kRounds, REG_OPENED_EXISTING_KEY);
-}
-
-TEST_F(RegistryWorld, CountsOpenKeysAndEndsThemWithTheWorld)
-{
-    ASSERT_TRUE(OpenWorld());
-    HKEY key = Create(HKEY_CURRENT_USER, kHome);
-    HKEY user = nullptr;
-    EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_CURRENT_USER, nullptr, 0, KEY_READ, &user));
-    EXPECT_EQ(1, host::OpenObjects().keys);
-    host::Close();
-    EXPECT_EQ(0, host::OpenObjects().keys);
-    ASSERT_TRUE(OpenWorld());
-    EXPECT_EQ(ERROR_INVALID_HANDLE, RegQueryValueExW(key, nullptr, nullptr, nullptr, nullptr, nullptr));
-}
-
-TEST_F(RegistryWorld, RefusesADataBaseThatIsNone)
-{
-    std::ofstream(root + "/host.db") << std::string(5000, 'x');
-    std::string error;
-    EXPECT_FALSE(host::Open({root}, &error));
-    EXPECT_NE("", error);
-    std::filesystem::remove(root + "/host.db");
-    EXPECT_TRUE(OpenWorld());
 }
 
 } // namespace

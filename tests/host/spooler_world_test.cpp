@@ -214,17 +214,6 @@ TEST_F(SpoolerWorld, MisreadsOnRequest)
     EXPECT_TRUE(ClosePrinter(printer));
 }
 
-TEST_F(SpoolerWorld, CountsOpenPrintersAndEndsThemWithTheWorld)
-{
-    HANDLE printer = AddPrinter();
-    EXPECT_EQ(1, host::OpenObjects().printers);
-    host::Close();
-    EXPECT_EQ(0, host::OpenObjects().printers);
-    EXPECT_FALSE(ClosePrinter(printer));
-    std::string error;
-    ASSERT_TRUE(host::Open({":memory:"}, &error)) << error;
-}
-
 TEST_F(SpoolerWorld, ServesManyThreads)
 {
     ASSERT_TRUE(ClosePrinter(AddPrinter()));
