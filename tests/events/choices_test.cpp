@@ -20,27 +20,17 @@ DriverDevMode Odd()
 
 TEST(TakeLayout, SetsPagesPostersAndScaling)
 {
-    struct Case
-    {
-        int32_t layout;
-        int64_t poster, scale, wideScale, fit, mode, pages;
-    };
-    const Case cases[] = {
-        {-9, 3, 100, 100, 0, 1, -9}, {-4, 2, 100, 100, 0, 1, -4}, {1, 1, 50, 60, 2, 1, 1},
-        {2, 1, 100, 100, 0, 1, 2},   {4, 1, 100, 100, 0, 1, 4},   {9, 1, 100, 100, 0, 1, 9},
-        {16, 1, 100, 100, 0, 1, 16},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.layout);
+    for (const auto& [layout, poster] :
+         {std::pair{-9, 3}, {-4, 2}, {1, 1}, {2, 1}, {4, 1}, {9, 1}, {16, 1}}) {
+        SCOPED_TRACE(layout);
         DriverDevMode record = Odd();
-        psui::TakeLayout(&record, c.layout);
-        test::ExpectFields(record, {{"wPoster", c.poster},
-                                    {"dmScale", c.scale},
-                                    {"wScale", c.wideScale},
-                                    {"bFitToPaper", c.fit},
-                                    {"wMultiPageMode", c.mode},
-                                    {"dwPagesPerSheet", c.pages},
-                                    {"dwSavedNup", static_cast<uint32_t>(c.layout)}});
+        psui::TakeLayout(&record, layout);
+        test::ExpectFields(record, {{"wPoster", poster},
+                                    {"wMultiPageMode", 1},
+                                    {"dwPagesPerSheet", layout},
+                                    {"dwSavedNup", static_cast<uint32_t>(layout)}});
+        test::ExpectFields(record, layout == 1 ? "dmScale=50 wScale=60 bFitToPaper=2"
+                                               : "dmScale=100 wScale=100 bFitToPaper=0");
     }
 }
 
@@ -57,18 +47,14 @@ TEST(TakeLayout, KeepsOfAnyOtherNumberTheSavedLayoutOnly)
 
 TEST(Colour, IsTakenWhereTheMonitorSetIt)
 {
-    struct Case
-    {
-        int32_t value;
-        int64_t expected; ///< 7 is what the record had
-    };
-    const Case cases[] = {{0, 7},      {1, 7},      {2, 7},      {0xFFF, 7},      {0x1001, 1},
-                          {0x1002, 2}, {0x1000, 2}, {0x1FFF, 2}, {0x7FFFF001, 1}, {-1, 2}};
-    for (const Case& c : cases) {
+    const std::pair<int32_t, int> cases[] = {
+        {0, 7},      {1, 7},      {2, 7},      {0xFFF, 7},      {0x1001, 1}, // 7 is what the record had
+        {0x1002, 2}, {0x1000, 2}, {0x1FFF, 2}, {0x7FFFF001, 1}, {-1, 2}};
+    for (const auto& [value, expected] : cases) {
         DriverDevMode record = {};
         record.dmPublic.dmColor = 7;
-        psui::TakeColour(&record, c.value);
-        EXPECT_EQ(record.dmPublic.dmColor, c.expected) << c.value;
+        psui::TakeColour(&record, value);
+        EXPECT_EQ(record.dmPublic.dmColor, expected) << value;
     }
 }
 

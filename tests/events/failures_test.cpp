@@ -37,35 +37,20 @@ void Prepare(MonitorWorld& world)
     test::SetAll(world.record, "dwPagesPerSheet=2 dmNup=2");
 }
 
-/// Runs every operation with each of its requests failing in turn.
-void FailEachOperation(const test::Requests& requests)
+TEST(StatusMonitor, LeavesNothingOpenWhateverFails)
 {
-    for (const Operation& operation : kOperations) {
-        SCOPED_TRACE(operation.name);
-        MonitorWorld world(u"");
-        MonitorWorld::InstallProgram("3_10");
-        test::FailEach(
-            requests, [&] { Prepare(world); }, [&] { operation.run(world); },
-            [&](bool) { EXPECT_EQ(test::FieldOutOfRange(world.record), ""); });
-    }
-}
-
-TEST(StatusMonitor, LeavesNothingOpenWhateverCallFails)
-{
-    FailEachOperation(test::kCalls);
-}
-
-TEST(StatusMonitor, LeavesNothingOpenWhateverAllocationFails)
-{
-    FailEachOperation(test::kAllocations);
-}
-
-TEST(StatusMonitor, SurvivesWrongAnswers)
-{
-    FailEachOperation(test::kReads<host::Misread::Grow>);
-    FailEachOperation(test::kReads<host::Misread::TooSmall>);
-    FailEachOperation(test::kReads<host::Misread::Huge>);
-    FailEachOperation(test::kReads<host::Misread::WrongType>);
+    for (const test::Requests& requests :
+         {test::kCalls, test::kAllocations, test::kReads<host::Misread::Grow>,
+          test::kReads<host::Misread::TooSmall>, test::kReads<host::Misread::Huge>,
+          test::kReads<host::Misread::WrongType>})
+        for (const Operation& operation : kOperations) {
+            SCOPED_TRACE(operation.name);
+            MonitorWorld world(u"");
+            MonitorWorld::InstallProgram("3_10");
+            test::FailEach(
+                requests, [&] { Prepare(world); }, [&] { operation.run(world); },
+                [&](bool) { EXPECT_EQ(test::FieldOutOfRange(world.record), ""); });
+        }
 }
 
 } // namespace

@@ -30,26 +30,17 @@ TEST(Items, TurnAListIntoAMask)
 
 TEST(Items, TurnAMaskIntoAList)
 {
-    struct Case
-    {
-        uint32_t mask;
-        const char16_t* list;
-    };
-    const Case cases[] = {
-        {0, u""},
-        {0x603, u""},
-        {0x100, u"10"},
-        {0x4, u"3"},
-        {0x104, u"10,3"},
-        {0x101, u"10,1"},
-        {0x707, u"10,11,12,1,2,3"},
-        {0xFFFFFFFF, u"10,11,12,1,2,3"},
-        {0xFFFFF8F8, u""},
-    };
-    for (const Case& c : cases) {
+    const std::pair<uint32_t, const char16_t*> cases[] = {{0x603, u""},
+                                                          {0xFFFFF8F8, u""},
+                                                          {0x4, u"3"},
+                                                          {0x104, u"10,3"},
+                                                          {0x101, u"10,1"},
+                                                          {0x707, u"10,11,12,1,2,3"},
+                                                          {0xFFFFFFFF, u"10,11,12,1,2,3"}};
+    for (const auto& [mask, expected] : cases) {
         psui::ItemList list;
-        psui::ItemsOfMask(c.mask, list);
-        EXPECT_EQ(std::u16string(list), c.list) << std::hex << c.mask;
+        psui::ItemsOfMask(mask, list);
+        EXPECT_EQ(std::u16string(list), expected) << std::hex << mask;
     }
 }
 

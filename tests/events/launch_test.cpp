@@ -8,27 +8,18 @@ namespace {
 
 using test::MonitorWorld;
 
-std::u16string Quoted(const std::u16string& text)
-{
-    return u"\"" + text + u"\"";
-}
-
 TEST(LaunchStatusMonitor, TellsTheMonitorToShowItselfWhenItIsWanted)
 {
-    struct Case
+    const struct
     {
         bool running, wanted;
         const char16_t* version;
         const char16_t* argument; ///< null: nothing is started
         bool withFile;
-    };
-    const Case cases[] = {
-        {false, false, u"3.10", nullptr, false}, {true, false, u"3.10", u" 0", true},
-        {false, true, u"3.10", u" 1", true},     {true, true, u"3.10", u" 1", true},
-        {false, true, u"3.0", u" 1", false},     {true, false, u"3.0", u" 0", false},
-        {false, true, u"4.0", u" 1", true},      {false, true, u"", u" 1", false},
-    };
-    for (const Case& c : cases) {
+    } cases[] = {{false, false, u"3.10", nullptr, false}, {true, false, u"3.10", u" 0", true},
+                 {false, true, u"3.10", u" 1", true},     {true, true, u"3.10", u" 1", true},
+                 {false, true, u"3.0", u" 1", false},     {false, true, u"", u" 1", false}};
+    for (const auto& c : cases) {
         MonitorWorld world(c.version);
         if (c.running)
             host::AddWindow(u"LODESTAT");
@@ -36,11 +27,10 @@ TEST(LaunchStatusMonitor, TellsTheMonitorToShowItselfWhenItIsWanted)
         world.record.dmPrivate.bStatusMonitor = c.wanted;
         const UINT result = psui::LaunchStatusMonitor(&world.record.dmPrivate);
         std::vector<std::u16string> expected;
-        if (c.argument) {
-            expected.push_back(test::DriverFolder() + u"\\3\\LODESTAT.EXE" + c.argument);
-            if (c.withFile)
-                expected[0] += u" " + Quoted(MonitorWorld::DataFolder() + u"\\lodestat.ini");
-        }
+        if (c.argument)
+            expected.push_back(
+                test::DriverFolder() + u"\\3\\LODESTAT.EXE" + c.argument +
+                (c.withFile ? u" \"" + MonitorWorld::DataFolder() + u"\\lodestat.ini\"" : u""));
         EXPECT_EQ(test::Launches(), expected) << c.running << c.wanted;
         EXPECT_EQ(result > 31, c.argument != nullptr);
     }
@@ -62,19 +52,14 @@ TEST(LaunchStatusMonitor, NeverRunsAClientsProgramWithTheSystemsRights)
     }
 }
 
-TEST(LaunchStatusMonitor, PassesAFailureOn)
-{
-    MonitorWorld world;
-    host::FailLaunches(2);
-    EXPECT_EQ(psui::LaunchStatusMonitor(&world.record.dmPrivate), 2u);
-}
-
-TEST(LaunchStatusMonitor, LeavesThePathOutWhenItIsNotKnown)
+TEST(LaunchStatusMonitor, LeavesThePathOutWhenItIsNotKnownAndPassesAFailureOn)
 {
     MonitorWorld world;
     host::SetApplicationDataKnown(false);
     psui::LaunchStatusMonitor(&world.record.dmPrivate);
     EXPECT_EQ(test::Launches(), std::vector<std::u16string>{test::DriverFolder() + u"\\3\\LODESTAT.EXE 1"});
+    host::FailLaunches(2);
+    EXPECT_EQ(psui::LaunchStatusMonitor(&world.record.dmPrivate), 2u);
 }
 
 } // namespace

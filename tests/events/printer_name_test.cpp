@@ -8,60 +8,39 @@ namespace {
 
 using test::MonitorWorld;
 
-struct HostileName
-{
-    std::u16string name;
-    bool kept; ///< the name is a section as it stands
-};
+/// Names that a section may have as they stand.
+const std::u16string kKept[] = {u"P1",
+                                u"Palette 310 (Copy 1)",
+                                u"a=b",
+                                u";remark",
+                                u"%s%n%d",
+                                u"\\\\server\\P1",
+                                u"say \"hello\" now",
+                                u"..\\..\\x",
+                                u"Office \u00C9tage",
+                                std::u16string(255, u'n')};
 
-const HostileName kNames[] = {
-    {u"P1", true},
-    {u"Palette 310 (Copy 1)", true},
-    {u"a=b", true},
-    {u";remark", true},
-    {u"%s%n%d", true},
-    {u"\\\\server\\P1", true},
-    {u"say \"hello\" now", true},
-    {u"..\\..\\x", true},
-    {u"Office \u00C9tage", true},
-    {std::u16string(255, u'n'), true},
-    {u"", false},
-    {u" ", false},
-    {u" P1", false},
-    {u"P1 ", false},
-    {u"P1\r\n[LODESTAT]\r\nPrinter=x", false},
-    {u"P\t1", false},
-    {u"P\x7F", false},
-    {u"P[1", false},
-    {u"P]1", false},
-    {u"\"P1\"", false},
-    {u"'P1'", false},
-    {u"\"", false},
-    {std::u16string(256, u'n'), false},
-    {std::u16string(32000, u'n'), false},
-    {u"P\xD83D", false},         // half a character
-    {u"\u5370\u5237 P1", false}, // the code page lacks these
-};
+/// The last two have half a character, and characters that the code page lacks.
+const std::u16string kRefused[] = {u"",
+                                   u" ",
+                                   u" P1",
+                                   u"P1 ",
+                                   u"P1\r\n[LODESTAT]\r\nPrinter=x",
+                                   u"P\t1",
+                                   u"P\x7F",
+                                   u"P[1",
+                                   u"P]1",
+                                   u"\"P1\"",
+                                   u"'P1'",
+                                   u"\"",
+                                   std::u16string(256, u'n'),
+                                   std::u16string(32000, u'n'),
+                                   u"P\xD83D",
+                                   u"\u5370\u5237 P1"};
 
 std::string Show(const std::u16string& text)
 {
     return {text.begin(), text.begin() + static_cast<ptrdiff_t>(std::min<size_t>(text.size(), 40))};
-}
-
-TEST(PrinterName, IsASectionOnlyWhenItReadsBack)
-{
-    const test::World world;
-    const test::Profile file(u"C:\\names.ini");
-    for (const HostileName& c : kNames) {
-        const bool kept =
-            psui::IsSectionName(c.name.c_str()) && psui::FileHoldsName(u"C:\\names.ini", c.name.c_str());
-        EXPECT_EQ(kept, c.kept) << Show(c.name);
-        if (!kept)
-            continue;
-        const test::Section values = {{u"Printer", c.name}};
-        file.Write(c.name, values);
-        EXPECT_EQ(file.Read(c.name), values) << Show(c.name);
-    }
 }
 
 TEST(PrinterName, MayHaveAnyCharactersInAUtf16File)
@@ -79,25 +58,39 @@ TEST(PrinterName, MayHaveAnyCharactersInAUtf16File)
     EXPECT_TRUE(psui::FileHoldsName(u"C:\\narrow.ini", name));
 }
 
-TEST(PrinterName, OutsideTheProtocolChangesNothing)
+void SyncAs(MonitorWorld& world, std::u16string name)
 {
-    for (const HostileName& c : kNames) {
+    std::u16string processor = u"raw";
+    PRINTER_INFO_2W info = {};
+    info.pPrinterName = name.data();
+    info.pPrintProcessor = processor.data();
+    psui::SyncStatusMonitorIni(world.handle(), &world.record, &info);
+}
+
+TEST(PrinterName, IsASectionWhenItReadsBack)
+{
+    for (const std::u16string& name : kKept) {
+        SCOPED_TRACE(Show(name));
         MonitorWorld world;
         world.Shared().Write(u"LODESTAT", u"Printer=Other");
-        const std::string before = world.Shared().Bytes();
-        const psui::DriverDevMode record = world.record;
-        std::u16string name = c.name, processor = u"raw";
-        PRINTER_INFO_2W info = {};
-        info.pPrinterName = name.data();
-        info.pPrintProcessor = processor.data();
-        psui::SyncStatusMonitorIni(world.handle(), &world.record, &info);
-        EXPECT_EQ(world.Shared().Bytes() != before, c.kept) << Show(c.name);
-        if (c.kept)
-            EXPECT_EQ(world.Shared().Read(u"LODESTAT"), (test::Section{{u"Printer", c.name}}))
-                << Show(c.name);
-        else
-            EXPECT_EQ(test::Differences(world.record, record), "") << Show(c.name);
-        EXPECT_EQ(test::Launches().size(), c.kept ? 1u : 0u) << Show(c.name);
+        SyncAs(world, name);
+        EXPECT_EQ(world.Shared().Read(u"LODESTAT"), (test::Section{{u"Printer", name}}));
+        EXPECT_EQ(world.Shared().Read(name)[u"Lang"], u"ENG");
+        EXPECT_EQ(test::Launches().size(), 1u);
+    }
+}
+
+TEST(PrinterName, OutsideTheProtocolChangesNothing)
+{
+    MonitorWorld world;
+    world.Shared().Write(u"LODESTAT", u"Printer=Other");
+    const std::string before = world.Shared().Bytes();
+    const psui::DriverDevMode record = world.record;
+    for (const std::u16string& name : kRefused) {
+        SyncAs(world, name);
+        EXPECT_EQ(world.Shared().Bytes(), before) << Show(name);
+        EXPECT_EQ(test::Differences(world.record, record), "") << Show(name);
+        EXPECT_TRUE(test::Launches().empty()) << Show(name);
     }
 }
 

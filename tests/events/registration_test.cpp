@@ -7,6 +7,7 @@
 
 namespace {
 
+using namespace std::literals;
 using test::MonitorWorld;
 
 /// A value of the monitor's key as its bytes.
@@ -61,59 +62,34 @@ bool FolderExists()
 
 TEST(VersionAtLeast, ComparesMajorThenMinorNumbers)
 {
-    const std::tuple<std::u16string, std::u16string, bool> cases[] = {
-        {u"3.1", u"3", false},
-        {u"3.1", u"3.0", false},
-        {u"3.1", u"3.1", true},
-        {u"3.1", u"3.10", true},
-        {u"3.1", u"3.1.0.7", true},
-        {u"3.1", u"10.0", true},
-        {u"3.1", u"4.0", true},
-        {u"3.1", u"2.9", false},
-        {u"3.1", u"", false},
-        {u"3.1", u"x3.1", false},
-        {u"3.1", u"3,1", false},
-        {u"3.1", u"3x.1", true},
-        {u"3.1", u"3.1x9", true},
-        {u"3.1", u"3..1", false},
-        {u"3", u"3", true},
-        {u"", u"", true},
-        {u"3.1", u"99999999999999999999", true},
-        {u"3.1", u"000000000000003.1", false}, // only 15 characters count
-        {u"3.1", u"00000000000003.1", false},  // the minor number is cut off
-        {u"3.1", u"0000000000003.1", true},
-        {u"3.1", std::u16string(32000, u'9'), true},
-    };
-    for (const auto& [required, actual, enough] : cases)
-        EXPECT_EQ(psui::VersionAtLeast(required.c_str(), actual.c_str()), enough)
-            << Narrow(actual.substr(0, 40));
+    for (const std::u16string& enough :
+         {u"3.1"s, u"3.10"s, u"3.1.0.7"s, u"10.0"s, u"4.0"s, u"3x.1"s, u"3.1x9"s, u"99999999999999999999"s,
+          u"0000000000003.1"s, std::u16string(32000, u'9')})
+        EXPECT_TRUE(psui::VersionAtLeast(u"3.1", enough.c_str())) << Narrow(enough.substr(0, 40));
+    // Only 15 characters count: the minor number of the last but one is cut off.
+    for (const std::u16string& older : {u"3"s, u"3.0"s, u"2.9"s, u""s, u"x3.1"s, u"3,1"s, u"3..1"s,
+                                        u"00000000000003.1"s, u"000000000000003.1"s})
+        EXPECT_FALSE(psui::VersionAtLeast(u"3.1", older.c_str())) << Narrow(older);
+    EXPECT_TRUE(psui::VersionAtLeast(u"3", u"3"));
 }
 
 TEST(StatusMonitorIsNew, BelievesTheRegistryBeforeTheProgram)
 {
-    struct Case
-    {
-        const char16_t* value; ///< null: no key
-        const char* program;   ///< null: no program
-        bool isNew;
-    };
-    const Case cases[] = {
-        {u"3.10", nullptr, true},
-        {u"3.0", nullptr, false},
-        {u"3.0", "3_10", false},
-        {nullptr, nullptr, false},
-        {nullptr, "3_0", false},
-        {nullptr, "3_10", true},
-        {u"4.0", "3_0", true},
-        {u"3.1234567890123", nullptr, true},
-        {u"3.12345678901234567890", nullptr, true},
-    };
-    for (const Case& c : cases) {
-        MonitorWorld world(c.value ? c.value : u"");
-        if (c.program)
-            MonitorWorld::InstallProgram(c.program);
-        EXPECT_EQ(psui::StatusMonitorIsNew(u"Lodestat", u"3.1"), c.isNew)
-            << (c.value ? Narrow(c.value) : "none") << ' ' << (c.program ? c.program : "none");
+    const std::tuple<const char16_t*, const char*, bool> cases[] = {{u"3.10", "", true},
+                                                                    {u"3.0", "", false},
+                                                                    {u"3.0", "3_10", false},
+                                                                    {u"", "", false},
+                                                                    {u"", "3_0", false},
+                                                                    {u"", "3_10", true},
+                                                                    {u"4.0", "3_0", true},
+                                                                    {u"3.1234567890123", "", true},
+                                                                    {u"3.12345678901234567890", "", true}};
+    for (const auto& [registered, program, isNew] : cases) {
+        MonitorWorld world(registered);
+        if (*program)
+            MonitorWorld::InstallProgram(program);
+        EXPECT_EQ(psui::StatusMonitorIsNew(u"Lodestat", u"3.1"), isNew)
+            << Narrow(registered) << ' ' << program;
     }
 }
 
@@ -121,17 +97,16 @@ TEST(StatusMonitorIsNew, IsFalseForValuesThatAreNoVersion)
 {
     MonitorWorld world(u"");
     MonitorWorld::InstallProgram("3_10");
-    EXPECT_FALSE(psui::StatusMonitorIsNew(u"Other", u"3.1"));
-    SetValue(u"Else", REG_SZ, WideBytes(u"4"));
-    EXPECT_FALSE(psui::StatusMonitorIsNew(u"Lodestat", u"3.1")) << "the key is there, the value is not";
-    SetValue(u"Lodestat", REG_BINARY, WideBytes(u"4.0"));
-    EXPECT_FALSE(psui::StatusMonitorIsNew(u"Lodestat", u"3.1"));
-    SetValue(u"Lodestat", REG_SZ, WideBytes(std::u16string(500, u'9')));
-    EXPECT_FALSE(psui::StatusMonitorIsNew(u"Lodestat", u"3.1"));
-    SetValue(u"Lodestat", REG_SZ, std::string("4\0.\0", 4));
-    EXPECT_TRUE(psui::StatusMonitorIsNew(u"Lodestat", u"3.1")) << "a text without its terminator";
-    SetValue(u"Lodestat", REG_SZ, "");
-    EXPECT_FALSE(psui::StatusMonitorIsNew(u"Lodestat", u"3.1"));
+    const std::tuple<const char16_t*, DWORD, std::string, bool> cases[] = {
+        {u"Else", REG_SZ, WideBytes(u"4"), false}, // the key is there, the value is not
+        {u"Lodestat", REG_BINARY, WideBytes(u"4.0"), false},
+        {u"Lodestat", REG_SZ, WideBytes(std::u16string(500, u'9')), false},
+        {u"Lodestat", REG_SZ, std::string("4\0.\0", 4), true}, // a text without its terminator
+        {u"Lodestat", REG_SZ, "", false}};
+    for (const auto& [name, type, bytes, isNew] : cases) {
+        SetValue(name, type, bytes);
+        EXPECT_EQ(psui::StatusMonitorIsNew(u"Lodestat", u"3.1"), isNew) << type << ' ' << bytes;
+    }
 }
 
 TEST(StatusMonitorIniPath, LiesInTheUsersApplicationData)
@@ -151,19 +126,14 @@ TEST(StatusMonitorIniPath, LiesInTheUsersApplicationData)
 TEST(StatusMonitorIniPath, IsNeverCut)
 {
     const test::World world;
-    const size_t rest =
-        (std::u16string(u"C:\\users\\") + u"\\AppData\\Roaming\\Velmora\\PrtDrv\\lodestat.ini").size();
-    struct Case
-    {
-        size_t pathLength;
-        bool plain, quoted;
-    };
-    for (const Case& c :
-         {Case{257, true, true}, Case{258, true, false}, Case{259, true, false}, Case{260, false, false}}) {
-        host::SetUserName(std::u16string(c.pathLength - rest, u'u'));
+    const size_t rest = u"C:\\users\\\\AppData\\Roaming\\Velmora\\PrtDrv\\lodestat.ini"s.size();
+    const std::tuple<size_t, bool, bool> cases[] = {
+        {257, true, true}, {258, true, false}, {259, true, false}, {260, false, false}};
+    for (const auto& [length, plain, quoted] : cases) {
+        host::SetUserName(std::u16string(length - rest, u'u'));
         psui::PathText path;
-        EXPECT_EQ(psui::StatusMonitorIniPath(path, false), c.plain) << c.pathLength;
-        EXPECT_EQ(psui::StatusMonitorIniPath(path, true), c.quoted) << c.pathLength;
+        EXPECT_EQ(psui::StatusMonitorIniPath(path, false), plain) << length;
+        EXPECT_EQ(psui::StatusMonitorIniPath(path, true), quoted) << length;
     }
 }
 
@@ -208,16 +178,11 @@ TEST(RegisterStatusMonitorPath, FallsBackToTheWindowsDirectory)
 
 TEST(RegisterStatusMonitorPath, RegistersTheInstalledVersion)
 {
-    struct Case
-    {
-        const char* program;
-        const char16_t* version;
-    };
-    for (const Case& c : {Case{"3_0", u"3.0"}, Case{"3_10", u"3.10.0.2"}}) {
+    for (const auto& [program, version] : {std::pair{"3_0", u"3.0"s}, {"3_10", u"3.10.0.2"s}}) {
         MonitorWorld world(u"0.1");
-        MonitorWorld::InstallProgram(c.program);
+        MonitorWorld::InstallProgram(program);
         psui::RegisterStatusMonitorPath();
-        EXPECT_EQ(Value(u"Lodestat", REG_SZ), WideBytes(c.version)) << c.program;
+        EXPECT_EQ(Value(u"Lodestat", REG_SZ), WideBytes(version)) << program;
     }
 }
 

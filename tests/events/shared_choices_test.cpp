@@ -27,26 +27,21 @@ const Section kMaintained = u"Model=P1.INI Lang=ENG New=1 Proc=1";
 
 TEST(SettingsFileOf, CutsTheNameAtItsFirstDot)
 {
-    struct Case
-    {
-        std::u16string dataFile, expected; ///< empty: there is none
-    };
-    const Case cases[] = {
+    const std::u16string longest(255, u'n'), tooLong(256, u'n'), far(32000, u'n');
+    const std::pair<std::u16string, std::u16string> cases[] = {
         {u"C:\\d.x\\palette.ppd", u"C:\\d.x\\palette.INI"},
         {u"C:\\d\\a.b.c.ppd", u"C:\\d\\a.INI"},
-        {u"palette.ppd", u"palette.INI"},
         {u"C:\\d\\.ppd", u"C:\\d\\.INI"},
-        {u"C:\\d\\palette.", u"C:\\d\\palette.INI"},
-        {u"C:\\d.x\\palette", u""},
-        {u"", u""},
-        {std::u16string(255, u'n') + u".p", std::u16string(255, u'n') + u".INI"},
-        {std::u16string(256, u'n') + u".p", u""},
-        {std::u16string(32000, u'n') + u".p", u""},
-    };
-    for (const Case& c : cases) {
-        psui::PathText path;
-        EXPECT_EQ(psui::SettingsFileOf(c.dataFile.c_str(), path), !c.expected.empty());
-        EXPECT_EQ(std::u16string(path), c.expected);
+        {u"palette.", u"palette.INI"},
+        {longest + u".p", longest + u".INI"}};
+    psui::PathText path;
+    for (const auto& [dataFile, expected] : cases) {
+        EXPECT_TRUE(psui::SettingsFileOf(dataFile.c_str(), path));
+        EXPECT_EQ(std::u16string(path), expected);
+    }
+    for (const std::u16string& none : {std::u16string(u"C:\\d.x\\palette"), tooLong + u".p", far + u".p"}) {
+        EXPECT_FALSE(psui::SettingsFileOf(none.c_str(), path));
+        EXPECT_EQ(std::u16string(path), u"");
     }
 }
 
@@ -65,7 +60,7 @@ TEST(SyncStatusMonitorIni, NeedsAMonitorThatHasShownAPrinter)
     }
 }
 
-TEST(SyncStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
+TEST(StatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
 {
     MonitorWorld world;
     world.Shared().Write(u"LODESTAT", u"Printer=Other");
@@ -74,24 +69,26 @@ TEST(SyncStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
     const std::string before = world.Shared().Bytes();
     const psui::DriverDevMode record = world.record;
     world.Sync();
+    world.Update();
     EXPECT_TRUE(test::Launches().empty());
     host::AddWindow(u"LODESTAT");
     world.Sync();
     EXPECT_EQ(test::Launches().size(), 1u);
+    world.Update();
+    EXPECT_EQ(test::Launches().size(), 2u);
     EXPECT_EQ(world.Shared().Bytes(), before);
     EXPECT_EQ(test::Differences(world.record, record), "");
 }
 
 TEST(SyncStatusMonitorIni, KeepsThePrintersSection)
 {
-    struct Case
+    const struct
     {
         const char* what;
         const char16_t* shown;
         const char16_t* processor;
         Section before, after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"another printer was shown", u"Other", u"raw", {}, kMaintained},
         {"this printer was shown", u"P1", u"raw", {}, With(kMaintained, u"Model=")},
         {"in another case", u"p1", u"raw", {}, With(kMaintained, u"Model=")},
@@ -103,7 +100,7 @@ TEST(SyncStatusMonitorIni, KeepsThePrintersSection)
          u"New=1 Lang=ENG"},
         {"what is not the driver's stays", u"P1", u"VMHUB PRINT", u"Own=x Set=10", u"Own=x Set=10 Lang=ENG"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         MonitorWorld world;
         world.SetProcessor(c.processor);
@@ -145,14 +142,13 @@ TEST(SyncStatusMonitorIni, GivesUpWhenTheNewFilesFolderIsNotKnown)
 
 TEST(SyncStatusMonitorIni, TakesTheOfferedItemsOver)
 {
-    struct Case
+    const Section choices = u"10=-4 3=4097";
+    const struct
     {
         const char* what;
         Section printer, model;
         int64_t pages, color;
-    };
-    const Section choices = u"10=-4 3=4097";
-    const Case cases[] = {
+    } cases[] = {
         {"nothing says which", choices, {}, -4, 1},
         {"both", With(choices, u"Bits=0x104"), {}, -4, 1},
         {"decimal", With(choices, u"Bits=260"), {}, -4, 1},
@@ -164,7 +160,7 @@ TEST(SyncStatusMonitorIni, TakesTheOfferedItemsOver)
         {"no text is a mask", With(choices, u"Bits=x"), u"Bits=0x104", 1, 2},
         {"the monitor set no colour", u"Bits=0x4 3=1", {}, 1, 2},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         MonitorWorld world;
         world.Shared().Write(u"LODESTAT", u"Printer=P1");
@@ -192,26 +188,17 @@ TEST(SyncStatusMonitorIni, NeverWorksInTheSystemDirectory)
     EXPECT_TRUE(test::Launches().empty());
 }
 
-TEST(UpdateStatusMonitorIni, OnlyLaunchesForADocumentWithoutTheMonitor)
-{
-    MonitorWorld world;
-    world.record.dmPrivate.bStatusMonitor = 0;
-    world.Update();
-    EXPECT_TRUE(test::Launches().empty());
-    EXPECT_EQ(world.Shared().Bytes(), "");
-}
-
 TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
 {
-    const Section told = With(kMaintained, u"10=4");
+    const Section told = With(kMaintained, u"10=-4");
     const std::tuple<const char*, Section, Section, Section> cases[] = {
         {"nothing is known", {}, {}, told},
         {"items from the model", {}, u"Set=1,10,3,99", With(told, u"Set=1,10,3,99 Bits=0x105")},
         {"items of the model without a layout", {}, u"Set=1,3", With(kMaintained, u"Set=1,3 Bits=0x5")},
         {"items of the printer", u"Set=3 Bits=0x4", u"Set=10", With(kMaintained, u"Set=3 Bits=0x4")},
         {"items without their mask", u"Set=3", {}, With(told, u"Set=3")},
-        {"the same layout", u"10=4x", {}, With(kMaintained, u"10=4x")},
-        {"another layout", u"10=16", {}, told},
+        {"the same layout", u"10=-4x", {}, With(kMaintained, u"10=-4x")},
+        {"another layout than the poster", u"10=16", {}, told},
         {"a colour that the monitor set", u"3=4098", {}, With(told, u"3=4097")},
         {"the same colour", u"3=0x1001", {}, With(told, u"3=0x1001")},
         {"a colour that the monitor did not set", u"3=2", {}, With(told, u"3=2")},
@@ -220,7 +207,7 @@ TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
     for (const auto& [what, before, model, after] : cases) {
         SCOPED_TRACE(what);
         MonitorWorld world;
-        test::SetAll(world.record, "dwPagesPerSheet=4 dmColor=1");
+        test::SetAll(world.record, "dwPagesPerSheet=-4 dmColor=1");
         world.Shared().Write(u"P1", before);
         MonitorWorld::OfModel().Write(u"ENG", model);
         const psui::DriverDevMode record = world.record;
@@ -231,25 +218,16 @@ TEST(UpdateStatusMonitorIni, TellsTheMonitorTheDocumentsChoices)
     }
 }
 
-TEST(UpdateStatusMonitorIni, WritesAPosterAsANegativeNumber)
-{
-    MonitorWorld world;
-    test::Set(world.record, "dwPagesPerSheet", -9);
-    world.Update();
-    EXPECT_EQ(world.Shared().Read(u"P1"), With(kMaintained, u"10=-9"));
-}
-
 TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
 {
-    struct Case
+    const Section named = u"Model=P1.INI Lang=JPN";
+    const struct
     {
         const char* what;
         Section printer, model;
         uint32_t mask;
         Section after;
-    };
-    const Section named = u"Model=P1.INI Lang=JPN";
-    const Case cases[] = {
+    } cases[] = {
         {"nothing is known", {}, {}, 0x104, {}},
         {"the printer's", u"Set=3 Bits=0x707", {}, 0x104, u"Set=3 Bits=0x707"},
         {"the printer's without a mask", u"Set=3", {}, 0x104, u"Set=3"},
@@ -259,7 +237,7 @@ TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
          With(named, u"Model=..\\system32\\P1.INI")},
         {"no language", u"Model=P1.INI", u"Set=3", 0x104, u"Model=P1.INI"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         MonitorWorld world;
         world.Shared().Write(u"P1", c.printer);
@@ -273,13 +251,12 @@ TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
 TEST(StatusMonitorItems, AreWrittenWhenTheyChange)
 {
     const Section named = u"Model=P1.INI Lang=JPN";
-    struct Case
+    const struct
     {
         const char* what;
         uint32_t mask;
         Section before, model, after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"new", 0x104, {}, {}, u"Set=10,3 Bits=0x104 New=1"},
         {"all", 0x707, u"Set=3", {}, u"Set=10,11,12,1,2,3 Bits=0x707 New=1"},
         {"the same", 0x104, u"Set=10,3 Bits=0x5", {}, u"Set=10,3 Bits=0x5"},
@@ -289,7 +266,7 @@ TEST(StatusMonitorItems, AreWrittenWhenTheyChange)
         {"none where there are none", 0x603, {}, {}, {}},
         {"none", 0x603, u"Set=10", {}, u"Set= Bits=0x603 New=1"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         MonitorWorld world;
         world.Shared().Write(u"P1", c.before);

@@ -1,32 +1,23 @@
 #include "model_fixture.h"
+#include "psui/model/values.h"
 
 namespace psui::test {
 
 namespace {
 
-constexpr const char* kKindNames[] = {
-    "BadShape",
-    "FieldTooLong",
-    "UnknownKeyword",
-    "WrongValueKind",
-    "OptionNotAllowed",
-    "OptionMissing",
-    "RepeatedKeyword",
-    "BadNumber",
-    "BadHexText",
-    "UnknownWord",
-    "TooFewValues",
-    "BadBlock",
-    "EmptyName",
-    "UnfinishedStatement",
-    "DefaultNamesNothing",
-    "ConstraintNamesNothing",
-    "OrderNamesNothing",
-    "PageSizeWithoutGeometry",
-    "PaperListsOutOfStep",
-    "OutOfMemory",
-    "TooMany",
-};
+constexpr std::string_view kKinds =
+    "BadShape FieldTooLong UnknownKeyword WrongValueKind OptionNotAllowed OptionMissing RepeatedKeyword "
+    "BadNumber BadHexText UnknownWord TooFewValues BadBlock EmptyName UnfinishedStatement "
+    "DefaultNamesNothing ConstraintNamesNothing OrderNamesNothing PageSizeWithoutGeometry "
+    "PaperListsOutOfStep OutOfMemory TooMany";
+
+std::string NameOf(DiagnosticKind kind)
+{
+    compiler::WordReader words(kKinds);
+    for (int i = 0; i < static_cast<int>(kind); ++i)
+        words.Next();
+    return std::string(words.Next());
+}
 
 // "line Kind keyword detail", with "!" before what was rejected; one line each.
 std::string Report(std::string_view text)
@@ -35,22 +26,16 @@ std::string Report(std::string_view text)
     CompileModel(text, &collector);
     std::string lines;
     for (const Skipped& s : collector.all)
-        lines += std::to_string(s.line) + (s.rejected ? " !" : " ") + kKindNames[static_cast<int>(s.kind)] +
-                 " " + s.keyword + " " + s.detail + "\n";
+        lines += std::to_string(s.line) + (s.rejected ? " !" : " ") + NameOf(s.kind) + " " + s.keyword + " " +
+                 s.detail + "\n";
     return lines;
 }
-
-struct ReportCase
-{
-    const char* text;
-    const char* expected;
-};
 
 } // namespace
 
 TEST(Diagnostics, TellWhatWasSkippedAndWhy)
 {
-    const ReportCase cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"*% all good\r\n*CM a: \"1\"\r\n*?Query: \"x\"\r\n*End\r\n", ""},
         {"\r\n*CM\r\n* x\r\n", "2 !OptionMissing CM \n3 !BadShape  \n"},
         {"\r\r*CM a b: \"1\"\r", "3 !BadShape CM \n"},
@@ -85,13 +70,13 @@ TEST(Diagnostics, TellWhatWasSkippedAndWhy)
         {"*End\n*CM a: \"", "2 !UnfinishedStatement CM \n"},
         {"*End\n*CM aaaaaaaaaabbbbbbbbbbccccccccccddddddddddE: \"\"\n", "2 !FieldTooLong CM \n"},
     };
-    for (const ReportCase& c : cases)
-        EXPECT_EQ(Report(c.text), c.expected) << c.text;
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(Report(text), expected) << text;
 }
 
 TEST(Diagnostics, TellOfNamesAndSizesInTheFinishedModel)
 {
-    const ReportCase cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"*DefaultCM: b\n*CM a: \"1\"\n", "1 DefaultNamesNothing CM b\n"},
         {"*DefaultResolution: 600\n*Resolution 300dpi: \"\"\n", "1 DefaultNamesNothing Resolution 600\n"},
         {"*DefaultResolution: 300\n*Resolution 300dpi: \"\"\n", ""},
@@ -107,8 +92,8 @@ TEST(Diagnostics, TellOfNamesAndSizesInTheFinishedModel)
          "2 PaperListsOutOfStep PageSize B\n"},
         {"*PaperDimension A: \"1 1\"\n*Paper A: \"0\"\n*Paper B: \"0\"\n", "3 PaperListsOutOfStep Paper B\n"},
     };
-    for (const ReportCase& c : cases)
-        EXPECT_EQ(Report(c.text), c.expected) << c.text;
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(Report(text), expected) << text;
 }
 
 } // namespace psui::test

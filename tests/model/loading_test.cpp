@@ -82,32 +82,22 @@ TEST_F(Loading, CompilesOnceAVersion)
 
 TEST_F(Loading, ReadsTheVersionFromTheFirstMentionOnly)
 {
-    struct Case
-    {
-        const char* text;
-        bool fresh; ///< on the second load
-    };
-    const Case cases[] = {
-        {"*FileVersion: \"1.0\"\n*MediaType 0: \"0\"\n", true},
-        {"*% FileVersion is \"1\" here\n*FileVersion: \"1.0\"\n*MediaType 0: \"0\"\n", true},
-        {"*% FileVersion below\n*FileVersion: \"1.0\"\n*MediaType 0: \"0\"\n", true},
-        {"*% FileVersion \"2\"\n*FileVersion: \"1.0\"\n*MediaType 0: \"0\"\n", false},
-        {"*% FileVersion\n*MediaType 0: \"1\"\n*FileVersion: \"1.0\"\n", true},
-        {"*MediaType 0: \"0\"\n", false},
-        {"*FileVersion: \"0\"\n*MediaType 0: \"0\"\n", false},
-        {"*FileVersion: \"x\"\n*MediaType 0: \"0\"\n", false},
-        {"*FileVersion: 1.0\n*MediaType 0: \"0\"\n", false},
-        {"*MediaType 0: \"0\"\n*FileVersion: \"1", false},
-    };
-    for (const Case& c : cases) {
-        Write("m.ppd", c.text);
+    const auto loadTwice = [&](std::string_view text) {
+        Write("m.ppd", text);
         fs::remove(File("m.BDD"));
-        EXPECT_EQ(Load(), "compiled 1") << c.text;
-        EXPECT_EQ(Load(), c.fresh ? "image 1" : "compiled 1") << c.text;
-    }
-    Write("m.ppd", std::string_view("*MediaType 0: \"0\"\n\0\n*FileVersion: \"1.0\"\n", 41));
-    EXPECT_EQ(Load(), "compiled 1");
-    EXPECT_EQ(Load(), "compiled 1") << "the search for the version ends at a zero byte";
+        EXPECT_EQ(Load(), "compiled 1") << text;
+        return Load();
+    };
+    const std::string medium = "*MediaType 0: \"0\"\n", version = "*FileVersion: \"1.0\"\n";
+    for (const std::string& fresh :
+         {version + medium, "*% FileVersion is \"1\" here\n" + version + medium,
+          "*% FileVersion below\n" + version + medium, "*% FileVersion\n*MediaType 0: \"1\"\n" + version})
+        EXPECT_EQ(loadTwice(fresh), "image 1") << fresh;
+    for (const std::string& unknown :
+         {medium, "*% FileVersion \"2\"\n" + version + medium, "*FileVersion: \"0\"\n" + medium,
+          "*FileVersion: \"x\"\n" + medium, "*FileVersion: 1.0\n" + medium, medium + "*FileVersion: \"1",
+          medium + '\0' + version}) // the search ends at a zero byte
+        EXPECT_EQ(loadTwice(unknown), "compiled 1") << unknown;
 }
 
 TEST_F(Loading, ReplacesAnImageThatIsNotSound)

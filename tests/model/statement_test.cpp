@@ -1,5 +1,7 @@
 #include "psui/model/statement.h"
 
+#include <tuple>
+
 #include "model_fixture.h"
 #include "psui/model/crc.h"
 #include "psui/model/scan.h"
@@ -8,6 +10,8 @@
 namespace psui::compiler {
 
 namespace {
+
+using namespace std::literals;
 
 // Every call of the tokenizer, written out: keyword|option|translation|kind value, or the status.
 std::string Cut(std::string_view text)
@@ -31,19 +35,13 @@ std::string Cut(std::string_view text)
     }
 }
 
-struct CutCase
-{
-    std::string text;
-    std::string expected;
-};
-
 const std::string kForty(40, 'k');
 
 } // namespace
 
 TEST(Tokenizer, CutsEveryShapeOfStatement)
 {
-    const CutCase cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", "end"},
         {"*End\n", "End|||none<>; end"},
         {"*End \t\r\n", "End|||none<>; end"},
@@ -69,31 +67,18 @@ TEST(Tokenizer, CutsEveryShapeOfStatement)
          kForty + "|" + kForty + "|" + kForty + "|bare<x>; end"},
         {"*%" + kForty + kForty + "\n", "end"},
     };
-    for (const CutCase& c : cases)
-        EXPECT_EQ(Cut(c.text), c.expected) << testing::PrintToString(c.text);
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(Cut(text), expected) << testing::PrintToString(text);
 }
 
 TEST(Tokenizer, RejectsWhatIsNoStatementAndGoesOnBehindTheBadCharacter)
 {
-    const CutCase cases[] = {
-        {"* A: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*:*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A x\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A x y: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A /t: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A x/:*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A x/t\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A x/t\x80: 1\n*B: 1\n", "rejected; B|||bare<1>; end"},
-        {"*A\x80*B: 1\n", "rejected; B|||bare<1>; end"},
-        {std::string("*A\0*B: 1\n", 9), "rejected; B|||bare<1>; end"},
-        {"*A: 1\n*" + kForty + "k: 1\n*B: 1\n", "A|||bare<1>; too long"},
-        {"*A " + kForty + "k: 1\n", "too long"},
-        {"*A x/" + kForty + "k: 1\n", "too long"},
-        {"*" + kForty + "k", "too long"},
-    };
-    for (const CutCase& c : cases)
-        EXPECT_EQ(Cut(c.text), c.expected) << testing::PrintToString(c.text);
+    for (const std::string& bad : {"* A: 1\n"s, "*:"s, "*\n"s, "*A x\n"s, "*A x y: 1\n"s, "*A /t: 1\n"s,
+                                   "*A x/:"s, "*A x/t\n"s, "*A x/t\x80: 1\n"s, "*A\x80"s, "*A\0"s})
+        EXPECT_EQ(Cut(bad + "*B: 1\n"), "rejected; B|||bare<1>; end") << testing::PrintToString(bad);
+    for (const std::string& start : {"*"s, "*A "s, "*A x/"s})
+        for (const char* rest : {"k: 1\n*B: 1\n", "k"})
+            EXPECT_EQ(Cut("*A: 1\n" + start + kForty + rest), "A|||bare<1>; too long") << start << rest;
 }
 
 // Runs are read eight characters at a time, so every character must end, or not end, a run at every place.
@@ -127,13 +112,8 @@ TEST(Tokenizer, DropsTheStatementInWhichTheTextEnds)
 
 TEST(Number, IsReadAsFarAsItGoes)
 {
-    struct NumberCase
-    {
-        std::string_view text;
-        int64_t integer; ///< -1 when there is none
-        int64_t real;
-    };
-    constexpr NumberCase kCases[] = {
+    // As an integer and as a real, -1 when it is none.
+    constexpr std::tuple<std::string_view, int64_t, int64_t> kCases[] = {
         {"0", 0, 0},
         {"42x9", 42, 42 * 256},
         {"-7", 0, 0},
@@ -161,12 +141,11 @@ TEST(Number, IsReadAsFarAsItGoes)
         {".", -1, -1},
         {"+1", -1, -1},
         {"--1", -1, -1},
-        {"x", -1, -1},
-    };
-    for (const NumberCase& c : kCases) {
+        {"x", -1, -1}};
+    for (const auto& [text, integer, real] : kCases) {
         uint32_t value = 0;
-        EXPECT_EQ(ReadInteger(c.text, value) ? int64_t{value} : -1, c.integer) << c.text;
-        EXPECT_EQ(ReadReal(c.text, value) ? int64_t{value} : -1, c.real) << c.text;
+        EXPECT_EQ(ReadInteger(text, value) ? int64_t{value} : -1, integer) << text;
+        EXPECT_EQ(ReadReal(text, value) ? int64_t{value} : -1, real) << text;
     }
 }
 
