@@ -57,7 +57,7 @@ TEST_F(DocumentSheet, InsertsItsPage)
     EXPECT_EQ(context->cPapers, 5u) << "the tables are loaded";
 }
 
-TEST_F(DocumentSheet, TakesTheModeAndThePrintersSwitches)
+TEST_F(DocumentSheet, TakesItsMode)
 {
     const struct
     {
@@ -69,24 +69,26 @@ TEST_F(DocumentSheet, TakesTheModeAndThePrintersSwitches)
         EXPECT_EQ(sheet.context()->bUserDefault, c.userDefault) << c.mode;
         EXPECT_EQ(sheet.context()->bPermission, c.permission) << c.mode;
     }
+}
+
+TEST_F(DocumentSheet, TakesThePrintersSwitches)
+{
     const struct
     {
-        DWORD vsc, wu;
-        int flags;
-    } switches[] = {{1, 1, 3}, {0, 1, 0x82}, {1, 0, 0x81}, {0, 0, 0x80}, {2, 3, 3}, {0x10000, 1, 3}};
+        DWORD vsc, wu, type;
+        int flags, shownVsc;
+    } switches[] = {{1, 1, REG_DWORD, 3, 1},    {0, 1, REG_DWORD, 0x82, 0}, {1, 0, REG_DWORD, 0x81, 1},
+                    {0, 0, REG_DWORD, 0x80, 0}, {2, 3, REG_DWORD, 3, 2},    {0x10000, 1, REG_DWORD, 3, 0},
+                    {0, 1, REG_BINARY, 3, 1}}; // a value that cannot be read counts as on
     for (const auto& c : switches) {
-        SetNumber(TEXT("VSC"), c.vsc);
+        SetNumber(TEXT("VSC"), c.vsc, c.type);
         SetNumber(TEXT("WU"), c.wu);
         SheetCaller sheet(printer, DM_COPY, &output);
         ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
         EXPECT_EQ(sheet.context()->bWebFlags, c.flags);
-        EXPECT_EQ(sheet.context()->wVscSetting, static_cast<WORD>(c.vsc));
+        EXPECT_EQ(sheet.context()->wVscSetting, c.shownVsc);
         EXPECT_EQ(sheet.context()->wWuSetting, c.wu);
     }
-    SetNumber(TEXT("VSC"), 0, REG_BINARY);
-    SheetCaller sheet(printer, DM_COPY, &output);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-    EXPECT_EQ(sheet.context()->wVscSetting, 1) << "a value that cannot be read counts as on";
 }
 
 TEST_F(DocumentSheet, SaysHowItsWindowIsHeaded)
@@ -104,56 +106,44 @@ TEST_F(DocumentSheet, SaysHowItsWindowIsHeaded)
 
 TEST_F(DocumentSheet, HandsTheRecordOutOnceConfirmed)
 {
+    constexpr uint16_t kNone = 0xFFFF;
     const struct
     {
         DWORD mode;
         LRESULT result;
         bool hasOutput, written;
-    } cases[] = {{DM_COPY, 1, true, true},  {DM_UPDATE, 1, true, true},  {DM_COPY, 2, true, false},
-                 {DM_COPY, 0, true, false}, {DM_MODIFY, 1, true, false}, {DM_COPY, 1, false, false}};
+        uint16_t currentWatermark = 3;
+    } cases[] = {{DM_COPY, 1, true, true},       {DM_UPDATE, 1, true, true},  {DM_COPY, 2, true, false},
+                 {DM_COPY, 0, true, false},      {DM_MODIFY, 1, true, false}, {DM_COPY, 1, false, false},
+                 {DM_COPY, 1, true, true, kNone}};
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "mode " << c.mode << " result " << c.result);
         output = untouched;
         SheetCaller sheet(printer, c.mode, c.hasOutput ? &output : nullptr);
         ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-        DriverDevMode& work = sheet.context()->dmWork;
-        test::SetAll(work, {{"dmOrientation", 2}, {"dwDatePrint", 0x86}, {"wWatermarkIndex", 5}});
-        sheet.context()->wCurrentWatermark = 3;
+        test::SetAll(sheet.context()->dmWork, "dmOrientation=2 dwDatePrint=0x86 wWatermarkIndex=5");
+        sheet.context()->wCurrentWatermark = c.currentWatermark;
         EXPECT_EQ(sheet.SetResult(c.result), c.written ? 1 : kRecordSize);
         EXPECT_EQ(sheet.info.Result, c.written ? 1u : 0u);
         EXPECT_EQ(sheet.header.cbOut, c.written ? 0u : 1852u);
+        EXPECT_EQ(test::Differences(output, untouched) == "", !c.written);
         if (c.written)
-            test::ExpectFields(
-                output,
-                {{"dmSize", 220}, {"dmOrientation", 2}, {"dwTailDatePrint", 0x86}, {"wWatermarkIndex", 3}});
-        else
-            EXPECT_EQ(test::Differences(output, untouched), "");
+            test::ExpectFields(output, {{"dmSize", 220},
+                                        {"dmOrientation", 2},
+                                        {"dwTailDatePrint", 0x86},
+                                        {"wWatermarkIndex", c.currentWatermark == kNone ? 5 : 3}});
     }
-}
-
-TEST_F(DocumentSheet, KeepsTheRecordsWatermarkWhenNoneIsCurrent)
-{
-    SheetCaller sheet(printer, DM_COPY, &output);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-    test::Set(sheet.context()->dmWork, "wWatermarkIndex", 5);
-    sheet.context()->wCurrentWatermark = 0xFFFF;
-    EXPECT_EQ(sheet.SetResult(1), 1);
-    test::ExpectFields(output, {{"wWatermarkIndex", 5}});
 }
 
 TEST_F(DocumentSheet, RefusesWhatItCannotUse)
 {
-    {
-        SheetCaller sheet(printer, DM_COPY, &output);
-        sheet.info.lParamInit = 0;
-        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no header";
-    }
-    {
-        SheetCaller sheet(printer, DM_COPY, &output);
-        sheet.header.hPrinter = nullptr;
-        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no printer";
-    }
     SheetCaller sheet(printer, DM_COPY, &output);
+    const LPARAM header = std::exchange(sheet.info.lParamInit, 0);
+    EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no header";
+    sheet.info.lParamInit = header;
+    sheet.header.hPrinter = nullptr;
+    EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no printer";
+    sheet.header.hPrinter = printer.handle();
     ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
     for (const WORD reason : {4, 5, 77})
         EXPECT_EQ(sheet.Call(reason), -1) << reason;
