@@ -1,4 +1,5 @@
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <vector>
 
@@ -16,10 +17,11 @@ protected:
     OpenWorld world_;
     Library library_;
     Printer printer_{u"Alpha", kFullModel};
+    alignas(8) psui::DriverDevMode default_ = library_.DefaultRecord(printer_.name());
 
     DWORD Ask(WORD capability, void* output = nullptr, DEVMODEW* record = nullptr)
     {
-        return library_.capabilities(printer_.handle(), printer_.name(), capability, output, record);
+        return library_.Ask(printer_, capability, output, record);
     }
 };
 
@@ -34,48 +36,35 @@ TEST_F(Capabilities, AnswerEveryIndex)
         {DC_PRINTRATEUNIT, 1},      {DC_MEDIAREADY, 5},     {DC_STAPLE, 0},     {DC_PRINTRATEPPM, 12},
         {DC_COLORDEVICE, 1},        {DC_MEDIATYPENAMES, 6}, {DC_MEDIATYPES, 6},
     };
-    alignas(8) psui::DriverDevMode stored = {};
     for (const auto& [capability, answer] : answers) {
         // Without a record of the caller's the printer's stored one counts; a printer may have none.
         EXPECT_EQ(Ask(capability), capability == DC_FIELDS ? 0x02011A03u : answer) << capability;
-        LONG size = sizeof(stored);
-        ASSERT_TRUE(
-            library_.convert(printer_.name(), nullptr, &stored.dmPublic, &size, psui::kDriverDefault));
-        EXPECT_EQ(Ask(capability, nullptr, &stored.dmPublic), answer) << capability;
+        alignas(8) psui::DriverDevMode record = default_;
+        EXPECT_EQ(Ask(capability, nullptr, &record.dmPublic), answer) << capability;
     }
 }
 
 TEST_F(Capabilities, FollowTheRecord)
 {
-    alignas(8) psui::DriverDevMode record;
-    LONG size = sizeof(record);
-    ASSERT_TRUE(library_.convert(printer_.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault));
-    SetAll(record, {{"dwOptionFlags", 0x200},
-                    {"wScale", 99},
-                    {"dmFields", 0x8000 | 0x0F},
-                    {"dmPaperSize", 256},
-                    {"dmPaperWidth", 1111},
-                    {"dmPaperLength", 2222}});
-    EXPECT_EQ(Ask(DC_ORIENTATION, nullptr, &record.dmPublic), 90u);
-    EXPECT_EQ(Ask(DC_BINADJUST, nullptr, &record.dmPublic), 2u);
-    EXPECT_EQ(Ask(DC_COLLATE, nullptr, &record.dmPublic), 1u);
+    SetAll(default_, "dwOptionFlags=0x200 wScale=99 dmFields=0x800F dmPaperSize=256 dmPaperWidth=1111 "
+                     "dmPaperLength=2222");
+    EXPECT_EQ(Ask(DC_ORIENTATION, nullptr, &default_.dmPublic), 90u);
+    EXPECT_EQ(Ask(DC_BINADJUST, nullptr, &default_.dmPublic), 2u);
+    EXPECT_EQ(Ask(DC_COLLATE, nullptr, &default_.dmPublic), 1u);
     POINT sizes[5];
-    ASSERT_EQ(Ask(DC_PAPERSIZE, sizes, &record.dmPublic), 5u);
+    ASSERT_EQ(Ask(DC_PAPERSIZE, sizes, &default_.dmPublic), 5u);
     EXPECT_EQ(sizes[2].x, 1111);
     EXPECT_EQ(sizes[2].y, 2222);
 
-    SetAll(record, {{"dmSize", 100}, {"dmSpecVersion", 0}});
-    EXPECT_EQ(Ask(DC_COPIES, nullptr, &record.dmPublic), kFailed) << "a record without a shape";
+    SetAll(default_, "dmSize=100 dmSpecVersion=0");
+    EXPECT_EQ(Ask(DC_COPIES, nullptr, &default_.dmPublic), kFailed) << "a record without a shape";
 }
 
 TEST_F(Capabilities, TakeThePrintersStoredRecordWhenNoneIsGiven)
 {
-    alignas(8) psui::DriverDevMode stored;
-    LONG size = sizeof(stored);
-    ASSERT_TRUE(library_.convert(printer_.name(), nullptr, &stored.dmPublic, &size, psui::kDriverDefault));
-    SetAll(stored, {{"dwOptionFlags", 0x200}});
-    Printer other(u"Beta", kFullModel, &stored.dmPublic);
-    EXPECT_EQ(library_.capabilities(other.handle(), other.name(), DC_ORIENTATION, nullptr, nullptr), 90u);
+    Set(default_, "dwOptionFlags", 0x200);
+    Printer other(u"Beta", kFullModel, &default_.dmPublic);
+    EXPECT_EQ(library_.Ask(other, DC_ORIENTATION), 90u);
     EXPECT_EQ(Ask(DC_ORIENTATION), 270u);
 }
 
@@ -87,47 +76,59 @@ TEST_F(Capabilities, EmptyTheListOfDependentFiles)
     EXPECT_EQ(text[1], u'y');
 }
 
-TEST_F(Capabilities, FailWithoutPrinterOrModel)
+TEST_F(Capabilities, NeedPrinterAndModelButNoDeviceName)
 {
     EXPECT_EQ(library_.capabilities(nullptr, printer_.name(), DC_COPIES, nullptr, nullptr), kFailed);
+    EXPECT_EQ(library_.capabilities(printer_.handle(), nullptr, DC_COPIES, nullptr, nullptr), 999u);
     Printer gone(u"Gone", kFullModel);
     std::filesystem::remove(gone.DataFile());
-    EXPECT_EQ(library_.capabilities(gone.handle(), gone.name(), DC_COPIES, nullptr, nullptr), kFailed);
+    EXPECT_EQ(library_.Ask(gone, DC_COPIES), kFailed);
     EXPECT_EQ(Ask(DC_COPIES), 999u);
 }
 
-TEST_F(Capabilities, NeedNoDeviceName)
+/// Bytes of an output entry of that capability; 0 when it writes none.
+size_t EntryBytes(WORD capability)
 {
-    EXPECT_EQ(library_.capabilities(printer_.handle(), nullptr, DC_COPIES, nullptr, nullptr), 999u);
+    static const std::map<WORD, size_t> bytes = {
+        {DC_PAPERS, 2},       {DC_BINS, 2},         {DC_FILEDEPENDENCIES, 2},
+        {DC_MEDIATYPES, 4},   {DC_PAPERSIZE, 8},    {DC_BINNAMES, 48},
+        {DC_PAPERNAMES, 128}, {DC_MEDIAREADY, 128}, {DC_MEDIATYPENAMES, 128}};
+    const auto found = bytes.find(capability);
+    return found == bytes.end() ? 0 : found->second;
+}
+
+/// Text in every cell, and nothing but zeros behind its terminator.
+void ExpectNames(const BYTE* cells, DWORD count, size_t entry)
+{
+    for (DWORD i = 0; i < count; ++i) {
+        const WCHAR* name = reinterpret_cast<const WCHAR*>(cells + i * entry);
+        const WCHAR* end = name + entry / sizeof(WCHAR);
+        const WCHAR* zero = std::find(name, end, u'\0');
+        ASSERT_NE(zero, end) << i;
+        ASSERT_EQ(std::count(zero, end, u'\0'), end - zero) << i;
+    }
 }
 
 /// Every number there is, first for the count, then into a buffer of exactly the promised size.
 void ExpectTwoCallContract(const Library& library, Printer& printer)
 {
+    constexpr size_t kSmallestName = 48;
     GuardedMemory memory(1 << 16);
     for (DWORD index = 0; index <= 65535; ++index) {
+        SCOPED_TRACE(index);
         const WORD capability = static_cast<WORD>(index);
-        const DWORD count =
-            library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
+        const DWORD count = library.Ask(printer, capability);
         const size_t entry = EntryBytes(capability);
         if (count == kFailed) {
-            ASSERT_EQ(entry, 0u) << capability;
+            ASSERT_EQ(entry, 0u);
             continue;
         }
         const size_t bytes = capability == DC_FILEDEPENDENCIES ? entry : entry * count;
         BYTE* output = memory.Last(bytes);
         std::memset(output, 0xEE, bytes);
-        ASSERT_EQ(library.capabilities(printer.handle(), printer.name(), capability, output, nullptr), count)
-            << capability;
-        if (entry >= 48)
-            for (DWORD i = 0; i < count; ++i) {
-                // Terminated, and nothing but zeros behind the terminator.
-                const WCHAR* name = reinterpret_cast<const WCHAR*>(output + i * entry);
-                const WCHAR* end = name + entry / sizeof(WCHAR);
-                const WCHAR* zero = std::find(name, end, u'\0');
-                ASSERT_NE(zero, end) << capability << " entry " << i;
-                ASSERT_EQ(std::count(zero, end, u'\0'), end - zero) << capability << " entry " << i;
-            }
+        ASSERT_EQ(library.Ask(printer, capability, output), count);
+        if (entry >= kSmallestName)
+            ExpectNames(output, count, entry);
     }
 }
 
@@ -168,9 +169,7 @@ TEST(CapabilityContract, HoldsForHostileRecords)
             BYTE* record = memory.Last(std::max<size_t>(72, size_t{publicSize} + privateSize));
             const WORD shape[] = {0x0401, 1301, publicSize, privateSize};
             std::memcpy(record + 64, shape, sizeof(shape));
-            EXPECT_EQ(library.capabilities(printer.handle(), printer.name(), DC_COPIES, nullptr,
-                                           reinterpret_cast<DEVMODEW*>(record)),
-                      999u)
+            EXPECT_EQ(library.Ask(printer, DC_COPIES, nullptr, reinterpret_cast<DEVMODEW*>(record)), 999u)
                 << publicSize << " " << privateSize;
         }
 }

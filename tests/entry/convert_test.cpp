@@ -11,15 +11,7 @@ protected:
     OpenWorld world_;
     Library library_;
     Printer printer_{u"Alpha", kFullModel};
-    alignas(8) psui::DriverDevMode default_;
-
-    ConvertDevMode()
-    {
-        LONG size = sizeof(default_);
-        EXPECT_TRUE(
-            library_.convert(printer_.name(), nullptr, &default_.dmPublic, &size, psui::kDriverDefault));
-        EXPECT_EQ(size, 1852);
-    }
+    alignas(8) psui::DriverDevMode default_ = library_.DefaultRecord(printer_.name());
 
     struct Outcome
     {
@@ -42,26 +34,15 @@ protected:
     }
 };
 
-TEST_F(ConvertDevMode, BuildsTheDriverDefault)
+TEST_F(ConvertDevMode, BuildsTheDefaultOfTheCountryAndOfTheTextAsItIsNow)
 {
-    ExpectFields(default_,
-                 {{"dmFields", 0x02011A03}, {"dmPaperSize", 1}, {"wCaptValue", 13}, {"dwStringMask", 1}});
+    ExpectFields(default_, "dmFields=0x02011A03 dmPaperSize=1 wCaptValue=13 dwStringMask=1");
     EXPECT_EQ(Text(default_.dmPublic.dmDeviceName, 32), u"Alpha");
     SetCountry(u"49");
-    LONG size = 5000;
-    alignas(8) psui::DriverDevMode metric;
-    ASSERT_TRUE(library_.convert(printer_.name(), nullptr, &metric.dmPublic, &size, psui::kDriverDefault));
-    EXPECT_EQ(metric.dmPublic.dmPaperSize, 9);
-    EXPECT_EQ(size, 1852);
-}
-
-TEST_F(ConvertDevMode, BuildsTheDefaultOfTheTextAsItIsNow)
-{
-    library_.capabilities(printer_.handle(), printer_.name(), DC_COPIES, nullptr, nullptr);
+    EXPECT_EQ(library_.DefaultRecord(printer_.name()).dmPublic.dmPaperSize, 9);
+    library_.Ask(printer_, DC_COPIES);
     printer_.ReplaceModel("*CAPT X: \"77\"\n");
-    LONG size = sizeof(default_);
-    ASSERT_TRUE(library_.convert(printer_.name(), nullptr, &default_.dmPublic, &size, psui::kDriverDefault));
-    EXPECT_EQ(Get(default_, "wCaptValue"), 77);
+    EXPECT_EQ(Get(library_.DefaultRecord(printer_.name()), "wCaptValue"), 77);
 }
 
 TEST_F(ConvertDevMode, AnswersBadArgumentsAsDocumented)
@@ -89,6 +70,7 @@ TEST_F(ConvertDevMode, AnswersBadArgumentsAsDocumented)
         {"old format with too little room", 2, in, out, 200, {FALSE, 300, 122}},
         {"old format without output", 2, in, nullptr, 999, {FALSE, 300, 122}},
         {"old format without input", 2, nullptr, out, 999, {FALSE, 999, 87}},
+        {"default with room to spare", 4, nullptr, out, 5000, {TRUE, 1852, 0}},
         {"default with too little room", 4, nullptr, out, 1851, {FALSE, 1852, 122}},
         {"default without output", 4, nullptr, nullptr, 1852, {FALSE, 1852, 122}},
         {"mode 0", 0, in, out, 1852, {FALSE, 1852, 4711}},

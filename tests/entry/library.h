@@ -4,6 +4,7 @@
 
 #include "psui/base/procedure.h"
 #include "psui/entry/exports.h"
+#include "psui/settings/devmode.h"
 #include "tests/entry/printer.h"
 
 namespace test {
@@ -38,31 +39,21 @@ struct Library
         EXPECT_NE(convert, nullptr);
         EXPECT_NE(capabilities, nullptr);
     }
+
+    psui::DriverDevMode DefaultRecord(WCHAR* printer) const
+    {
+        alignas(8) psui::DriverDevMode record;
+        LONG size = sizeof(record);
+        EXPECT_TRUE(convert(printer, nullptr, &record.dmPublic, &size, psui::kDriverDefault));
+        EXPECT_EQ(size, 1852);
+        return record;
+    }
+    DWORD Ask(Printer& printer, WORD capability, void* output = nullptr, DEVMODEW* record = nullptr) const
+    {
+        return capabilities(printer.handle(), printer.name(), capability, output, record);
+    }
 };
 
 constexpr DWORD kFailed = static_cast<DWORD>(-1);
-
-/// Bytes of an output entry of that capability; 0 when it writes none.
-inline size_t EntryBytes(WORD capability)
-{
-    switch (capability) {
-    case DC_PAPERS:
-    case DC_BINS:
-    case DC_FILEDEPENDENCIES:
-        return 2;
-    case DC_PAPERSIZE:
-        return 8;
-    case DC_BINNAMES:
-        return 48;
-    case DC_PAPERNAMES:
-    case DC_MEDIAREADY:
-    case DC_MEDIATYPENAMES:
-        return 128;
-    case DC_MEDIATYPES:
-        return 4;
-    default:
-        return 0;
-    }
-}
 
 } // namespace test

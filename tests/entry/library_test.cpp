@@ -28,7 +28,7 @@ TEST(Library, StaysLoadedAndKeepsItsLanguageUntilTheProcessEnds)
     EXPECT_NE(GetModuleHandleW(ProductFile("jpn/VMLANG.DLL").c_str()), nullptr);
     const Library again("jpn");
     Printer printer(u"Alpha", kFullModel);
-    EXPECT_EQ(again.capabilities(printer.handle(), printer.name(), DC_MEDIATYPENAMES, nullptr, nullptr), 8u);
+    EXPECT_EQ(again.Ask(printer, DC_MEDIATYPENAMES), 8u);
 }
 
 TEST(Library, WorksWithoutItsLanguageModule)
@@ -39,7 +39,7 @@ TEST(Library, WorksWithoutItsLanguageModule)
     const Library library(host::WindowsPath(copy));
     Printer printer(u"Alpha", kFullModel);
     WCHAR names[5][64];
-    EXPECT_EQ(library.capabilities(printer.handle(), printer.name(), DC_PAPERNAMES, names, nullptr), 5u);
+    EXPECT_EQ(library.Ask(printer, DC_PAPERNAMES, names), 5u);
     EXPECT_EQ(names[0][0], 0);
 }
 
@@ -50,13 +50,11 @@ TEST(Library, GivesBackEverythingItTookWhenTheWorldCloses)
     const Library library;
     {
         Printer printer(u"Alpha", kFullModel);
-        EXPECT_EQ(library.capabilities(printer.handle(), printer.name(), DC_COPIES, nullptr, nullptr), 999u);
+        EXPECT_EQ(library.Ask(printer, DC_COPIES), 999u);
         const host::Ledger before = host::OpenObjects();
         for (WORD capability = 0; capability < 40; ++capability)
-            library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
-        alignas(8) psui::DriverDevMode record;
-        LONG size = sizeof(record);
-        EXPECT_TRUE(library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault));
+            library.Ask(printer, capability);
+        library.DefaultRecord(printer.name());
         EXPECT_EQ(host::OpenObjects(), before);
     }
     host::Close();
@@ -90,14 +88,13 @@ TEST(Library, LeavesTheCallersProcessAsItWas)
     const Library library;
     Printer printer(u"Alpha", kFullModel);
     std::vector<BYTE> output(1 << 16), reference(1 << 16);
-    ASSERT_EQ(library.capabilities(printer.handle(), printer.name(), DC_PAPERSIZE, reference.data(), nullptr),
-              5u);
+    ASSERT_EQ(library.Ask(printer, DC_PAPERSIZE, reference.data()), 5u);
     std::fesetround(FE_UPWARD);
     std::feclearexcept(FE_ALL_EXCEPT);
     std::feraiseexcept(FE_DIVBYZERO);
     const ProcessState before;
     for (WORD capability = 0; capability < 40; ++capability) {
-        library.capabilities(printer.handle(), printer.name(), capability, output.data(), nullptr);
+        library.Ask(printer, capability, output.data());
         EXPECT_EQ(before, ProcessState()) << capability;
         if (capability == DC_PAPERSIZE) {
             EXPECT_EQ(output, reference) << "the caller's rounding changes the sizes";
@@ -105,7 +102,7 @@ TEST(Library, LeavesTheCallersProcessAsItWas)
         }
     }
     alignas(8) psui::DriverDevMode record, source = {};
-    SetAll(source, {{"dmSpecVersion", 0x0401}, {"dmSize", 220}, {"dmDriverExtra", 1632}});
+    SetAll(source, "dmSpecVersion=0x0401 dmSize=220 dmDriverExtra=1632");
     for (DWORD mode : {4, 1, 2, 0}) {
         LONG size = sizeof(record);
         library.convert(printer.name(), &source.dmPublic, &record.dmPublic, &size, mode);
@@ -119,12 +116,10 @@ TEST(Library, AnswersOrFailsCleanlyWhenMemoryFails)
     OpenWorld world;
     const Library library;
     Printer printer(u"Alpha", kFullModel);
-    library.capabilities(printer.handle(), printer.name(), DC_COPIES, nullptr, nullptr);
+    library.Ask(printer, DC_COPIES);
     DWORD answer = 0;
     for (const WORD capability : {DC_COPIES, DC_PAPERNAMES, DC_MEDIATYPENAMES}) {
-        const auto ask = [&] {
-            answer = library.capabilities(printer.handle(), printer.name(), capability, nullptr, nullptr);
-        };
+        const auto ask = [&] { answer = library.Ask(printer, capability); };
         ask();
         const DWORD right = answer;
         for (const Requests& requests : {kAllocations, kAllocationsOnwards})
@@ -133,14 +128,13 @@ TEST(Library, AnswersOrFailsCleanlyWhenMemoryFails)
                 [&](bool failed) { EXPECT_TRUE(answer == right || (failed && answer == kFailed)); });
     }
 
-    alignas(8) psui::DriverDevMode reference, record;
+    alignas(8) psui::DriverDevMode record;
+    const psui::DriverDevMode reference = library.DefaultRecord(printer.name());
     BOOL converted = FALSE;
     const auto convert = [&] {
         LONG size = sizeof(record);
         converted = library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault);
     };
-    convert();
-    reference = record;
     const std::string image = printer.DataFile().substr(0, printer.DataFile().size() - 3) + "BDD";
     const auto removeImage = [&] { std::filesystem::remove(image); }; // so that every call compiles the text
     for (const Requests& requests : {kAllocations, kAllocationsOnwards})
@@ -167,8 +161,7 @@ TEST(LibraryThreads, ServeTwoPrintersWhoseModelsAreReplaced)
         for (int round = 0; round < kRounds; ++round) {
             if (thread < 2)
                 printer.ReplaceModel(texts[which][round % 2]);
-            const DWORD rate =
-                library.capabilities(printer.handle(), printer.name(), DC_PRINTRATE, nullptr, nullptr);
+            const DWORD rate = library.Ask(printer, DC_PRINTRATE);
             wrong += rate / 10 != static_cast<DWORD>(which + 1);
             alignas(8) psui::DriverDevMode record;
             LONG size = sizeof(record);
