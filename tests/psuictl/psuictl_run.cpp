@@ -46,7 +46,8 @@ nlohmann::json Outcome::Json() const
 
 std::ostream& operator<<(std::ostream& out, const Outcome& outcome)
 {
-    return out << "exit code " << outcome.code << "\n--- output\n"
+    return out << testing::PrintToString(outcome.line) << " ended with exit code " << outcome.code
+               << "\n--- output\n"
                << outcome.out << "--- complaints\n"
                << outcome.err;
 }
@@ -75,30 +76,42 @@ PsuictlTest::~PsuictlTest()
     std::filesystem::remove_all(folder_);
 }
 
-Outcome PsuictlTest::Run(std::vector<std::string> arguments, const std::string& input) const
+Outcome PsuictlTest::Run(Words arguments, const std::string& input) const
 {
     static std::atomic<int> runs = 0;
     const std::string streams = folder_ / ("run" + std::to_string(++runs));
     WriteText(streams + ".in", input);
+    const Words line = arguments;
     arguments.insert(arguments.begin(), {PSUI_PRODUCT_DIR "/psuictl", "--root", folder_ / "root"});
     const int code = Spawn(folder_, streams, std::move(arguments));
-    return {code, ReadText(streams + ".out"), ReadText(streams + ".err")};
+    return {line, code, ReadText(streams + ".out"), ReadText(streams + ".err")};
 }
 
-std::string PsuictlTest::Output(const std::vector<std::string>& arguments, const std::string& input) const
+std::string PsuictlTest::Output(const Words& arguments, const std::string& input) const
 {
     const Outcome outcome = Run(arguments, input);
-    EXPECT_EQ(outcome.code, 0) << testing::PrintToString(arguments) << outcome;
+    EXPECT_EQ(outcome.code, 0) << outcome;
     return outcome.out;
 }
 
-nlohmann::json PsuictlTest::JsonOutput(std::vector<std::string> arguments) const
+nlohmann::json PsuictlTest::JsonOutput(Words arguments) const
 {
     arguments.push_back("--json");
     const std::string text = Output(arguments);
     nlohmann::json json = nlohmann::json::parse(text, nullptr, false);
     EXPECT_FALSE(json.is_discarded()) << text;
     return json;
+}
+
+void PsuictlTest::Refuse(int code, const std::vector<Words>& lines, const std::string& reason) const
+{
+    for (const Words& line : lines) {
+        const Outcome outcome = Run(line);
+        EXPECT_EQ(outcome.code, code) << outcome;
+        EXPECT_EQ(outcome.out, "") << outcome;
+        EXPECT_TRUE(outcome.err.starts_with("psuictl: ")) << outcome;
+        EXPECT_NE(outcome.err.find(reason), std::string::npos) << reason << " is not the reason: " << outcome;
+    }
 }
 
 std::string PsuictlTest::Sample(const std::string& name) const

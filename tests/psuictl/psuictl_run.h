@@ -1,14 +1,30 @@
 #pragma once
 // Runs the real program in a host of its own.
 #include <filesystem>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+/// A command line: its words, or one text with blanks between them.
+class Words : public std::vector<std::string>
+{
+public:
+    using std::vector<std::string>::vector;
+    Words(const char* line) : Words(std::string(line)) {}
+    Words(const std::string& line)
+    {
+        std::istringstream words(line);
+        assign(std::istream_iterator<std::string>(words), {});
+    }
+};
+
 struct Outcome
 {
+    Words line;
     int code; ///< exit code; 128 plus the signal when it did not exit
     std::string out;
     std::string err;
@@ -30,11 +46,15 @@ protected:
     ~PsuictlTest() override;
 
     /// May be called on several threads at once.
-    Outcome Run(std::vector<std::string> arguments, const std::string& input = "") const;
+    Outcome Run(Words arguments, const std::string& input = "") const;
 
     /// Runs what has to succeed, and returns its standard output.
-    std::string Output(const std::vector<std::string>& arguments, const std::string& input = "") const;
-    nlohmann::json JsonOutput(std::vector<std::string> arguments) const;
+    std::string Output(const Words& arguments, const std::string& input = "") const;
+    nlohmann::json JsonOutput(Words arguments) const;
+
+    /// Runs lines that have to end with that code, each with no output and a complaint that has `reason` in
+    /// it.
+    void Refuse(int code, const std::vector<Words>& lines, const std::string& reason = "") const;
 
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
 

@@ -1,5 +1,7 @@
-#include <iterator>
+#include <algorithm>
+#include <set>
 #include <sstream>
+#include <tuple>
 
 #include "tests/psuictl/psuictl_run.h"
 
@@ -13,41 +15,42 @@ protected:
     Scenario()
     {
         AddPrinter("palette940.ppd");
-        Output({"record", "default", "P", "-o", "default.dm"});
-        Output({"record", "set", "default.dm", "dmCopies=3", "dmFields=0x02011B03", "-o", "in.dm"});
+        Output("record default P -o default.dm");
+        Output("record set default.dm dmCopies=3 dmFields=0x02011B03 -o in.dm");
     }
 
-    std::vector<std::string> Line(const std::string& file, const std::vector<std::string>& options,
-                                  const std::string& printer = "P") const
+    static Words Line(const std::string& file, const Words& options, const std::string& printer = "P")
     {
-        std::vector<std::string> line = {"preferences", printer, "--scenario", file, "--shots", "new/shots"};
+        Words line = "preferences " + printer + " --scenario " + file + " --shots new/shots";
         line.insert(line.end(), options.begin(), options.end());
         return line;
     }
 
     /// The printer that a scenario is for: "P", or one of its own for another model.
-    std::string PrinterFor(const std::vector<std::string>& model)
+    std::string PrinterFor(const Words& model)
     {
         if (model.empty())
             return "P";
         const auto sample = std::filesystem::path(PSUI_SOURCE_DIR "/models") / model[0];
         const bool isSample = std::filesystem::exists(sample);
-        if (Run({"printer", "show", model[0]}).code != 0)
+        if (printers_.insert(model[0]).second)
             Output({"printer", "add", model[0], "--model", isSample ? sample : kScenarios / model[0]});
         return model[0];
     }
+
+private:
+    std::set<std::string> printers_;
 };
 
 /// The words behind "# NAME:" at the head of a scenario (docs/scenarios.md); none when there is no such line.
-std::vector<std::string> HeadOf(const std::filesystem::path& file, const std::string& name)
+Words HeadOf(const std::filesystem::path& file, const std::string& name)
 {
     const std::string head = "# " + name + ":";
     std::istringstream lines(ReadText(file));
     for (std::string line; std::getline(lines, line) && line.starts_with('#');) {
         if (!line.starts_with(head))
             continue;
-        std::istringstream words(line.substr(head.size()));
-        return {std::istream_iterator<std::string>(words), {}};
+        return line.substr(head.size());
     }
     return {};
 }
@@ -59,10 +62,10 @@ TEST_F(Scenario, PlaysEveryFile)
         if (entry.path().extension() != ".txt")
             continue;
         const std::string printer = PrinterFor(HeadOf(entry.path(), "model"));
-        std::vector<std::string> options = HeadOf(entry.path(), "options");
-        if (const std::vector<std::string> fields = HeadOf(entry.path(), "record"); !fields.empty()) {
-            Output({"record", "default", printer, "-o", "start.dm"});
-            std::vector<std::string> set = {"record", "set", "start.dm", "-o", "start.dm"};
+        Words options = HeadOf(entry.path(), "options");
+        if (const Words fields = HeadOf(entry.path(), "record"); !fields.empty()) {
+            Output("record default " + printer + " -o start.dm");
+            Words set = "record set start.dm -o start.dm";
             set.insert(set.end(), fields.begin(), fields.end());
             Output(set);
             options.insert(options.end(), {"--record", "start.dm"});
@@ -80,14 +83,13 @@ TEST_F(Scenario, WritesConfirmedRecordOnly)
     WriteText(Path("ok.txt"), "wait IDC_SUMMARY\nok\n");
     WriteText(Path("cancel.txt"), "wait IDC_SUMMARY\ncancel\n");
     const nlohmann::json cancelled =
-        JsonOutput(Line("cancel.txt", {"--pages", "2", "--record", "in.dm", "-o", "cancelled.dm"}));
+        JsonOutput(Line("cancel.txt", "--pages 2 --record in.dm -o cancelled.dm"));
     EXPECT_EQ(cancelled["confirmed"], false);
     EXPECT_FALSE(std::filesystem::exists(Path("cancelled.dm")));
-    const nlohmann::json confirmed =
-        JsonOutput(Line("ok.txt", {"--pages", "2", "--record", "in.dm", "-o", "confirmed.dm"}));
+    const nlohmann::json confirmed = JsonOutput(Line("ok.txt", "--pages 2 --record in.dm -o confirmed.dm"));
     EXPECT_EQ(confirmed["confirmed"], true);
     EXPECT_EQ(confirmed["steps"], 2);
-    EXPECT_EQ(JsonOutput({"record", "show", "confirmed.dm"})["dmCopies"], 3);
+    EXPECT_EQ(JsonOutput("record show confirmed.dm")["dmCopies"], 3);
 }
 
 TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
@@ -115,7 +117,7 @@ TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
     };
     for (const auto& row : rows) {
         WriteText(Path("s.txt"), row.steps);
-        const Outcome outcome = Run(Line("s.txt", {"--pages", "2"}));
+        const Outcome outcome = Run(Line("s.txt", "--pages 2"));
         EXPECT_EQ(outcome.code, row.code) << row.steps << outcome;
         EXPECT_NE(outcome.err.find(row.complaint), std::string::npos) << row.steps << outcome;
     }
@@ -125,36 +127,30 @@ TEST_F(Scenario, LeavesNothingOpenAfterThousandTimes)
 {
     WriteText(Path("both.txt"),
               "wait IDC_SUMMARY\nclick IDC_SETTINGS\nwait IDC_SUPPORT\ncancel\nwait IDC_SUMMARY\nok\n");
-    const nlohmann::json json = JsonOutput(Line("both.txt", {"--pages", "2", "--repeat", "1000"}));
+    const nlohmann::json json = JsonOutput(Line("both.txt", "--pages 2 --repeat 1000"));
     EXPECT_EQ(json["growth"], nlohmann::json::object());
     EXPECT_EQ(json["confirmed"], true);
 }
 
 TEST_F(Scenario, NeedsSomebodyToAnswer)
 {
-    EXPECT_EQ(Run({"preferences", "P"}).code, 2);
-    EXPECT_EQ(Run({"preferences", "P", "--scenario", "nowhere.txt"}).code, 1);
+    Refuse(2, {"preferences P"});
+    Refuse(1, {"preferences P --scenario nowhere.txt"});
 }
 
 TEST_F(Scenario, SummaryPrintsSettingsInBothLanguages)
 {
-    const struct
-    {
-        const char* language;
-        const char* copies;
-        const char* number;
-    } rows[] = {{"eng", "Copies", "3"}, {"jpn", "部数", "3部"}};
-    for (const auto& row : rows) {
-        const nlohmann::json lines =
-            JsonOutput({"--language", row.language, "summary", "P", "--record", "in.dm"});
-        size_t values = 0;
-        bool copies = false;
-        for (const nlohmann::json& line : lines) {
-            values += line["value"] != "";
-            copies = copies || (line["label"] == row.copies && line["value"] == row.number);
-        }
-        EXPECT_GT(values, 20u) << lines.dump(1);
-        EXPECT_TRUE(copies) << lines.dump(1);
+    const std::tuple<std::string, const char*, const char*> rows[] = {{"eng", "Copies", "3"},
+                                                                      {"jpn", "部数", "3部"}};
+    for (const auto& [language, label, value] : rows) {
+        const nlohmann::json lines = JsonOutput("--language " + language + " summary P --record in.dm");
+        EXPECT_GT(lines.size(), 20u) << lines.dump(1);
+        EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                                [&](const nlohmann::json& line) {
+                                    return line["label"] == label && line["value"] == value;
+                                }),
+                  1)
+            << lines.dump(1);
     }
 }
 

@@ -12,29 +12,18 @@ using namespace psuictl;
 
 TEST(Number, IsReadWholeOrNotAtAll)
 {
-    const std::tuple<const char*, std::optional<int64_t>> rows[] = {
-        {"0", 0},
-        {"42", 42},
-        {"-3", -3},
-        {"0x1F", 31},
-        {"0Xff", 255},
-        {"-0x10", -16},
-        {"", {}},
-        {"-", {}},
-        {"0x", {}},
-        {"--1", {}},
-        {"+1", {}},
-        {" 1", {}},
-        {"1 ", {}},
-        {"1.5", {}},
-        {"12a", {}},
-        {"-0x-1", {}},
-        {"9223372036854775807", INT64_MAX},
-        {"9223372036854775808", {}},
-        {"99999999999999999999", {}},
-    };
-    for (const auto& [text, value] : rows)
+    const std::pair<const char*, int64_t> numbers[] = {{"0", 0},
+                                                       {"42", 42},
+                                                       {"-3", -3},
+                                                       {"0x1F", 31},
+                                                       {"0Xff", 255},
+                                                       {"-0x10", -16},
+                                                       {"9223372036854775807", INT64_MAX}};
+    for (const auto& [text, value] : numbers)
         EXPECT_EQ(ParseNumber(text), value) << text;
+    for (const char* text : {"", "-", "0x", "--1", "+1", " 1", "1 ", "1.5", "12a", "-0x-1",
+                             "9223372036854775808", "99999999999999999999"})
+        EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
 }
 
 TEST(HexBytes, NeedPairsOfDigits)
