@@ -30,8 +30,8 @@ struct ThreadCalls
 {
     int depth = 0;
     std::unique_ptr<Recording> recording;
-    uint64_t cameIn =
-        0; // ns, when the thread came from the program into the layer; 0 unless that is recorded
+    /// When the thread came from the program into the layer, in ns; 0 unless that is recorded.
+    uint64_t cameIn = 0;
 };
 
 thread_local ThreadCalls threadCalls;
