@@ -367,6 +367,12 @@ std::string CheckRecord(const PrinterUiContext& context)
     return wrong;
 }
 
+bool KeepsQuality(const PrinterUiContext& context)
+{
+    const DriverDevMode& record = context.dmWork;
+    return Reopened(context, HandedOut(record)).dmPrivate.bQualityLevel == record.dmPrivate.bQualityLevel;
+}
+
 std::string CheckControls(const PrinterUiContext& context, const PrinterUiContext* applied)
 {
     const DriverDevMode& record = context.dmWork;

@@ -11,6 +11,10 @@ namespace walk {
 /// Whether the record would come back as it would go out: what is wrong, or nothing.
 std::string CheckRecord(const psui::PrinterUiContext& context);
 
+/// Whether the record keeps its quality when it comes back: the dialog has qualities for media of which the
+/// merge knows fewer, or none.
+bool KeepsQuality(const psui::PrinterUiContext& context);
+
 /// Whether lists, boxes and texts show the record and what can be used follows its rules: what is wrong, or
 /// nothing. `applied` is the context as it was last applied, or null when that is not known.
 std::string CheckControls(const psui::PrinterUiContext& context, const psui::PrinterUiContext* applied);

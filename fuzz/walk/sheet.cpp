@@ -199,7 +199,7 @@ void Sheet::Step()
     if (isMain)
         closing_.shown.clear(); // confirmed, but opened again from the same sheet
     if (isMain && context_->bPermission == 1 && !OpenPopup() && random_.OneIn(kConfirms)) {
-        if (!IsScaledLayout(context_->dmWork))
+        if (!IsScaledLayout(context_->dmWork) && KeepsQuality(*context_))
             closing_.shown = LastingPicture(*context_);
         confirmed_ = context_->dmWork;
         outputShown_ = false;
