@@ -45,28 +45,6 @@ protected:
     Selected font_{dc_, MakeFont(-16)};
 };
 
-struct FaceCount
-{
-    WCHAR face[LF_FACESIZE];
-    int matching;
-    int all;
-};
-
-int CALLBACK CountFaces(const LOGFONTW* font, const TEXTMETRICW* metrics, DWORD, LPARAM parameter)
-{
-    auto& count = *reinterpret_cast<FaceCount*>(parameter);
-    EXPECT_GT(metrics->tmHeight, 0);
-    count.matching += lstrcmpW(font->lfFaceName, count.face) == 0;
-    ++count.all;
-    return 1;
-}
-
-int CALLBACK StopAtOnce(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM count)
-{
-    ++*reinterpret_cast<int*>(count);
-    return 0;
-}
-
 } // namespace
 
 TEST_F(Text, MetricsAreConsistent)
@@ -243,20 +221,6 @@ TEST_F(Text, TabsGoToTheNextStop)
     const LONG extent = TabbedTextOutW(dc_, 5, 5, TEXT("a\tb\tc"), 5, 2, stops, 5);
     EXPECT_EQ(LOWORD(extent), 90 + WidthOf(dc_, TEXT("c")));
     EXPECT_EQ(HIWORD(extent), LineHeight(dc_));
-}
-
-TEST_F(Text, FacesAreListedUntilTheProgramHasEnough)
-{
-    // Whatever stands for the face that was asked for is in the list.
-    FaceCount found = {};
-    const int length = GetTextFaceW(dc_, LF_FACESIZE, found.face);
-    EXPECT_EQ(length, lstrlenW(found.face) + 1);
-    EXPECT_EQ(EnumFontFamiliesW(dc_, nullptr, CountFaces, reinterpret_cast<LPARAM>(&found)), 1);
-    EXPECT_GE(found.matching, 1);
-    EXPECT_GT(found.all, found.matching);
-    int count = 0;
-    EXPECT_EQ(EnumFontFamiliesW(dc_, nullptr, StopAtOnce, reinterpret_cast<LPARAM>(&count)), 0);
-    EXPECT_EQ(count, 1);
 }
 
 TEST(DesktopFonts, AreToldWithOrWithoutTheLastField)

@@ -285,16 +285,18 @@ TEST_F(Shell, ReadsAnswerWronglyWhereTheyAreToldTo)
     host::StopFailing();
 }
 
-class VersionFiles : public Shell
+/// A copy of a file with version information, which may be cut and damaged.
+class VersionFile
 {
-protected:
-    void Copy(const char* from)
+public:
+    explicit VersionFile(const char* from) : path_(host::NativePath(kPath))
     {
-        path_ = host::NativePath(u"C:\\module.bin");
         std::filesystem::copy_file(from, path_);
         size_ = std::filesystem::file_size(path_);
     }
+    ~VersionFile() { std::filesystem::remove(path_); }
 
+    size_t Size() const { return size_; }
     void Cut(size_t size) const { std::filesystem::resize_file(path_, size); }
 
     /// Changes one byte and returns what it was.
@@ -310,17 +312,18 @@ protected:
     /// The product version that the file is found to have.
     static std::u16string Version()
     {
-        const char16_t* const path = u"C:\\module.bin";
-        std::vector<char> data(GetFileVersionInfoSizeW(path, nullptr));
+        std::vector<char> data(GetFileVersionInfoSizeW(kPath, nullptr));
         void* text = nullptr;
         unsigned size = 0;
-        if (data.empty() || !GetFileVersionInfoW(path, 0, static_cast<DWORD>(data.size()), data.data()) ||
+        if (data.empty() || !GetFileVersionInfoW(kPath, 0, static_cast<DWORD>(data.size()), data.data()) ||
             !VerQueryValueW(data.data(), u"\\StringFileInfo\\040904B0\\ProductVersion", &text, &size) ||
             size == 0)
             return u"(none)";
         return std::u16string(static_cast<char16_t*>(text), size - 1);
     }
 
+private:
+    static constexpr char16_t kPath[] = u"C:\\module.bin";
     std::string path_;
     size_t size_ = 0;
 };
@@ -328,35 +331,35 @@ protected:
 // One is a program of the platform, the other a module of the layer; neither is ever loaded.
 constexpr const char* kVersionFiles[] = {PSUI_VERSION_PROGRAM, PSUI_VERSION_MODULE};
 
-TEST_F(VersionFiles, CutAnywhereHaveTheirWholeVersionOrNone)
+TEST_F(Shell, CutVersionFilesHaveTheirWholeVersionOrNone)
 {
-    for (const char* file : kVersionFiles) {
-        Copy(file);
-        EXPECT_EQ(Version(), u"3.10") << file;
-        for (size_t size = size_; size-- > 0;) {
-            Cut(size);
-            const std::u16string version = Version();
-            EXPECT_TRUE(version == u"(none)" || version == u"3.10") << file << " cut at " << size;
+    for (const char* name : kVersionFiles) {
+        SCOPED_TRACE(name);
+        const VersionFile file(name);
+        EXPECT_EQ(file.Version(), u"3.10");
+        for (size_t size = file.Size(); size-- > 0;) {
+            file.Cut(size);
+            const std::u16string version = file.Version();
+            EXPECT_TRUE(version == u"(none)" || version == u"3.10") << "cut at " << size;
         }
-        EXPECT_EQ(Version(), u"(none)") << file;
-        std::filesystem::remove(path_);
+        EXPECT_EQ(file.Version(), u"(none)");
     }
     EXPECT_EQ(host::OpenObjects().modules, 0);
 }
 
-TEST_F(VersionFiles, DamagedAnywhereAreSurvived)
+TEST_F(Shell, VersionFilesDamagedAnywhereAreSurvived)
 {
-    for (const char* file : kVersionFiles) {
-        Copy(file);
+    for (const char* name : kVersionFiles) {
+        SCOPED_TRACE(name);
+        const VersionFile file(name);
         size_t lost = 0;
-        for (size_t i = 0; i < size_; ++i) {
-            const char old = Exchange(i, '\xFF');
-            lost += Version() != u"3.10";
-            Exchange(i, old);
+        for (size_t i = 0; i < file.Size(); ++i) {
+            const char old = file.Exchange(i, '\xFF');
+            lost += file.Version() != u"3.10";
+            file.Exchange(i, old);
         }
         EXPECT_GT(lost, 0u) << "some bytes are needed to find the version";
-        EXPECT_EQ(Version(), u"3.10") << file;
-        std::filesystem::remove(path_);
+        EXPECT_EQ(file.Version(), u"3.10");
     }
 }
 

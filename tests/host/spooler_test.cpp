@@ -30,6 +30,12 @@ WCHAR* Name(const WCHAR* text)
     return const_cast<WCHAR*>(text);
 }
 
+template <class Record>
+BYTE* Bytes(Record& record)
+{
+    return reinterpret_cast<BYTE*>(&record);
+}
+
 Wide TemporaryPath(const WCHAR* fileName)
 {
     WCHAR folder[MAX_PATH];
@@ -69,7 +75,7 @@ protected:
         Write(TemporaryPath(TEXT("PROBE.DLL")), Read(BesideThisProgram(TEXT("spooler_probe_driver.dll"))));
         Write(TemporaryPath(TEXT("PROBE.DAT")), "data");
         Write(TemporaryPath(TEXT("PROBE.HLP")), "help");
-        ASSERT_TRUE(AddDriver(kDriver)) << GetLastError();
+        ASSERT_TRUE(AddDriver()) << GetLastError();
     }
 
     static void TearDownTestSuite()
@@ -84,7 +90,7 @@ protected:
     void SetUp() override
     {
         PRINTER_INFO_2W info = Info();
-        printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+        printer = AddPrinterW(nullptr, 2, Bytes(info));
         ASSERT_TRUE(printer) << GetLastError();
     }
 
@@ -94,21 +100,16 @@ protected:
         EXPECT_TRUE(ClosePrinter(printer));
     }
 
-    static bool AddDriver(const WCHAR* name)
+    static bool AddDriver()
     {
         Wide module = TemporaryPath(TEXT("PROBE.DLL"));
         Wide data = TemporaryPath(TEXT("PROBE.DAT"));
         Wide help = TemporaryPath(TEXT("PROBE.HLP"));
         Wide dependent = data + WCHAR{0} + help + WCHAR{0};
-        DRIVER_INFO_3W info = {};
-        info.cVersion = 3;
-        info.pName = Name(name);
-        info.pEnvironment = Name(kEnvironment);
-        info.pDriverPath = info.pConfigFile = module.data();
-        info.pDataFile = data.data();
-        info.pHelpFile = help.data();
-        info.pDependentFiles = dependent.data();
-        return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info), kCopy);
+        DRIVER_INFO_3W info = {3,           Name(kDriver), Name(kEnvironment), module.data(),
+                               data.data(), module.data(), help.data(),        dependent.data(),
+                               nullptr,     nullptr};
+        return AddPrinterDriverExW(nullptr, 3, Bytes(info), kCopy);
     }
 
     static PRINTER_INFO_2W Info()
@@ -152,11 +153,8 @@ protected:
 
 TEST_F(Spooler, OpensPrintersInAnyCaseAndTheServer)
 {
-    for (const WCHAR* name : {kPrinter, TEXT("PSUI PROBE"), static_cast<const WCHAR*>(nullptr)}) {
-        HANDLE handle = Open(name, 0);
-        EXPECT_TRUE(handle);
-        EXPECT_TRUE(ClosePrinter(handle));
-    }
+    for (const WCHAR* name : {kPrinter, TEXT("PSUI PROBE"), static_cast<const WCHAR*>(nullptr)})
+        EXPECT_TRUE(ClosePrinter(Open(name, 0)));
 }
 
 TEST_F(Spooler, RefusesNamesOfNoPrinter)
@@ -303,7 +301,7 @@ TEST_F(Spooler, RefusesPrintersItCannotMake)
         PRINTER_INFO_2W info = Info();
         info.pPrinterName = Name(TEXT("Psui Probe 2"));
         info.*c.field = Name(c.value);
-        EXPECT_TRUE(Fails(c.error, AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info)))) << c.what;
+        EXPECT_TRUE(Fails(c.error, AddPrinterW(nullptr, 2, Bytes(info)))) << c.what;
     }
 }
 
@@ -325,7 +323,7 @@ TEST_F(Spooler, ForgetsDeletedPrinters)
 {
     PRINTER_INFO_2W info = Info();
     info.pPrinterName = Name(TEXT("Psui Probe 2"));
-    HANDLE second = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+    HANDLE second = AddPrinterW(nullptr, 2, Bytes(info));
     ASSERT_TRUE(second);
     ASSERT_TRUE(DeletePrinter(second));
     DWORD needed = 0;
@@ -339,36 +337,30 @@ TEST_F(Spooler, ForgetsDeletedPrinters)
 
 TEST_F(Spooler, KeepsPrinterDataWithTheirType)
 {
-    struct Case
-    {
-        const WCHAR* name;
-        DWORD type;
-        std::string bytes;
-    } cases[] = {
+    const std::tuple<const WCHAR*, DWORD, std::string> cases[] = {
         {TEXT("Number"), REG_DWORD, std::string("\1\0\0\0", 4)},
         {TEXT("Block"), REG_BINARY, std::string(1908, 'b')},
         {TEXT("Text"), REG_SZ, std::string("A\0\0\0", 4)},
     };
-    for (const Case& c : cases) {
-        ASSERT_EQ(DWORD{ERROR_SUCCESS}, SetData(c.name, c.bytes, c.type));
-        std::string bytes(c.bytes.size(), '?');
-        DWORD type = 0, needed = 0;
-        DWORD size = static_cast<DWORD>(bytes.size());
-        BYTE* data = reinterpret_cast<BYTE*>(bytes.data());
-        for (const auto& [room, status] :
-             {std::pair(DWORD{0}, ERROR_MORE_DATA), std::pair(size - 1, ERROR_MORE_DATA),
-              std::pair(size, ERROR_SUCCESS)}) {
-            EXPECT_EQ(DWORD(status),
-                      GetPrinterDataW(printer, Name(c.name), &type, room ? data : nullptr, room, &needed));
+    for (const auto& [name, type, bytes] : cases) {
+        ASSERT_EQ(DWORD{ERROR_SUCCESS}, SetData(name, bytes, type));
+        std::string found(bytes.size(), '?');
+        DWORD foundType = 0, needed = 0;
+        const auto get = [&](DWORD room) {
+            return GetPrinterDataW(printer, Name(name), &foundType, room ? Bytes(found[0]) : nullptr, room,
+                                   &needed);
+        };
+        const auto size = static_cast<DWORD>(bytes.size());
+        for (const DWORD room : {DWORD{0}, size - 1, size}) {
+            EXPECT_EQ(DWORD(room < size ? ERROR_MORE_DATA : ERROR_SUCCESS), get(room));
             EXPECT_EQ(size, needed);
         }
-        EXPECT_EQ(c.type, type);
-        EXPECT_EQ(c.bytes, bytes);
+        EXPECT_EQ(type, foundType);
+        EXPECT_EQ(bytes, found);
         if (OnWine())
             continue;
-        EXPECT_EQ(DWORD{ERROR_SUCCESS}, DeletePrinterDataW(printer, Name(c.name)));
-        EXPECT_EQ(DWORD{ERROR_FILE_NOT_FOUND},
-                  GetPrinterDataW(printer, Name(c.name), &type, data, size, &needed));
+        EXPECT_EQ(DWORD{ERROR_SUCCESS}, DeletePrinterDataW(printer, Name(name)));
+        EXPECT_EQ(DWORD{ERROR_FILE_NOT_FOUND}, get(size));
     }
     if (!OnWine()) {
         EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, SetData(nullptr, "x"));
@@ -454,8 +446,8 @@ TEST_F(Spooler, AddsFormsForAllPrinters)
     if (OnWine())
         GTEST_SKIP() << "adds nothing";
     FORM_INFO_1W form = MakeForm(TEXT("Psui form"));
-    ASSERT_TRUE(AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))) << GetLastError();
-    EXPECT_TRUE(Fails(ERROR_FILE_EXISTS, AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form))));
+    ASSERT_TRUE(AddFormW(printer, 1, Bytes(form))) << GetLastError();
+    EXPECT_TRUE(Fails(ERROR_FILE_EXISTS, AddFormW(printer, 1, Bytes(form))));
 
     HANDLE server = Open(nullptr, 0);
     const Forms forms(server);
@@ -493,9 +485,9 @@ TEST_F(Spooler, RefusesFormsThatCannotBe)
         {"an empty area", empty, ERROR_INVALID_FORM_SIZE},
     };
     for (auto& [what, form, error] : cases) {
-        EXPECT_TRUE(Fails(error, AddFormW(printer, 1, reinterpret_cast<BYTE*>(&form)))) << what;
+        EXPECT_TRUE(Fails(error, AddFormW(printer, 1, Bytes(form)))) << what;
     }
-    EXPECT_TRUE(Fails(ERROR_INVALID_LEVEL, AddFormW(printer, 77, reinterpret_cast<BYTE*>(&flat))));
+    EXPECT_TRUE(Fails(ERROR_INVALID_LEVEL, AddFormW(printer, 77, Bytes(flat))));
     EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER, DeleteFormW(printer, Name(TEXT("A4")))));
 }
 
@@ -565,8 +557,7 @@ TEST_F(Spooler, RefusesDriversItCannotInstall)
                                module.data(),
                                module.data()};
         info.*c.field = c.value;
-        EXPECT_TRUE(Fails(c.error, AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&info), c.flags)))
-            << c.what;
+        EXPECT_TRUE(Fails(c.error, AddPrinterDriverExW(nullptr, 2, Bytes(info), c.flags))) << c.what;
     }
 }
 

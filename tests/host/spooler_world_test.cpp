@@ -103,28 +103,6 @@ TEST_F(SpoolerWorld, NeverChangesTheBytesOfAnInstalledFile)
         EXPECT_EQ("T.DLL", entry.path().filename());
 }
 
-TEST_F(SpoolerWorld, KeepsNewerFilesWhenOnlyNewOnesAreWanted)
-{
-    ASSERT_TRUE(AddDriver(APD_COPY_ALL_FILES));
-    fs::path source = host::NativePath(u"C:\\windows\\temp\\T.DLL");
-    auto installed = fs::last_write_time(Installed());
-    EXPECT_EQ(fs::last_write_time(source), installed);
-    struct Case
-    {
-        std::string bytes;
-        int age; ///< seconds before the installed file
-        bool copied;
-    } cases[] = {{"old", 10, false}, {"same", 0, true}, {"new", -10, true}};
-    for (const Case& c : cases) {
-        WriteSource(c.bytes);
-        fs::last_write_time(source, installed - std::chrono::seconds(c.age));
-        ASSERT_TRUE(AddDriver(APD_COPY_NEW_FILES));
-        std::string bytes;
-        std::ifstream(Installed()) >> bytes;
-        EXPECT_EQ(c.copied, c.bytes == bytes) << c.bytes;
-    }
-}
-
 TEST_F(SpoolerWorld, DeletesOnlyFilesThatNobodyElseUses)
 {
     ASSERT_TRUE(AddDriver(APD_COPY_ALL_FILES));
