@@ -189,14 +189,6 @@ TEST_F(Text, DrawTextUnderlinesTheMnemonic)
     const RECT plain = bottomOf(TEXT("nn"), 0);
     const RECT marked = bottomOf(TEXT("n&n"), 0);
     EXPECT_GT(marked.bottom, plain.bottom);
-    if (OnWine()) {
-        GTEST_SKIP() << "always draws text and mark";
-    }
-    EXPECT_EQ(bottomOf(TEXT("n&n"), DT_HIDEPREFIX).bottom, plain.bottom);
-    const RECT only = bottomOf(TEXT("n&n"), DT_PREFIXONLY);
-    EXPECT_EQ(only.bottom, marked.bottom);
-    EXPECT_EQ(only.bottom - only.top, 1);
-    EXPECT_GE(only.left, WidthOf(dc_, TEXT("n")) - 1);
 }
 
 TEST_F(Text, DrawTextShortensWhatDoesNotFit)

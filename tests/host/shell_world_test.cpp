@@ -270,21 +270,6 @@ TEST_F(Shell, SpoolerImpersonationPairsUpByThread)
     EXPECT_NE(GetModuleHandleW(u"winspool.drv"), nullptr) << "every program has it";
 }
 
-TEST_F(Shell, ReadsAnswerWronglyWhereTheyAreToldTo)
-{
-    WritePrivateProfileStringW(u"S", u"k", u"value", kFile);
-    const auto ask = [] {
-        WCHAR value[64];
-        return GetPrivateProfileStringW(u"S", u"k", u"def", value, 64, kFile);
-    };
-    host::MisreadCalls(1, false, host::Misread::Fail);
-    EXPECT_EQ(ask(), 5u);
-    EXPECT_EQ(ask(), 3u) << "the second read";
-    EXPECT_EQ(ask(), 5u);
-    EXPECT_EQ(host::ReadsSeen(), 3u);
-    host::StopFailing();
-}
-
 /// A copy of a file with version information, which may be cut and damaged.
 class VersionFile
 {

@@ -182,12 +182,17 @@ TEST_F(SpoolerWorld, MisreadsOnRequest)
         {host::Misread::WrongType, ERROR_SUCCESS, 8, REG_SZ},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(int(c.how));
         DWORD needed = 0, type = 0;
-        host::MisreadCalls(0, false, c.how);
-        EXPECT_EQ(c.status, GetPrinterDataW(printer, name, &type, bytes, 8, &needed)) << int(c.how);
+        const auto get = [&] { return GetPrinterDataW(printer, name, &type, bytes, 8, &needed); };
+        host::MisreadCalls(1, false, c.how);
+        EXPECT_EQ(DWORD{ERROR_SUCCESS}, get()) << "only the second is told to";
+        EXPECT_EQ(c.status, get());
+        EXPECT_EQ(c.needed, needed);
+        EXPECT_EQ(c.type, type);
+        EXPECT_EQ(DWORD{ERROR_SUCCESS}, get());
+        EXPECT_EQ(3u, host::ReadsSeen());
         host::StopFailing();
-        EXPECT_EQ(c.needed, needed) << int(c.how);
-        EXPECT_EQ(c.type, type) << int(c.how);
     }
     EXPECT_TRUE(ClosePrinter(printer));
 }
