@@ -180,15 +180,14 @@ TEST_F(Text, DrawTextStaysInItsRectangle)
 TEST_F(Text, DrawTextUnderlinesTheMnemonic)
 {
     SetBkMode(dc_, TRANSPARENT);
-    const auto bottomOf = [&](const WCHAR* text, UINT format) {
+    LONG bottoms[2];
+    for (const bool marked : {false, true}) {
         canvas_.Clear(RGB(255, 255, 255));
         RECT rect = {0, 0, 200, 80};
-        DrawTextW(dc_, text, -1, &rect, format);
-        return canvas_.Drawn();
-    };
-    const RECT plain = bottomOf(TEXT("nn"), 0);
-    const RECT marked = bottomOf(TEXT("n&n"), 0);
-    EXPECT_GT(marked.bottom, plain.bottom);
+        DrawTextW(dc_, marked ? TEXT("n&n") : TEXT("nn"), -1, &rect, 0);
+        bottoms[marked] = canvas_.Drawn().bottom;
+    }
+    EXPECT_GT(bottoms[true], bottoms[false]);
 }
 
 TEST_F(Text, DrawTextShortensWhatDoesNotFit)

@@ -184,7 +184,10 @@ TEST_F(SpoolerWorld, MisreadsOnRequest)
     for (const Case& c : cases) {
         SCOPED_TRACE(int(c.how));
         DWORD needed = 0, type = 0;
-        const auto get = [&] { return GetPrinterDataW(printer, name, &type, bytes, 8, &needed); };
+        const auto get = [&] {
+            needed = type = 0;
+            return GetPrinterDataW(printer, name, &type, bytes, 8, &needed);
+        };
         host::MisreadCalls(1, false, c.how);
         EXPECT_EQ(DWORD{ERROR_SUCCESS}, get()) << "only the second is told to";
         EXPECT_EQ(c.status, get());
