@@ -86,11 +86,7 @@ psui::DriverDevMode Ours()
 
 TEST(CopyDevModeOut, ShapesTheOutputLikeASmallerInput)
 {
-    struct Case
-    {
-        RecordShape input, output;
-    };
-    const Case cases[] = {
+    const std::pair<RecordShape, RecordShape> cases[] = {
         {{0x0401, 1301, 220, 1632}, {0x0401, 1301, 220, 1632}},
         {{0x0400, 5, 220, 1632}, {0x0401, 1301, 220, 1632}},
         {{0x0320, 848, 188, 112}, {0x0320, 848, 188, 112}},
@@ -99,11 +95,11 @@ TEST(CopyDevModeOut, ShapesTheOutputLikeASmallerInput)
         {{0x0401, 5, 220, 0}, {0x0401, 5, 220, 0}},
     };
     alignas(8) const psui::DriverDevMode ours = Ours();
-    for (const Case& c : cases) {
-        std::vector<BYTE> input = RecordOf(c.input, 1), separate(2400, 0xEE);
+    for (const auto& [from, to] : cases) {
+        std::vector<BYTE> input = RecordOf(from, 1), separate(2400, 0xEE);
         ASSERT_TRUE(psui::CopyDevModeOut(&ours, AsRecord(input), AsRecord(separate)));
         const RecordShape shape = psui::ShapeOf(separate.data());
-        EXPECT_EQ(std::memcmp(&shape, &c.output, sizeof(shape)), 0) << c.input.publicSize;
+        EXPECT_EQ(std::memcmp(&shape, &to, sizeof(shape)), 0) << from.publicSize;
         EXPECT_EQ(std::memcmp(separate.data() + shape.publicSize, &ours.dmPrivate, shape.privateSize), 0);
         EXPECT_EQ(separate[shape.TotalSize()], 0xEE) << "wrote past the shape";
 

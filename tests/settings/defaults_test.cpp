@@ -1,11 +1,10 @@
-#include <tuple>
-
 #include "psui/settings/environment.h"
 #include "psui/settings/record.h"
 #include "tests/settings/support.h"
 
 namespace {
 
+using namespace std::literals;
 using namespace test;
 using psui::DriverDevMode;
 
@@ -100,13 +99,7 @@ TEST(Defaults, FallBackWhenTheModelSaysNothing)
                  "dmFields=0x02010A03 dmDefaultSource=7 dmColor=2 dmMediaType=0 wPageProtectValue=1 "
                  "wCaptValue=1 bDocType=2 bColorHalftone=3 bColorMatching=1 bCmpMode=9 dwDirModePlain=1 "
                  "dwTrayChoice=0 wMemorySize=1 wSleepMode=1 dwPagesPerSheet=1 wFeatureCount=0 bBorderless=0");
-}
-
-TEST(Defaults, OfferNoTrayChoiceForASingleTray)
-{
-    World world;
-    const DriverDevMode record = BuildDefault(Model("*Tray Tray1: \"1\"\n"));
-    ExpectFields(record, "dwTrayChoice=0 dmDefaultSource=1");
+    ExpectFields(BuildDefault(Model("*Tray Tray1: \"1\"\n")), "dwTrayChoice=0 dmDefaultSource=1");
 }
 
 TEST(Defaults, UseLetterAndInchesOutsideMetricCountries)
@@ -120,16 +113,11 @@ TEST(Defaults, UseLetterAndInchesOutsideMetricCountries)
 
 TEST(Defaults, FollowTheLanguageModule)
 {
-    struct Case
-    {
-        const char* language;
-        int64_t region, noFavourites;
-    };
-    for (const Case& c : {Case{"eng", 0, 1}, Case{"jpn", 1, 0}, Case{"", 0, 1}}) {
-        World world(c.language);
-        SCOPED_TRACE(c.language);
+    for (const std::string language : {"eng", "jpn", ""}) {
+        World world(language);
+        SCOPED_TRACE(language);
         ExpectFields(BuildDefault(Model(kEmptyModel)),
-                     {{"wRegion", c.region}, {"dwNoFavourites", c.noFavourites}});
+                     language == "jpn" ? "wRegion=1 dwNoFavourites=0" : "wRegion=0 dwNoFavourites=1");
     }
 }
 
@@ -154,62 +142,41 @@ TEST(Defaults, LetTheDriversPrintProcessorsCollate)
     }
 }
 
-TEST(IsMetricCountry, KnowsTheLetterCountries)
+TEST(IsMetricCountry, KnowsTheLetterCountriesAndSaysSoWhenNoneCanBeRead)
 {
     World world;
-    const std::tuple<const char16_t*, bool> cases[] = {
-        {u"1", false},        {u"2", false},   {u"49", true},   {u"50", false},  {u"52", false},
-        {u"55", true},        {u"59", false},  {u"60", true},   {u"81", true},   {u"499", true},
-        {u"500", false},      {u"503", false}, {u"599", false}, {u"600", true},  {u"0", true},
-        {u"-1", true},        {u"", true},     {u"x", true},    {u" 2x", false}, {u"3", true},
-        {u"4294967297", true}};
-    for (const auto& [country, metric] : cases) {
-        SetCountry(country);
-        EXPECT_EQ(psui::IsMetricCountry(), metric)
-            << std::string(country, country + std::char_traits<char16_t>::length(country));
+    EXPECT_FALSE(psui::IsMetricCountry()) << "there is no country";
+    for (const char16_t* letter : {u"1", u"2", u"50", u"52", u"59", u"500", u"503", u"599", u" 2x"}) {
+        SetCountry(letter);
+        EXPECT_FALSE(psui::IsMetricCountry()) << testing::PrintToString(letter);
     }
-}
-
-TEST(IsMetricCountry, SaysLetterWhenTheCountryCannotBeRead)
-{
-    World world;
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, TEXT("Control Panel\\International"), 0, nullptr, 0,
-                              KEY_ALL_ACCESS, nullptr, &key, nullptr),
-              ERROR_SUCCESS);
-    const DWORD number = 49;
-    RegSetValueExW(key, TEXT("iCountry"), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
-                   sizeof(number));
-    EXPECT_FALSE(psui::IsMetricCountry());
-    RegDeleteValueW(key, TEXT("iCountry"));
-    EXPECT_FALSE(psui::IsMetricCountry());
-    RegCloseKey(key);
+    for (const char16_t* metric :
+         {u"49", u"55", u"60", u"81", u"499", u"600", u"0", u"-1", u"", u"x", u"3", u"4294967297"}) {
+        SetCountry(metric);
+        EXPECT_TRUE(psui::IsMetricCountry()) << testing::PrintToString(metric);
+    }
+    SetRegistryText(HKEY_CURRENT_USER, u"Control Panel\\International", u"iCountry", u"1", REG_DWORD);
+    EXPECT_FALSE(psui::IsMetricCountry()) << "the country is not a text";
 }
 
 TEST(PrintProcessor, MatchesOnlyWholeTextsOfKnownPrinters)
 {
     World world;
-    const std::tuple<const char16_t*, DWORD, bool, bool> cases[] = {
-        {u"VMHUB PRINT", REG_SZ, true, false},
-        {u"vmhub print", REG_SZ, true, false},
-        {u"WinPrint", REG_EXPAND_SZ, false, true},
-        {u"WINPRINT", REG_SZ, false, true},
-        {u"WinPrint", REG_BINARY, false, false},
-        {u"WinPrint2", REG_SZ, false, false},
-        {u"WinPrin", REG_SZ, false, false},
-        {u"", REG_SZ, false, false},
-        {u"a name that is longer than forty bytes", REG_SZ, false, false},
+    const auto processor = [](const char16_t* text, DWORD type = REG_SZ) {
+        SetPrintProcessor(u"P", text, type);
+        return std::string(psui::IsHubPrintProcessor(u"P") ? "hub" : "") +
+               (psui::IsWinPrintProcessor(u"P") ? "win" : "");
     };
-    for (const auto& [value, type, hub, win] : cases) {
-        SetPrintProcessor(u"P", value, type);
-        EXPECT_EQ(psui::IsHubPrintProcessor(u"P"), hub);
-        EXPECT_EQ(psui::IsWinPrintProcessor(u"P"), win);
-    }
-    SetPrintProcessor(u"P", u"WinPrint");
+    EXPECT_EQ(processor(u"VMHUB PRINT"), "hub");
+    EXPECT_EQ(processor(u"vmhub print"), "hub");
+    EXPECT_EQ(processor(u"WinPrint", REG_EXPAND_SZ), "win");
+    EXPECT_EQ(processor(u"WinPrint", REG_BINARY), "");
+    for (const char16_t* other : {u"WinPrint2", u"WinPrin", u"", u"a name that is longer than forty bytes"})
+        EXPECT_EQ(processor(other), "") << testing::PrintToString(other);
+    EXPECT_EQ(processor(u"WINPRINT"), "win");
+    for (const std::u16string& printer : {u""s, u"Q"s, std::u16string(5000, u'P')})
+        EXPECT_FALSE(psui::IsWinPrintProcessor(printer.c_str()));
     EXPECT_FALSE(psui::IsWinPrintProcessor(nullptr));
-    EXPECT_FALSE(psui::IsWinPrintProcessor(u""));
-    EXPECT_FALSE(psui::IsWinPrintProcessor(u"Q"));
-    EXPECT_FALSE(psui::IsWinPrintProcessor(std::u16string(5000, u'P').c_str()));
 }
 
 } // namespace

@@ -11,46 +11,31 @@
 
 namespace test {
 
-struct FieldRange
-{
-    const char* name;
-    int64_t first, last;
-};
-
-inline constexpr FieldRange kMergedRanges[] = {
-    {"dmSpecVersion", 0x0401, 0x0401},
-    {"dmDriverVersion", 1301, 1301},
-    {"dmSize", 220, 220},
-    {"dmDriverExtra", 1632, 1632},
-    {"dmOrientation", 1, 2},
-    {"dmScale", 1, 1000},
-    {"dmCopies", 1, 999},
-    {"dmPrintQuality", -4, -1},
-    {"dmColor", 1, 2},
-    {"dmDuplex", 1, 3},
-    {"dmCollate", 0, 1},
-    {"dmNup", 1, 2},
-    {"wMediaClass", 0, 13},
-    {"bQualityLevel", 0, 5},
-    {"bBorderless", 0, 1},
-    {"bTailCollate", 0, 1},
-    {"dwCollate", 0, 1},
-    {"bTailValid", 1, 1},
-};
+/// Fields with the least and the greatest value that they have after every merge.
+inline constexpr char kMergedRanges[] =
+    "dmSpecVersion 1025 1025  dmDriverVersion 1301 1301  dmSize 220 220  dmDriverExtra 1632 1632 "
+    "dmOrientation 1 2  dmScale 1 1000  dmCopies 1 999  dmPrintQuality -4 -1  dmColor 1 2  dmDuplex 1 3 "
+    "dmCollate 0 1  dmNup 1 2  wMediaClass 0 13  bQualityLevel 0 5  bBorderless 0 1  bTailCollate 0 1 "
+    "dwCollate 0 1  bTailValid 1 1";
 
 inline std::string FieldOutOfRange(const psui::DriverDevMode& record)
 {
-    static const std::vector<const psui::DevModeField*> fields = [] {
-        std::vector<const psui::DevModeField*> named;
-        for (const FieldRange& range : kMergedRanges)
-            named.push_back(&FieldNamed(range.name));
-        return named;
+    struct Range
+    {
+        const psui::DevModeField* field;
+        int64_t first, last;
+    };
+    static const std::vector<Range> ranges = [] {
+        std::vector<Range> read;
+        std::istringstream words(kMergedRanges);
+        int64_t first, last;
+        for (std::string name; words >> name >> first >> last;)
+            read.push_back({&FieldNamed(name), first, last});
+        return read;
     }();
-    for (size_t i = 0; i < fields.size(); ++i) {
-        const int64_t value = Get(record, *fields[i]);
-        if (value < kMergedRanges[i].first || value > kMergedRanges[i].last)
-            return std::string(kMergedRanges[i].name) + " is " + std::to_string(value);
-    }
+    for (const Range& range : ranges)
+        if (const int64_t value = Get(record, *range.field); value < range.first || value > range.last)
+            return std::string(range.field->name) + " is " + std::to_string(value);
     return {};
 }
 

@@ -36,14 +36,18 @@ struct MergeCase
     const char* what;
     const char* source; ///< changes to a default record
     const char* result;
+    const char* target = ""; ///< changes to the default record that is merged into
 };
 
 const MergeCase kCases[] = {
-    {"any source is taken unchecked", "dmDefaultSource=12345", "dmDefaultSource=12345"},
-    {"a source without its bit is not", "dmFields=0 dmDefaultSource=4", "dmDefaultSource=7"},
-    {"landscape", "dmOrientation=2", "dmOrientation=2"},
-    {"an unknown orientation becomes portrait", "dmOrientation=3", "dmOrientation=1"},
-    {"orientation without its bit", "dmFields=0 dmOrientation=2", "dmOrientation=1"},
+    {"what a source may ask for",
+     "dmDefaultSource=12345 dmOrientation=2 dmColor=1 dmDuplex=3 dwDeviceOptions=3",
+     "dmDefaultSource=12345 dmOrientation=2 dmColor=1 dmDuplex=3 dwDeviceOptions=3"},
+    {"what nobody knows becomes the usual", "dmOrientation=3 dmColor=3 dmDuplex=4 shQuality=600",
+     "dmOrientation=1 dmColor=1 dmDuplex=1 dmPrintQuality=-3"},
+    {"what has no bit is not taken",
+     "dmFields=0 dmDefaultSource=4 dmOrientation=2 dmColor=1 dmMediaType=263 wMediaClass=3 dmCopies=7",
+     "dmDefaultSource=7 dmOrientation=1 dmColor=2 dmMediaType=266 wMediaClass=0 dmCopies=1"},
 
     {"a listed paper clears the size bits", "dmFields=0x0201000F dmPaperSize=11",
      "dmPaperSize=11 dmFields=0x02011B03"},
@@ -65,6 +69,8 @@ const MergeCase kCases[] = {
     {"a length without its bit is not taken",
      "dmFields=0x0A dmPaperSize=256 dmPaperLength=1500 dmPaperWidth=1400",
      "dmPaperLength=2970 dmPaperWidth=1400 wCustomWidth=1400"},
+    {"the user size of the target ends", "", "dmPaperSize=9 dmFields=0x02011B03",
+     "dmPaperSize=256 dmFields=0x02011A0F"},
 
     {"a borderless paper prints no date", "dmPaperSize=274 dwDatePrint=0x86",
      "dmPaperSize=274 dwDatePrint=0x06 bBorderless=1"},
@@ -76,6 +82,10 @@ const MergeCase kCases[] = {
     {"even when that is not taken over", "dmFields=0x2 dmMediaType=264 dmPaperSize=274",
      "dmPaperSize=9 dmMediaType=266"},
     {"media 263 does not", "dmMediaType=263 dmPaperSize=274", "dmPaperSize=274"},
+    {"media that need borders come to borderless paper", "dmFields=0x02000000 dmMediaType=264",
+     "dmPaperSize=9 bBorderless=0", "dmPaperSize=274"},
+    {"borderless paper comes to media that need borders", "dmFields=2 dmMediaType=266 dmPaperSize=274",
+     "dmPaperSize=9 dmMediaType=264", "dmMediaType=264"},
 
     {"scale comes from the private part", "dmScale=50 wScale=70", "dmScale=70"},
     {"or from the public one", "bUsePublicScale=1 dmScale=50 wScale=70", "dmScale=50 dmFields=0x02011B13"},
@@ -88,18 +98,10 @@ const MergeCase kCases[] = {
     {"copies", "dmFields=0x100 dmCopies=999", "dmCopies=999"},
     {"copies 0 become 1", "dmFields=0x100 dmCopies=0", "dmCopies=1"},
     {"copies 1000 become 1", "dmFields=0x100 dmCopies=1000", "dmCopies=1"},
-    {"copies without their bit become 1", "dmCopies=7", "dmCopies=1"},
 
     {"quality comes from the private part", "dmFields=0x400 dmPrintQuality=-1 shQuality=-4",
      "dmPrintQuality=-4 dmFields=0x02011F03"},
-    {"an unknown quality becomes medium", "shQuality=600", "dmPrintQuality=-3"},
 
-    {"monochrome", "dmColor=1", "dmColor=1"},
-    {"an unknown colour becomes monochrome", "dmColor=3", "dmColor=1"},
-    {"a colour without its bit is not taken", "dmFields=0 dmColor=1", "dmColor=2"},
-
-    {"duplex", "dmDuplex=3", "dmDuplex=3"},
-    {"an unknown duplex becomes simplex", "dmDuplex=4", "dmDuplex=1"},
     {"collate", "dmFields=0x8000 dmCollate=1", "dmCollate=1 bTailCollate=1 dwCollate=1 dmFields=0x02019B03"},
     {"an unknown collate is off", "dmFields=0x8000 dmCollate=2",
      "dmCollate=0 dwCollate=0 dmFields=0x02011B03"},
@@ -107,9 +109,6 @@ const MergeCase kCases[] = {
     {"collate from a tail that says something else",
      "bCollateFromTail=1 bTailCollate=2 dmFields=0x8000 dmCollate=1", "dmCollate=0 bTailCollate=0"},
 
-    {"media without its bit is not taken", "dmFields=0 dmMediaType=263 wMediaClass=3",
-     "dmMediaType=266 wMediaClass=0"},
-    {"reverse printing", "dwDeviceOptions=3", "dwDeviceOptions=3"},
     {"no device options on media 264", "dmMediaType=264 dwDeviceOptions=3", "dwDeviceOptions=0"},
     {"no device options on media 265", "dmMediaType=265 dwDeviceOptions=3", "dwDeviceOptions=0"},
 
@@ -148,21 +147,22 @@ TEST_F(Merge, TakesOverAndRepairsField)
     for (const MergeCase& c : kCases) {
         SCOPED_TRACE(c.what);
         alignas(8) DriverDevMode source = Default();
+        target_ = source;
         SetAll(source, c.source);
+        SetAll(target_, c.target);
         ExpectFields(Merged(source), c.result);
     }
 }
 
 TEST_F(Merge, AllowsEachMediaItsQualityLevels)
 {
-    struct Rule
+    const struct
     {
         int media, first, last, level, quality;
-    };
-    const Rule rules[] = {{261, 3, 4, 4, -4}, {263, 3, 5, 4, -3}, {264, 2, 3, 2, -3},
-                          {265, 0, 3, 2, -3}, {266, 0, 3, 2, -3}, {269, 3, 5, 4, -3},
-                          {271, 3, 5, 4, -3}, {273, 3, 5, 4, -3}, {0, 0, 3, 2, -3}};
-    for (const Rule& rule : rules)
+    } rules[] = {{261, 3, 4, 4, -4}, {263, 3, 5, 4, -3}, {264, 2, 3, 2, -3},
+                 {265, 0, 3, 2, -3}, {266, 0, 3, 2, -3}, {269, 3, 5, 4, -3},
+                 {271, 3, 5, 4, -3}, {273, 3, 5, 4, -3}, {0, 0, 3, 2, -3}};
+    for (const auto& rule : rules)
         for (int level = 0; level < 256; ++level) {
             alignas(8) DriverDevMode source = Default();
             SetAll(source, {{"dmMediaType", rule.media}, {"bQualityLevel", level}, {"shQuality", -1}});
@@ -174,54 +174,23 @@ TEST_F(Merge, AllowsEachMediaItsQualityLevels)
         }
 }
 
-TEST_F(Merge, EndsTheUserSizeOfTheTarget)
-{
-    SetAll(target_, {{"dmPaperSize", 256}, {"dmFields", Get(target_, "dmFields") | 0x0C}});
-    ExpectFields(Merged(Default()), "dmPaperSize=9 dmFields=0x02011B03");
-}
-
 TEST_F(Merge, ClassifiesMedia)
 {
-    for (const auto& [media, mediaClass] : {std::pair{260, 0},
-                                            {261, 1},
-                                            {265, 5},
-                                            {266, 0},
-                                            {267, 7},
-                                            {272, 12},
-                                            {273, 13},
-                                            {274, 0},
-                                            {-1, 0}}) {
+    for (int media = 255; media < 280; ++media) {
         alignas(8) DriverDevMode source = Default();
         Set(source, "dmMediaType", media);
-        EXPECT_EQ(Get(Merged(source), "wMediaClass"), mediaClass) << media;
+        const bool special = 261 <= media && media <= 273 && media != 266;
+        EXPECT_EQ(Get(Merged(source), "wMediaClass"), special ? media - 260 : 0) << media;
     }
 }
 
-TEST_F(Merge, KeepsBorderlessPaperAndItsMediaApartWhicheverComesFirst)
-{
-    SetAll(target_, "dmPaperSize=274");
-    alignas(8) DriverDevMode source = Default();
-    SetAll(source, {{"dmFields", DM_MEDIATYPE}, {"dmMediaType", 264}});
-    ExpectFields(Merged(source), "dmPaperSize=9 bBorderless=0");
-
-    SetAll(target_, "dmPaperSize=9 dmMediaType=264");
-    SetAll(source, {{"dmFields", DM_PAPERSIZE}, {"dmMediaType", 266}, {"dmPaperSize", 274}});
-    ExpectFields(Merged(source), "dmPaperSize=9 dmMediaType=264");
-}
-
-TEST_F(Merge, LeavesTheTargetForANullSource)
-{
-    target_.dmPublic.dmCopies = 55;
-    const DriverDevMode before = target_;
-    EXPECT_EQ(psui::MergeDevMode(&target_, nullptr, model_), 1);
-    EXPECT_EQ(Differences(before, target_), "");
-}
-
-TEST_F(Merge, RefusesAnUnversionedRecordOfUnknownSize)
+TEST_F(Merge, LeavesTheTargetForNoSourceAndForAnUnversionedOneOfUnknownSize)
 {
     alignas(8) DriverDevMode source = Default();
     SetAll(source, "dmSize=156 dmSpecVersion=0 dmCopies=9");
+    target_.dmPublic.dmCopies = 55;
     const DriverDevMode before = target_;
+    EXPECT_EQ(psui::MergeDevMode(&target_, nullptr, model_), 1);
     EXPECT_EQ(psui::MergeDevMode(&target_, &source.dmPublic, model_), 0);
     EXPECT_EQ(Differences(before, target_), "");
     Set(source, "dmSpecVersion", 0x0300);
@@ -230,11 +199,8 @@ TEST_F(Merge, RefusesAnUnversionedRecordOfUnknownSize)
 
 TEST_F(Merge, TakesOnlyPublicFieldsOfForeignRecords)
 {
-    for (const FieldValue& foreign : {FieldValue{"dwSignature", 'X'},
-                                      {"dmDriverVersion", 1300},
-                                      {"dmSpecVersion", 0x0400},
-                                      {"dmSize", 212},
-                                      {"dmDriverExtra", 1631}}) {
+    for (const FieldValue& foreign : FieldValues(
+             "dwSignature=1 dmDriverVersion=1300 dmSpecVersion=0x400 dmSize=212 dmDriverExtra=1631")) {
         SCOPED_TRACE(foreign.name);
         alignas(8) DriverDevMode source = Default();
         SetAll(source, {{"dmOrientation", 2}, {"wPoster", 3}, foreign});
@@ -267,20 +233,15 @@ TEST_F(Merge, RebuildsSelectionsMadeForAnotherModel)
               0);
 }
 
-TEST_F(Merge, PrintsInBlackOnAPrinterWithoutColour)
+TEST_F(Merge, PrintsInBlackAndOnOneSideOnAPrinterWithoutColourAndDuplex)
 {
     const Model mono(kEmptyModel);
-    alignas(8) DriverDevMode source = Default();
-    for (const int64_t fields : {0x0800, 0}) {
-        Set(source, "dmFields", fields);
-        alignas(8) DriverDevMode result = target_;
+    for (const int64_t fields : {0x1800, 0}) {
+        alignas(8) DriverDevMode source = Default(), result = target_;
+        SetAll(source, {{"dmFields", fields}, {"dmDuplex", 2}});
         psui::MergeDevMode(&result, &source.dmPublic, mono);
-        EXPECT_EQ(result.dmPublic.dmColor, 1);
+        ExpectFields(result, "dmColor=1 dmDuplex=1");
     }
-    SetAll(source, "dmFields=0x1000 dmDuplex=2");
-    alignas(8) DriverDevMode result = target_;
-    psui::MergeDevMode(&result, &source.dmPublic, mono);
-    EXPECT_EQ(result.dmPublic.dmDuplex, 1);
 }
 
 TEST_F(Merge, LeavesPagesPerSheetToTheWinPrintProcessor)

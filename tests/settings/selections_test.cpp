@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "psui/settings/record.h"
 #include "psui/settings/text.h"
 #include "tests/settings/support.h"
@@ -6,46 +8,34 @@ namespace {
 
 using namespace test;
 
-struct SyncCase
-{
-    psui::FeatureIndex feature;
-    DWORD mask;
-    FieldValue field;
-    int selection;
-};
-
-const SyncCase kCases[] = {
-    {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 1}, 0},
-    {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 0}, 1},
-    {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 9}, 1},
-    {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 3}, 1},
-    {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 2}, 2},
-    {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 1}, 0},
-    {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 77}, 0},
-    // "Draft" is no number and does not count.
-    {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", 300}, 0},
-    {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", 1200}, 2},
-    {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", -3}, 255},
-    {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 258}, 2},
-    {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 256}, 0},
-    {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 7}, 255},
-    {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", -1}, 255},
-};
-
 TEST(SyncSelectionsFromPublic, FindsTheOptionThatAPublicFieldAsksFor)
 {
+    const std::tuple<psui::FeatureIndex, DWORD, FieldValue, int> cases[] = {
+        {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 1}, 0},
+        {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 9}, 1},
+        {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 3}, 1},
+        {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 2}, 2},
+        {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 77}, 0},
+        // "Draft" is no number and does not count.
+        {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", 300}, 0},
+        {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", 1200}, 2},
+        {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", -3}, 255},
+        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 258}, 2},
+        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 256}, 0},
+        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 7}, 255},
+        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", -1}, 255}};
     World world;
     const Model model(kFullModel);
     alignas(8) psui::DriverDevMode record;
     psui::BuildDefaultDevMode(&record, nullptr, model, true);
-    for (const SyncCase& c : kCases) {
-        Set(record, c.field.name, c.field.value);
-        uint8_t& selection = record.dmPrivate.abFeatureSel[model->featureByIndex[c.feature]->ordinal];
+    for (const auto& [feature, mask, field, expected] : cases) {
+        Set(record, field.name, field.value);
+        uint8_t& selection = record.dmPrivate.abFeatureSel[model->featureByIndex[feature]->ordinal];
         selection = 99;
-        psui::SyncSelectionsFromPublic(&record, ~c.mask, model);
-        EXPECT_EQ(selection, 99) << c.field.name << " is not in the mask";
-        psui::SyncSelectionsFromPublic(&record, c.mask, model);
-        EXPECT_EQ(selection, c.selection) << c.field.name << " " << c.field.value;
+        psui::SyncSelectionsFromPublic(&record, ~mask, model);
+        EXPECT_EQ(selection, 99) << field.name << " is not in the mask";
+        psui::SyncSelectionsFromPublic(&record, mask, model);
+        EXPECT_EQ(selection, expected) << field.name << " " << field.value;
     }
 }
 

@@ -29,22 +29,12 @@ protected:
 TEST_F(RefreshTail, NamesTheClientProcessWhenSomethingNeedsIt)
 {
     EXPECT_EQ(ClientAfter({}), u"_msplf.exe");
-    for (const FieldValue& need : {FieldValue{"dmCopies", 2},
-                                   {"dmCollate", 1},
-                                   {"dwPagesPerSheet", 2},
-                                   {"dwPagesPerSheet", 0},
-                                   {"dwPagesPerSheet", -4},
-                                   {"dwWatermarkFlags", 1},
-                                   {"dwTailDatePrint", 0x80},
-                                   {"bTailReverse", 1},
-                                   {"bTailReverse", 200}}) {
+    for (const FieldValue& need :
+         FieldValues("dmCopies=2 dmCollate=1 dwPagesPerSheet=2 dwPagesPerSheet=0 dwPagesPerSheet=-4 "
+                     "dwWatermarkFlags=1 dwTailDatePrint=0x80 bTailReverse=1 bTailReverse=200"))
         EXPECT_EQ(ClientAfter({need}), u"vmsplf.exe") << need.name << need.value;
-    }
-    for (const FieldValue& none : {FieldValue{"dmCopies", 1},
-                                   {"dmCollate", 2},
-                                   {"dwWatermarkFlags", 2},
-                                   {"dwDatePrint", 0x80},
-                                   {"dwTailDatePrint", 0x7F}})
+    for (const FieldValue& none :
+         FieldValues("dmCopies=1 dmCollate=2 dwWatermarkFlags=2 dwDatePrint=0x80 dwTailDatePrint=0x7F"))
         EXPECT_EQ(ClientAfter({none}), u"_msplf.exe") << none.name;
 }
 
@@ -77,16 +67,12 @@ TEST_F(RefreshTail, TellsThePapersOnlyWhenFitting)
 
 TEST_F(RefreshTail, MarksCallsFromTheMakersApplication)
 {
-    struct Case
-    {
-        const char16_t* windowClass;
-        int64_t flags;
-    };
     Set(record_, "bHostFlags", 0xF0);
-    for (const Case& c : {Case{u"FLWApp", 0xF1}, {u"", 0xF0}, {u"flwAPP", 0xF1}, {u"FLWApp2", 0xF0}}) {
-        host::SetActiveWindowClass(c.windowClass);
+    for (const auto& [windowClass, flags] :
+         {std::pair{u"FLWApp", 0xF1}, {u"", 0xF0}, {u"flwAPP", 0xF1}, {u"FLWApp2", 0xF0}}) {
+        host::SetActiveWindowClass(windowClass);
         psui::RefreshTail(&record_);
-        EXPECT_EQ(Get(record_, "bHostFlags"), c.flags);
+        EXPECT_EQ(Get(record_, "bHostFlags"), flags);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "psui/settings/text.h"
 
+#include <tuple>
+
 #include "psui/base/paths.h"
 #include "psui/settings/language.h"
 #include "tests/settings/support.h"
@@ -11,25 +13,15 @@ using namespace test;
 TEST(Text, WidensAtMostWhatFits)
 {
     World world;
-    struct Case
-    {
-        const char* source;
-        int count;
-        const char16_t* expected;
-    };
-    for (const Case& c : {Case{"abc", 4, u"abc"},
-                          {"abc", 3, u"ab"},
-                          {"abc", 1, u""},
-                          {"abc", 0, u"abc"},
-                          {"", 0, u""},
-                          {"\xE9t\xE9", 8, u"\u00E9t\u00E9"}}) {
-        WCHAR wide[9];
-        std::fill(std::begin(wide), std::end(wide), u'#');
-        psui::WideFromNarrow(wide, c.source, c.count);
-        EXPECT_EQ(std::u16string(wide), c.expected) << c.source << " " << c.count;
-        if (c.count > 0) {
-            EXPECT_EQ(wide[c.count - 1], 0);
-            EXPECT_EQ(wide[c.count], u'#');
+    const std::tuple<const char*, int, const char16_t*> cases[] = {
+        {"abc", 4, u"abc"}, {"abc", 3, u"ab"}, {"abc", 1, u""},
+        {"abc", 0, u"abc"}, {"", 0, u""},      {"\xE9t\xE9", 8, u"\u00E9t\u00E9"}};
+    for (const auto& [source, count, expected] : cases) {
+        std::u16string wide(9, u'#');
+        psui::WideFromNarrow(wide.data(), source, count);
+        EXPECT_EQ(std::u16string(wide.c_str()), expected) << source << " " << count;
+        if (count > 0) {
+            EXPECT_EQ(wide.substr(count - 1, 2), (std::u16string{0, u'#'})) << source << " " << count;
         }
     }
 }
@@ -38,24 +30,16 @@ TEST(Text, NarrowsWholeCharactersOnly)
 {
     World world;
     host::SetCodePage(932);
-    struct Case
-    {
-        const char16_t* source;
-        int count;
-        const char* expected;
-    };
-    for (const Case& c : {Case{u"\u3042\u3044", 5, "\x82\xA0\x82\xA2"},
-                          {u"\u3042\u3044", 4, "\x82\xA0"},
-                          {u"a\u3042", 3, "a"},
-                          {u"abc", 0, "abc"},
-                          {u"abc", 1, ""}}) {
-        char narrow[9];
-        std::fill(std::begin(narrow), std::end(narrow), '#');
-        psui::NarrowFromWide(narrow, c.source, c.count);
-        EXPECT_STREQ(narrow, c.expected) << c.count;
-        if (c.count > 0) {
-            EXPECT_EQ(narrow[c.count], '#');
-        }
+    const std::tuple<const char16_t*, int, const char*> cases[] = {{u"\u3042\u3044", 5, "\x82\xA0\x82\xA2"},
+                                                                   {u"\u3042\u3044", 4, "\x82\xA0"},
+                                                                   {u"a\u3042", 3, "a"},
+                                                                   {u"abc", 0, "abc"},
+                                                                   {u"abc", 1, ""}};
+    for (const auto& [source, count, expected] : cases) {
+        std::string narrow(9, '#');
+        psui::NarrowFromWide(narrow.data(), source, count);
+        EXPECT_STREQ(narrow.c_str(), expected) << count;
+        EXPECT_TRUE(count == 0 || narrow[count] == '#') << count;
     }
     host::SetCodePage(1252);
 }
@@ -80,20 +64,14 @@ TEST(Text, FindsTheFileName)
 
 TEST(LanguageCode, IsTheModulesOwnOrEnglish)
 {
-    struct Case
-    {
-        const char* language;
-        const char16_t* code;
-        bool japanese, cjk;
-    };
-    for (const Case& c :
-         {Case{"eng", u"ENG", false, false}, {"jpn", u"JPN", true, true}, {"", u"ENG", false, false}}) {
-        World world(c.language);
+    for (const std::string language : {"eng", "jpn", ""}) {
+        World world(language);
+        const bool japanese = language == "jpn";
         WCHAR code[psui::kLanguageCodeUnits];
         psui::LanguageCode(code);
-        EXPECT_EQ(std::u16string(code), c.code);
-        EXPECT_EQ(psui::IsJapaneseLanguage(), c.japanese);
-        EXPECT_EQ(psui::IsCjkLanguage(), c.cjk);
+        EXPECT_EQ(std::u16string(code), japanese ? u"JPN" : u"ENG");
+        EXPECT_EQ(psui::IsJapaneseLanguage(), japanese);
+        EXPECT_EQ(psui::IsCjkLanguage(), japanese);
     }
 }
 
