@@ -97,6 +97,27 @@ struct PrinterDataTest : testing::Test
     HANDLE handle = administered.get();
 
     HeapPtr<PrinterWideData> Read() { return psui::ReadPrinterWideData(handle, model); }
+
+    void StoreData(DWORD stated, size_t size, const void* bytes, DWORD type = REG_BINARY)
+    {
+        Store(handle, u"PrinterDataSize", stated);
+        Store(handle, u"PrinterData", type, bytes, size);
+    }
+
+    /// "tray|form|printer form|number " of the entries of the tray-form table.
+    std::u16string Entries()
+    {
+        const psui::TrayFormTable table = psui::ReadTrayFormTable(handle);
+        EXPECT_TRUE(table);
+        std::u16string entries;
+        psui::TrayFormEntry e;
+        for (const WCHAR* p = table.begin; (p = psui::NextTrayFormEntry(table, p, &e));) {
+            EXPECT_LE(p, table.end);
+            entries += std::u16string(e.tray) + u'|' + e.form + u'|' + e.printerForm + u'|';
+            entries += {static_cast<char16_t>(e.value), u' '};
+        }
+        return entries;
+    }
 };
 
 TEST_F(PrinterDataTest, IsBuiltFromTheModelWhenNothingIsStored)
@@ -118,9 +139,9 @@ TEST_F(PrinterDataTest, IsBuiltFromTheModelWhenNothingIsStored)
 
 TEST_F(PrinterDataTest, TakesFreeMemoryInKilobytesWithinBounds)
 {
-    const std::tuple<DWORD, DWORD> cases[] = {
-        {0, 102400},     {50, 102400},          {100, 102400},         {101, 103424},
-        {4096, 4194304}, {4194303, 4294966272}, {4194304, 4294967295}, {0xFFFFFFFF, 4294967295}};
+    const std::pair<DWORD, DWORD> cases[] = {{0, 102400},           {100, 102400},
+                                             {101, 103424},         {4194303, 4294966272},
+                                             {4194304, 4294967295}, {0xFFFFFFFF, 4294967295}};
     for (const auto& [stored, bytes] : cases) {
         Store(handle, u"FreeMem", stored);
         EXPECT_EQ(Read()->dwFreeMem, bytes) << stored;
@@ -143,12 +164,14 @@ TEST_F(PrinterDataTest, FlagsHalftoneAndMetricCountry)
 TEST_F(PrinterDataTest, IgnoresNumbersOfAnotherTypeOrSize)
 {
     const auto usual = Read();
-    Store(handle, u"FreeMem", REG_BINARY, "\1\1\1\1", 4);
-    Store(handle, u"PrinterHT", REG_BINARY, "\1\1\1", 3);
-    EXPECT_EQ(std::memcmp(Read().get(), usual.get(), sizeof(*usual)), 0);
-    Store(handle, u"FreeMem", REG_DWORD, "\1\1\1\1\1", 5);
-    Store(handle, u"PrinterHT", REG_SZ, "\1\1\1\1", 4);
-    EXPECT_EQ(std::memcmp(Read().get(), usual.get(), sizeof(*usual)), 0);
+    const std::tuple<const char16_t*, DWORD, size_t> cases[] = {{u"FreeMem", REG_BINARY, 4},
+                                                                {u"FreeMem", REG_DWORD, 5},
+                                                                {u"PrinterHT", REG_BINARY, 3},
+                                                                {u"PrinterHT", REG_SZ, 4}};
+    for (const auto& [name, type, size] : cases) {
+        Store(handle, name, type, "\1\1\1\1\1", size);
+        EXPECT_EQ(std::memcmp(Read().get(), usual.get(), sizeof(*usual)), 0) << type << ' ' << size;
+    }
 }
 
 TEST_F(PrinterDataTest, KeepsWhatIsStoredForThisModel)
@@ -157,8 +180,7 @@ TEST_F(PrinterDataTest, KeepsWhatIsStoredForThisModel)
     stored.dwFreeMem = 77;
     stored.dwStringSet = 2;
     stored.abInstallableSel[1] = 0;
-    Store(handle, u"PrinterDataSize", 108);
-    Store(handle, u"PrinterData", REG_BINARY, &stored, 108);
+    StoreData(108, 108, &stored);
     EXPECT_EQ(std::memcmp(Read().get(), &stored, 108), 0);
 }
 
@@ -169,8 +191,7 @@ TEST_F(PrinterDataTest, SelectsAnewWhenTheModelHasChanged)
     stored.wModelCrc ^= 1;
     stored.wInstallableCount = 60000;
     std::fill_n(stored.abInstallableSel, 64, uint8_t{200});
-    Store(handle, u"PrinterDataSize", 108);
-    Store(handle, u"PrinterData", REG_BINARY, &stored, 108);
+    StoreData(108, 108, &stored);
     const auto data = Read();
     EXPECT_EQ(data->wModelCrc, model->sourceCrc);
     EXPECT_EQ(data->wInstallableCount, 2);
@@ -189,11 +210,8 @@ TEST_F(PrinterDataTest, IsBuiltWhenWhatIsStoredIsNotSound)
         {0, 108, REG_BINARY},   {109, 109, REG_BINARY}, {0xFFFFFFFF, 108, REG_BINARY},
         {1, 1, REG_BINARY},     {216, 216, REG_BINARY}, {108, 108, REG_SZ}};
     for (const auto& [stated, size, type] : cases) {
-        Store(handle, u"PrinterDataSize", stated);
-        Store(handle, u"PrinterData", type, stored.data(), size);
-        const auto data = Read();
-        ASSERT_TRUE(data);
-        EXPECT_EQ(std::memcmp(data.get(), usual.get(), 108), 0) << stated << ' ' << size;
+        StoreData(stated, size, stored.data(), type);
+        EXPECT_EQ(std::memcmp(Read().get(), usual.get(), 108), 0) << stated << ' ' << size;
     }
 }
 
@@ -264,19 +282,7 @@ TEST_F(PrinterDataTest, WalksTheEntriesOfATrayFormTable)
     std::u16string units = kNew;
     units[units.size() - 2] = 0xD800; // the second entry's number
     StoreTable(handle, Bytes(units));
-    const psui::TrayFormTable table = psui::ReadTrayFormTable(handle);
-    ASSERT_TRUE(table);
-    psui::TrayFormEntry entry;
-    const WCHAR* position = psui::NextTrayFormEntry(table, table.begin, &entry);
-    ASSERT_NE(position, nullptr);
-    EXPECT_EQ(std::u16string(entry.tray) + u'|' + entry.form + u'|' + entry.printerForm,
-              u"Upper|A4|A4 sheet");
-    EXPECT_EQ(entry.value, 0);
-    position = psui::NextTrayFormEntry(table, position, &entry);
-    ASSERT_NE(position, nullptr);
-    EXPECT_EQ(std::u16string(entry.tray) + u'|' + entry.form + u'|' + entry.printerForm, u"Lower|Letter|");
-    EXPECT_EQ(entry.value, 0xD800);
-    EXPECT_EQ(psui::NextTrayFormEntry(table, position, &entry), nullptr);
+    EXPECT_EQ(Entries(), std::u16string(u"Upper|A4|A4 sheet|\0 Lower|Letter||\xD800 ", 36));
 }
 
 TEST_F(PrinterDataTest, WalksNoFurtherThanATrayFormTableReaches)
@@ -286,13 +292,8 @@ TEST_F(PrinterDataTest, WalksNoFurtherThanATrayFormTableReaches)
         std::string cut = whole.substr(0, size);
         cut[0] = static_cast<char>(size);
         StoreTable(handle, cut);
-        const psui::TrayFormTable table = psui::ReadTrayFormTable(handle);
-        ASSERT_TRUE(table) << size;
-        size_t entries = 0;
-        psui::TrayFormEntry entry;
-        for (const WCHAR* p = table.begin; (p = psui::NextTrayFormEntry(table, p, &entry)); ++entries)
-            EXPECT_LE(p, table.end);
-        EXPECT_EQ(entries, size < 40 ? 0u : size < whole.size() - 2 ? 1u : 2u) << size;
+        const std::u16string_view both(u"Upper|A4|A4 sheet|\0 Lower|Letter||\0 ", 36);
+        EXPECT_EQ(Entries(), both.substr(0, size < 40 ? 0 : size < whole.size() - 2 ? 20 : 36)) << size;
     }
 }
 
@@ -378,17 +379,12 @@ TEST_F(PrinterDataTest, RegistersTheModelsPageSizesOnce)
 
 TEST_F(PrinterDataTest, RegistersNamesFromOutsideAsTheyStand)
 {
-    const std::tuple<std::string, std::u16string> cases[] = {
+    const std::pair<std::string, std::u16string> cases[] = {
         {"\x01\t\r\n\x1F\x7F", u"\x01\t\r\n\x1F\x7F"},
-        {"[A4]", u"[A4]"},
-        {"A4=1;B=2", u"A4=1;B=2"},
-        {"\"A4\" 'A4'", u"\"A4\" 'A4'"},
-        {"%s%n%1!s!", u"%s%n%1!s!"},
-        {"..\\A4:/*?", u"..\\A4:/*?"},
+        {"[A4]=\"%s\"; ..\\A4:/*?", u"[A4]=\"%s\"; ..\\A4:/*?"},
         {"\xE9\x80", u"\u00E9\u20AC"},
         {std::string(31, 'w') + "y", std::u16string(31, 'w')},
-        {std::string(32000, 'x'), std::u16string(31, 'x')},
-    };
+        {std::string(32000, 'x'), std::u16string(31, 'x')}};
     auto expected = Forms(handle);
     auto& page = const_cast<psui::ModelOption&>(
         *psui::FirstOption(psui::BuiltinFeature(model, psui::kFeaturePageSize)));
