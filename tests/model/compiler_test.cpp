@@ -5,7 +5,9 @@
 #include <tuple>
 
 #include "model_fixture.h"
+#include "psui/model/image_layout.h"
 #include "psui/model/keywords.h"
+#include "psui/model/values.h"
 
 namespace psui::test {
 
@@ -13,59 +15,38 @@ namespace {
 
 using Model = ModelDescription;
 
-struct HeaderNumber
-{
-    const char* name;
-    uint32_t Model::*wide;
-    uint16_t Model::*narrow = nullptr;
-};
+constexpr uint32_t Model::*kNumbers[] = {
+    &Model::languageLevel, &Model::jobTimeout,    &Model::waitTimeout,    &Model::freeVm,
+    &Model::printerCaps,   &Model::modelType,     &Model::printRatePpm,   &Model::screenAngle,
+    &Model::screenFreq,    &Model::maxMediaWidth, &Model::maxMediaHeight, &Model::fileVersion,
+    &Model::colorDevice,   &Model::printPsError,  &Model::customPageSize, &Model::hwMarginsPresent};
+constexpr uint16_t Model::*kWords[] = {
+    &Model::protocols,    &Model::extensions,           &Model::languageEncoding,
+    &Model::ttRasterizer, &Model::landscapeOrientation, &Model::resolutionKeywordKind};
 
-const HeaderNumber kNumbers[] = {{"languageLevel", &Model::languageLevel},
-                                 {"jobTimeout", &Model::jobTimeout},
-                                 {"waitTimeout", &Model::waitTimeout},
-                                 {"freeVm", &Model::freeVm},
-                                 {"printerCaps", &Model::printerCaps},
-                                 {"modelType", &Model::modelType},
-                                 {"printRatePpm", &Model::printRatePpm},
-                                 {"screenAngle", &Model::screenAngle},
-                                 {"screenFreq", &Model::screenFreq},
-                                 {"maxMediaWidth", &Model::maxMediaWidth},
-                                 {"maxMediaHeight", &Model::maxMediaHeight},
-                                 {"fileVersion", &Model::fileVersion},
-                                 {"colorDevice", &Model::colorDevice},
-                                 {"printPsError", &Model::printPsError},
-                                 {"customPageSize", &Model::customPageSize},
-                                 {"hwMargins", &Model::hwMarginsPresent},
-                                 {"protocols", nullptr, &Model::protocols},
-                                 {"extensions", nullptr, &Model::extensions},
-                                 {"encoding", nullptr, &Model::languageEncoding},
-                                 {"rasterizer", nullptr, &Model::ttRasterizer},
-                                 {"landscape", nullptr, &Model::landscapeOrientation},
-                                 {"resolutionKind", nullptr, &Model::resolutionKeywordKind}};
-
-const std::pair<const char*, TextRef Model::*> kTexts[] = {{"nickName", &Model::nickName},
-                                                           {"jclBegin", &Model::jclBegin},
-                                                           {"jclToPs", &Model::jclToPsInterpreter},
-                                                           {"jclEnd", &Model::jclEnd},
-                                                           {"exitServer", &Model::exitServer},
-                                                           {"password", &Model::password},
-                                                           {"customPage", &Model::customPageSizeCode},
-                                                           {"sleepModes", &Model::sleepModeList},
-                                                           {"memorySizes", &Model::memorySizeList}};
+/// What the fields above, and then the header's texts, are called below.
+constexpr std::string_view kFieldNames =
+    "languageLevel jobTimeout waitTimeout freeVm printerCaps modelType printRatePpm screenAngle screenFreq "
+    "maxMediaWidth maxMediaHeight fileVersion colorDevice printPsError customPageSize hwMargins protocols "
+    "extensions encoding rasterizer landscape resolutionKind nickName password exitServer customPage "
+    "jclBegin jclToPs jclEnd sleepModes memorySizes";
 
 /// "field=value ..." of the header's fields that an empty description has otherwise.
 std::string Header(std::string_view text)
 {
     const ModelPtr model = CompileModel(text), empty = CompileModel("");
+    compiler::WordReader names(kFieldNames);
     std::string fields;
-    for (const auto& [name, wide, narrow] : kNumbers) {
-        const auto value = [&](const Model& of) { return wide ? uint32_t{of.*wide} : uint16_t{of.*narrow}; };
-        if (value(*model) != value(*empty))
-            fields += std::string(name) + "=" + std::to_string(value(*model)) + " ";
-    }
-    for (const auto& [name, member] : kTexts)
-        if ((*model).*member)
-            fields += std::string(name) + "=" + TextOf((*model).*member) + " ";
+    const auto add = [&](const std::string& value, const std::string& usual) {
+        const std::string name(names.Next());
+        fields += value != usual ? name + "=" + value + " " : "";
+    };
+    for (const auto number : kNumbers)
+        add(std::to_string(uint32_t{(*model).*number}), std::to_string(uint32_t{(*empty).*number}));
+    for (const auto word : kWords)
+        add(std::to_string(uint16_t{(*model).*word}), std::to_string(uint16_t{(*empty).*word}));
+    for (const auto member : kHeaderTexts)
+        add(TextOf((*model).*member), TextOf((*empty).*member));
     return fields;
 }
 
@@ -124,7 +105,7 @@ TEST(Header, TakesTheFirstGoodValueOfEachField)
         {"*JCLResolution 1: x\n*Resolution 1: \"\"\n", ""},
         {"*JCLBegin: \"<1B>%-12345X\"\n*JCLToPSInterpreter: \"p\"\n*JCLEnd: \"e\"\n*ExitServer: \"<41>\"\n"
          "*Password: \"()\"\n*SleepMode x: 10,20\n*SleepMode y: 30\n*MemorySize x: \"8,16\"\n",
-         "jclBegin=\x1B%-12345X jclToPs=p jclEnd=e exitServer=<41> password=() sleepModes=10,20 "
+         "password=() exitServer=<41> jclBegin=\x1B%-12345X jclToPs=p jclEnd=e sleepModes=10,20 "
          "memorySizes=8,16 "},
         {"*ExitServer: bare\n*MemorySize: \"8,16\"\n", ""},
     };

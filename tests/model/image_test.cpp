@@ -186,8 +186,7 @@ TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
         {"no constraints", 568, 0, true},
         {"arrays in the wrong order", 568, at(560), false},
         {"array over the end", 568, whole.size() - 2, false},
-        {"default of any number", cm + 32, ~uint64_t{0}, true},
-    };
+        {"default of any number", cm + 32, ~uint64_t{0}, true}};
     ASSERT_TRUE(IsSound(whole));
     for (const auto& [why, offset, value, sound] : patches) {
         Bytes bytes = whole;

@@ -138,17 +138,6 @@ TEST_F(Loading, RefusesTheImageOfAnotherText)
     EXPECT_EQ(Load(TEXT("C:\\load\\N.PPD")), "image 2") << "names are compared without regard to case";
 }
 
-TEST_F(Loading, GoesOnWhenTheImageCannotBeWritten)
-{
-    Write("m.ppd", kVersion1);
-    fs::create_directory(File("m.BDD"));
-    EXPECT_EQ(Load(), "compiled 1");
-    EXPECT_EQ(Load(), "compiled 1");
-    fs::remove(File("m.BDD"));
-    EXPECT_EQ(Load(), "compiled 1");
-    EXPECT_EQ(Load(), "image 1");
-}
-
 TEST_F(Loading, NeverTakesATornImageForAWholeOne)
 {
     Write("m.ppd", kVersion1);
@@ -161,23 +150,6 @@ TEST_F(Loading, NeverTakesATornImageForAWholeOne)
         host::LimitDiskSpace(-1);
         EXPECT_EQ(Load(), space < size + 4 ? "compiled 1" : "image 1") << space;
     }
-}
-
-TEST_F(Loading, KeepsNoImageForAPathThatIsTooLong)
-{
-    const fs::path deep = folder_ / std::string(120, 'd') / std::string(120, 'e');
-    fs::create_directories(deep);
-    std::ofstream(deep / "m.ppd") << kVersion1;
-    const std::u16string path = host::WindowsPath((deep / "m.ppd").string());
-    ASSERT_LT(path.size(), 260u);
-    EXPECT_EQ(Load(path.c_str()), "compiled 1");
-    EXPECT_EQ(Load(path.c_str()), "image 1");
-    std::u16string longer = path;
-    for (int i = 0; i < 10; ++i)
-        longer.insert(longer.rfind(u'\\'), u"\\.");
-    fs::remove(deep / "m.BDD");
-    EXPECT_EQ(Load(longer.c_str()), "compiled 1");
-    EXPECT_FALSE(fs::exists(deep / "m.BDD"));
 }
 
 TEST_F(Loading, YieldsNothingWithoutAReadableText)

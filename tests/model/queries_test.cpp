@@ -1,9 +1,11 @@
 #include "psui/model/queries.h"
 
 #include <array>
+#include <sstream>
 #include <tuple>
 
 #include "model_fixture.h"
+#include "psui/model/features.h"
 
 namespace psui::test {
 
@@ -11,29 +13,24 @@ namespace {
 
 struct DefaultCase
 {
-    const char* keyword;
+    std::string keyword;
     FeatureIndex index;
     uint16_t fallback;
 };
 
-constexpr DefaultCase kDefaults[] = {{"MultiplePage", kFeatureMultiplePage, 0},
-                                     {"MediaType", kFeatureMediaType, 0},
-                                     {"HRC", kFeatureHrc, 0},
-                                     {"Tray", kFeatureTray, 7},
-                                     {"Thickness", kFeatureThickness, 0},
-                                     {"CM", kFeatureCm, 1},
-                                     {"CAPT", kFeatureCapt, 1},
-                                     {"DOCTYPE", kFeatureDocType, 2},
-                                     {"TTMODE", kFeatureTtMode, 0},
-                                     {"CMPMODE", kFeatureCmpMode, 9},
-                                     {"GMODE", kFeatureGMode, 0},
-                                     {"DIRMODE", kFeatureDirMode, 1},
-                                     {"CHALFTONE", kFeatureCHalftone, 3},
-                                     {"COLOR", kFeatureColor, 2},
-                                     {"PageProtect", kFeaturePageProtect, 1},
-                                     {"KCDraft", kFeatureKcDraft, 0},
-                                     {"SFQuality", kFeatureSfQuality, 0},
-                                     {"PrtArea", kFeaturePrtArea, 0}};
+/// What features default to in a model that lacks them.
+std::vector<DefaultCase> Defaults()
+{
+    std::istringstream words(
+        "MultiplePage 0 MediaType 0 HRC 0 Tray 7 Thickness 0 CM 1 CAPT 1 DOCTYPE 2 TTMODE 0 "
+        "CMPMODE 9 GMODE 0 DIRMODE 1 CHALFTONE 3 COLOR 2 PageProtect 1 KCDraft 0 "
+        "SFQuality 0 PrtArea 0");
+    std::vector<DefaultCase> cases;
+    uint16_t fallback;
+    for (std::string keyword; words >> keyword >> fallback;)
+        cases.push_back({keyword, FeatureIndex{compiler::DescribeFeature(keyword).index}, fallback});
+    return cases;
+}
 
 // Two document features and three installable ones that exclude each other in a circle.
 constexpr char kCircle[] =
@@ -73,7 +70,7 @@ TEST(Query, AnswersNeutrallyWithoutFeatureOrModel)
         EXPECT_EQ(ResolveInstallableConflicts(model, selections), 0);
         for (uint8_t selection : selections)
             EXPECT_EQ(selection, 0x5A);
-        for (const DefaultCase& c : kDefaults)
+        for (const DefaultCase& c : Defaults())
             EXPECT_EQ(FeatureDefaultValue(model, c.index), c.fallback) << c.keyword;
     }
     EXPECT_EQ(FirstOption(nullptr), nullptr);
@@ -84,8 +81,8 @@ TEST(Query, AnswersNeutrallyWithoutFeatureOrModel)
 
 TEST(Query, ReadsTheDefaultOptionsCode)
 {
-    for (const DefaultCase& c : kDefaults) {
-        const std::string k = c.keyword;
+    for (const DefaultCase& c : Defaults()) {
+        const std::string& k = c.keyword;
         const ModelPtr model =
             CompileModel("*Default" + k + ": b\n*" + k + " a: \"4\"\n*" + k + " b: \" 65541x\"\n");
         EXPECT_EQ(FeatureDefaultValue(model.get(), c.index), 5) << k;
