@@ -1,132 +1,92 @@
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include "tests/host/control_parent.h"
+// The kinds of buttons, as a program sees them.
+#include "tests/host/control_test.h"
 
 namespace {
 
-using namespace control_test;
-
-/// Without the bits that are nobody's business.
-LRESULT StateOf(HWND button)
+class ButtonTest : public ControlTest
 {
-    return SendMessageW(button, BM_GETSTATE, 0, 0) &
-           (BST_CHECKED | BST_INDETERMINATE | BST_PUSHED | BST_FOCUS);
+protected:
+    ButtonTest()
+    {
+        codes_ = {{BN_CLICKED, "click"},
+                  {BN_DOUBLECLICKED, "double"},
+                  {BN_SETFOCUS, "focus"},
+                  {BN_KILLFOCUS, "blur"}};
+    }
+
+    static HWND MakeButton(DWORD style) { return Make(TEXT("Button"), style, 100, 24, "text"); }
+    static bool IsPushed(HWND button) { return (Send(button, BM_GETSTATE) & BST_PUSHED) != 0; }
+};
+
+TEST_F(ButtonTest, PressHoldsTheCaptureAndReleaseInsideClicks)
+{
+    const HWND button = MakeButton(BS_PUSHBUTTON | BS_NOTIFY);
+    const struct
+    {
+        std::function<void()> act;
+        bool pushed;
+        bool captured;
+        const char* told;
+    } kSteps[] = {
+        {[=] { Press(button); }, true, true, "focus"},
+        {[=] { Drag(button, -3, 5); }, false, true, ""},
+        {[=] { Drag(button, 3, 5); }, true, true, ""},
+        {[=] { Release(button); }, false, false, "click"},
+        {[=] { Press(button), Release(button, 5, 50); }, false, false, ""}, // let go outside
+        {[=] { Press(button), ReleaseCapture(); }, false, false, ""},
+        {[=] { Release(button); }, false, false, ""}, // the capture was lost in between
+        {[=] { SetFocus(parent_); }, false, false, "blur"},
+    };
+    for (const auto& step : kSteps) {
+        SCOPED_TRACE(&step - kSteps);
+        step.act();
+        EXPECT_EQ(IsPushed(button), step.pushed);
+        EXPECT_EQ(GetCapture() == button, step.captured);
+        EXPECT_EQ(Told(), step.told);
+    }
 }
 
-TEST(Button, DialogCodeAndHitTestTellTheKind)
+TEST_F(ButtonTest, SpaceClicksWhenItIsLetGo)
 {
-    constexpr struct
-    {
-        DWORD style;
-        LRESULT code;
-        LRESULT hit;
-    } kCases[] = {
-        {BS_PUSHBUTTON, DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON, HTCLIENT},
-        {BS_DEFPUSHBUTTON, DLGC_BUTTON | DLGC_DEFPUSHBUTTON, HTCLIENT},
-        {BS_AUTOCHECKBOX, DLGC_BUTTON, HTCLIENT},
-        {BS_3STATE, DLGC_BUTTON, HTCLIENT},
-        {BS_RADIOBUTTON, DLGC_BUTTON | DLGC_RADIOBUTTON, HTCLIENT},
-        {BS_AUTORADIOBUTTON, DLGC_BUTTON | DLGC_RADIOBUTTON, HTCLIENT},
-        {BS_GROUPBOX, DLGC_STATIC, HTTRANSPARENT},
-        {BS_OWNERDRAW, DLGC_BUTTON, HTCLIENT},
+    const HWND button = MakeButton(BS_PUSHBUTTON);
+    SetFocus(button);
+    Send(button, WM_KEYDOWN, VK_SPACE);
+    EXPECT_TRUE(IsPushed(button));
+    EXPECT_EQ(Told(), "");
+    Send(button, WM_KEYUP, VK_SPACE);
+    EXPECT_FALSE(IsPushed(button));
+    EXPECT_EQ(Told(), "click");
+    Key(button, VK_RETURN);
+    EXPECT_EQ(Told(), "") << "Enter is the dialog's";
+}
+
+TEST_F(ButtonTest, SecondOfTwoClicksIsTold)
+{
+    constexpr std::pair<DWORD, const char*> kCases[] = {
+        {BS_PUSHBUTTON, "click click"},
+        {BS_PUSHBUTTON | BS_NOTIFY, "focus click double"},
+        {BS_AUTOCHECKBOX, "click click"},
+        {BS_RADIOBUTTON, "click double"},
+        {BS_OWNERDRAW, "focusF selectSF selectF click double"},
     };
-    Parent parent;
-    for (const auto& each : kCases) {
-        const HWND button = parent.Add(TEXT("Button"), TEXT("text"), each.style);
-        EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), each.code) << each.style;
-        POINT middle = {20, 10};
-        ClientToScreen(button, &middle);
-        EXPECT_EQ(SendMessageW(button, WM_NCHITTEST, 0, At(middle.x, middle.y)), each.hit) << each.style;
+    for (const auto& [style, told] : kCases) {
+        const HWND button = MakeButton(style);
+        Told();
+        Click(button);
+        PressAgain(button);
+        Release(button);
+        EXPECT_EQ(Told(), told) << style;
         DestroyWindow(button);
     }
 }
 
-TEST(Button, PressHoldsTheCaptureAndReleaseInsideClicks)
-{
-    Parent parent;
-    const HWND button = parent.Add(TEXT("BUTTON"), TEXT("OK"), BS_PUSHBUTTON | BS_NOTIFY);
-    Press(button);
-    EXPECT_EQ(GetCapture(), button);
-    EXPECT_EQ(GetFocus(), button);
-    EXPECT_EQ(StateOf(button), BST_PUSHED | BST_FOCUS);
-    SendMessageW(button, WM_MOUSEMOVE, MK_LBUTTON, At(-3, 5));
-    EXPECT_EQ(StateOf(button), BST_FOCUS) << "the pointer left it";
-    SendMessageW(button, WM_MOUSEMOVE, MK_LBUTTON, At(3, 5));
-    EXPECT_EQ(StateOf(button), BST_PUSHED | BST_FOCUS);
-    EXPECT_EQ(parent.Take(), (Tolds{Command(BN_SETFOCUS)}));
-    Release(button);
-    EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(parent.Take(), (Tolds{Command(BN_CLICKED)}));
-
-    Press(button);
-    Release(button, 5, 50);
-    EXPECT_EQ(parent.Take(), Tolds{}) << "let go outside";
-    Press(button);
-    ReleaseCapture();
-    EXPECT_EQ(StateOf(button) & BST_PUSHED, 0);
-    Release(button);
-    EXPECT_EQ(parent.Take(), Tolds{}) << "the capture was lost in between";
-    SetFocus(parent);
-    EXPECT_EQ(parent.Take(), (Tolds{Command(BN_KILLFOCUS)}));
-}
-
-TEST(Button, SpaceClicksWhenItIsLetGo)
-{
-    Parent parent;
-    const HWND button = parent.Add(TEXT("Button"), TEXT("OK"), BS_PUSHBUTTON);
-    SetFocus(button);
-    SendMessageW(button, WM_KEYDOWN, VK_SPACE, 0);
-    EXPECT_EQ(StateOf(button), BST_PUSHED | BST_FOCUS);
-    EXPECT_EQ(parent.Take(), Tolds{});
-    SendMessageW(button, WM_KEYUP, VK_SPACE, 0);
-    EXPECT_EQ(StateOf(button), BST_FOCUS);
-    EXPECT_EQ(parent.Take(), (Tolds{Command(BN_CLICKED)}));
-    SendMessageW(button, WM_KEYDOWN, VK_RETURN, 0);
-    SendMessageW(button, WM_KEYUP, VK_RETURN, 0);
-    EXPECT_EQ(parent.Take(), Tolds{}) << "Enter is the dialog's";
-}
-
-TEST(Button, SecondOfTwoClicksIsTold)
+TEST_F(ButtonTest, ClicksGoThroughTheCheckStatesOfTheKind)
 {
     constexpr struct
     {
         DWORD style;
-        int codes[3];
-        size_t count;
-    } kCases[] = {
-        {BS_PUSHBUTTON, {BN_CLICKED, BN_CLICKED}, 2},
-        {BS_PUSHBUTTON | BS_NOTIFY, {BN_SETFOCUS, BN_CLICKED, BN_DOUBLECLICKED}, 3},
-        {BS_AUTOCHECKBOX, {BN_CLICKED, BN_CLICKED}, 2},
-        {BS_RADIOBUTTON, {BN_CLICKED, BN_DOUBLECLICKED}, 2},
-        {BS_OWNERDRAW, {BN_CLICKED, BN_DOUBLECLICKED}, 2},
-    };
-    for (const auto& each : kCases) {
-        Parent parent;
-        const HWND button = parent.Add(TEXT("Button"), TEXT("text"), each.style);
-        Press(button);
-        Release(button);
-        SendMessageW(button, WM_LBUTTONDBLCLK, MK_LBUTTON, At(5, 5));
-        Release(button);
-        Tolds commands;
-        for (const Told& told : parent.Take()) {
-            if (told.message == WM_COMMAND)
-                commands.push_back(told);
-        }
-        Tolds expected;
-        for (size_t i = 0; i < each.count; ++i)
-            expected.push_back(Command(each.codes[i]));
-        EXPECT_EQ(commands, expected) << each.style;
-    }
-}
-
-TEST(Button, ClicksGoThroughTheCheckStatesOfTheKind)
-{
-    constexpr struct
-    {
-        DWORD style;
-        LRESULT states[4]; // at first and after each click
-        LRESULT highest;   // what BM_SETCHECK with 2 leads to
+        int states[4]; // at first and after each click
+        int highest;   // what BM_SETCHECK with 2 leads to
     } kCases[] = {
         {BS_PUSHBUTTON, {0, 0, 0, 0}, 0},      {BS_CHECKBOX, {0, 0, 0, 0}, 1},
         {BS_AUTOCHECKBOX, {0, 1, 0, 1}, 1},    {BS_3STATE, {0, 0, 0, 0}, 2},
@@ -134,67 +94,58 @@ TEST(Button, ClicksGoThroughTheCheckStatesOfTheKind)
         {BS_AUTORADIOBUTTON, {0, 1, 1, 1}, 1},
     };
     for (const auto& each : kCases) {
-        Parent parent;
-        const HWND button = parent.Add(TEXT("Button"), TEXT("text"), each.style);
-        for (size_t i = 0; i < std::size(each.states); ++i) {
-            EXPECT_EQ(SendMessageW(button, BM_GETCHECK, 0, 0), each.states[i]) << each.style << ' ' << i;
-            parent.Take();
-            SendMessageW(button, BM_CLICK, 0, 0);
-            EXPECT_EQ(parent.Take(), (Tolds{Command(BN_CLICKED)})) << each.style;
+        const HWND button = MakeButton(each.style);
+        for (const int state : each.states) {
+            EXPECT_EQ(Send(button, BM_GETCHECK), state) << each.style;
+            Send(button, BM_CLICK);
+            EXPECT_EQ(Told(), "click") << each.style;
         }
-        EXPECT_EQ(SendMessageW(button, BM_SETCHECK, 2, 0), 0);
-        EXPECT_EQ(SendMessageW(button, BM_GETCHECK, 0, 0), each.highest) << each.style;
-        EXPECT_EQ(parent.Take(), Tolds{}) << "the program's own change is not told";
+        Send(button, BM_SETCHECK, 2);
+        EXPECT_EQ(Send(button, BM_GETCHECK), each.highest) << each.style;
+        EXPECT_EQ(Told(), "") << "the program's own change is not told";
+        DestroyWindow(button);
     }
 }
 
-TEST(Button, ChosenRadioButtonClearsItsGroupAndTakesTheTabStop)
+TEST_F(ButtonTest, ChosenRadioButtonClearsItsGroupAndTakesTheTabStop)
 {
-    Parent parent;
     HWND radios[5] = {};
+    for (int i = 0; i < 5; ++i)
+        radios[i] = MakeButton(BS_AUTORADIOBUTTON | WS_TABSTOP | (i == 0 || i == 3 ? WS_GROUP : 0));
+    Send(radios[0], BM_SETCHECK, BST_CHECKED);
+    Send(radios[3], BM_SETCHECK, BST_CHECKED);
+    Send(radios[2], BM_CLICK);
+    constexpr bool kExpected[] = {false, false, true, true, false};
     for (int i = 0; i < 5; ++i) {
-        const DWORD group = i == 0 || i == 3 ? WS_GROUP : 0;
-        radios[i] = parent.Add(TEXT("Button"), TEXT("text"), BS_AUTORADIOBUTTON | WS_TABSTOP | group,
-                               {10, 10 + 30 * i, 110, 34 + 30 * i}, 100 + i);
-    }
-    SendMessageW(radios[0], BM_SETCHECK, BST_CHECKED, 0);
-    SendMessageW(radios[3], BM_SETCHECK, BST_CHECKED, 0);
-    SendMessageW(radios[2], BM_CLICK, 0, 0);
-    const bool expected[] = {false, false, true, true, false};
-    for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(SendMessageW(radios[i], BM_GETCHECK, 0, 0), expected[i]) << i;
+        EXPECT_EQ(Send(radios[i], BM_GETCHECK), kExpected[i]) << i;
         const bool stops = (GetWindowLongPtrW(radios[i], GWL_STYLE) & WS_TABSTOP) != 0;
-        EXPECT_EQ(stops, i == 4 || expected[i]) << i;
+        EXPECT_EQ(stops, i == 4 || kExpected[i]) << i;
     }
 }
 
-TEST(Button, OwnerDrawnButtonAsksForEveryChangeOfItsState)
+TEST_F(ButtonTest, OwnerDrawnButtonAsksForEveryChangeOfItsState)
 {
-    Parent parent;
-    const HWND button = parent.Add(TEXT("Button"), TEXT("text"), BS_OWNERDRAW);
-    UpdateWindow(button);
-    parent.Take();
-    InvalidateRect(button, nullptr, TRUE);
-    UpdateWindow(button);
-    EXPECT_EQ(parent.Take(), (Tolds{{WM_DRAWITEM, ODA_DRAWENTIRE, 0}}));
-    SetFocus(button);
-    EXPECT_EQ(parent.Take(), (Tolds{{WM_DRAWITEM, ODA_FOCUS, ODS_FOCUS}}));
-    Press(button);
-    EXPECT_EQ(parent.Take(), (Tolds{{WM_DRAWITEM, ODA_SELECT, ODS_FOCUS | ODS_SELECTED}}));
-    Release(button);
-    EXPECT_EQ(parent.Take(), (Tolds{{WM_DRAWITEM, ODA_SELECT, ODS_FOCUS}, Command(BN_CLICKED)}));
-    SetFocus(parent);
-    EXPECT_EQ(parent.Take(), (Tolds{{WM_DRAWITEM, ODA_FOCUS, 0}}));
-    EnableWindow(button, FALSE);
-    UpdateWindow(button);
-    EXPECT_EQ(parent.Take().at(0), (Told{WM_DRAWITEM, ODA_DRAWENTIRE, ODS_DISABLED}));
+    const HWND button = MakeButton(BS_OWNERDRAW);
+    Repaint(button);
+    Told();
+    const std::pair<std::function<void()>, const char*> kSteps[] = {
+        {[=] { Repaint(button, true); }, "draw"},
+        {[=] { SetFocus(button); }, "focusF"},
+        {[=] { Press(button); }, "selectSF"},
+        {[=] { Release(button); }, "selectF click"},
+        {[=] { SetFocus(parent_); }, "focus"},
+        {[=] { EnableWindow(button, FALSE), Repaint(button, true); }, "drawD"},
+    };
+    for (const auto& [change, told] : kSteps) {
+        change();
+        EXPECT_EQ(Told(), told);
+    }
 }
 
-TEST(Button, OwnerDrawnButtonErasesWhatWasDrawnBefore)
+TEST_F(ButtonTest, OwnerDrawnButtonErasesWhatWasDrawnBefore)
 {
-    Parent parent;
-    const HWND button = parent.Add(TEXT("Button"), TEXT("text"), BS_OWNERDRAW);
-    UpdateWindow(button);
+    const HWND button = MakeButton(BS_OWNERDRAW);
+    Repaint(button);
     const HDC dc = GetDC(button);
     for (const BOOL erase : {FALSE, TRUE}) {
         SetPixel(dc, 5, 5, RGB(255, 0, 0));
@@ -205,57 +156,14 @@ TEST(Button, OwnerDrawnButtonErasesWhatWasDrawnBefore)
     ReleaseDC(button, dc);
 }
 
-TEST(Button, AsksItsParentForTheColoursOfItsKind)
+TEST_F(ButtonTest, StyleMessageChangesTheKindAlone)
 {
-    constexpr struct
-    {
-        DWORD style;
-        UINT message;
-    } kCases[] = {
-        {BS_PUSHBUTTON, WM_CTLCOLORBTN},         {BS_DEFPUSHBUTTON, WM_CTLCOLORBTN},
-        {BS_OWNERDRAW, WM_CTLCOLORBTN},          {BS_AUTOCHECKBOX, WM_CTLCOLORSTATIC},
-        {BS_AUTORADIOBUTTON, WM_CTLCOLORSTATIC}, {BS_GROUPBOX, WM_CTLCOLORSTATIC},
-    };
-    Parent parent(true);
-    for (const auto& each : kCases) {
-        const HWND button = parent.Add(TEXT("Button"), TEXT("text"), each.style);
-        parent.Take();
-        InvalidateRect(button, nullptr, FALSE);
-        UpdateWindow(button);
-        const Tolds told = parent.Take();
-        ASSERT_FALSE(told.empty()) << each.style;
-        EXPECT_EQ(told.front(), Told{each.message}) << each.style;
-        DestroyWindow(button);
+    const HWND button = MakeButton(BS_PUSHBUTTON | BS_MULTILINE | WS_TABSTOP);
+    for (const DWORD kind : {BS_DEFPUSHBUTTON, BS_PUSHBUTTON}) {
+        Send(button, BM_SETSTYLE, kind, TRUE);
+        EXPECT_EQ((Send(button, WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON) != 0, kind == BS_DEFPUSHBUTTON);
+        EXPECT_NE(GetWindowLongPtrW(button, GWL_STYLE) & WS_TABSTOP, 0);
     }
-}
-
-TEST(Button, StyleMessageChangesTheKindAlone)
-{
-    Parent parent;
-    const HWND button = parent.Add(TEXT("Button"), TEXT("OK"), BS_PUSHBUTTON | BS_MULTILINE | WS_TABSTOP);
-    SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
-    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
-    EXPECT_NE(GetWindowLongPtrW(button, GWL_STYLE) & WS_TABSTOP, 0);
-    SendMessageW(button, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
-    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON);
-}
-
-TEST(Button, ImageAndFontAreKeptForTheProgram)
-{
-    Parent parent;
-    const HWND button = parent.Add(TEXT("Button"), TEXT(""), BS_BITMAP);
-    const HBITMAP first = CreateBitmap(8, 8, 1, 1, nullptr);
-    const HBITMAP second = CreateBitmap(4, 4, 1, 1, nullptr);
-    EXPECT_EQ(SendMessageW(button, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(first)), 0);
-    EXPECT_EQ(SendMessageW(button, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(second)),
-              reinterpret_cast<LRESULT>(first));
-    EXPECT_EQ(SendMessageW(button, BM_GETIMAGE, IMAGE_BITMAP, 0), reinterpret_cast<LRESULT>(second));
-    const auto font = GetStockObject(DEFAULT_GUI_FONT);
-    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    EXPECT_EQ(SendMessageW(button, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(font));
-    DestroyWindow(button);
-    EXPECT_TRUE(DeleteObject(first));
-    EXPECT_TRUE(DeleteObject(second)) << "images stay the program's";
 }
 
 } // namespace

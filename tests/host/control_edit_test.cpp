@@ -1,86 +1,58 @@
-#include <algorithm>
-#include <vector>
-
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include "tests/host/control_parent.h"
+// The edit control, as a program sees it.
+#include "tests/host/control_test.h"
 #include "tests/host/wine.h"
 
 namespace {
 
-using namespace control_test;
-using Text = std::basic_string<WCHAR>;
-
-constexpr RECT kLine = {10, 10, 310, 34};
-constexpr RECT kField = {10, 10, 310, 150};
+constexpr DWORD kSingle = ES_AUTOHSCROLL;
 constexpr DWORD kMulti = ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL;
 
-void Type(HWND edit, LPCWSTR text)
-{
-    for (; *text != 0; ++text)
-        SendMessageW(edit, WM_CHAR, *text, 0);
-}
+using Span = std::pair<DWORD, DWORD>; // start and end of what is selected
 
-void Key(HWND edit, WPARAM key)
+class EditTest : public ControlTest
 {
-    SendMessageW(edit, WM_KEYDOWN, key, 0);
-    SendMessageW(edit, WM_KEYUP, key, 0);
-}
+protected:
+    EditTest()
+    {
+        codes_ = {{EN_SETFOCUS, "focus"},
+                  {EN_KILLFOCUS, "blur"},
+                  {EN_UPDATE, "update"},
+                  {EN_CHANGE, "change"},
+                  {EN_MAXTEXT, "full"}};
+    }
 
-struct Span
-{
-    DWORD start;
-    DWORD end;
+    static HWND MakeEdit(const char* text, DWORD style, int width = 300)
+    {
+        return Make(TEXT("Edit"), style, width, style & ES_MULTILINE ? 140 : 24, text);
+    }
 
-    bool operator==(const Span&) const = default;
+    static void Select(HWND edit, int start, int end)
+    {
+        Send(edit, EM_SETSEL, static_cast<WPARAM>(start), end);
+    }
+    static Span SelectionOf(HWND edit)
+    {
+        Span span;
+        Send(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&span.first), &span.second);
+        return span;
+    }
+    static std::string LineOf(HWND edit, int line)
+    {
+        WCHAR buffer[64] = {63};
+        buffer[Send(edit, EM_GETLINE, static_cast<WPARAM>(line), buffer)] = 0;
+        return Narrowed(buffer);
+    }
+    static POINT PlaceOf(HWND edit, int position)
+    {
+        const int place = Send(edit, EM_POSFROMCHAR, static_cast<WPARAM>(position));
+        return {static_cast<SHORT>(LOWORD(place)), static_cast<SHORT>(HIWORD(place))};
+    }
+
+    /// Wine tells of a change even when the limit has let nothing in.
+    static std::string Full() { return OnWine() ? "full update change" : "full"; }
 };
 
-std::ostream& operator<<(std::ostream& out, const Span& span)
-{
-    return out << span.start << ".." << span.end;
-}
-
-Span SelectionOf(HWND edit)
-{
-    Span span = {};
-    SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&span.start), reinterpret_cast<LPARAM>(&span.end));
-    return span;
-}
-
-Text LineOf(HWND edit, int line)
-{
-    WCHAR buffer[64] = {};
-    buffer[0] = 63;
-    const auto count =
-        SendMessageW(edit, EM_GETLINE, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(buffer));
-    return {buffer, static_cast<size_t>(count)};
-}
-
-LRESULT Replace(HWND edit, LPCWSTR text, bool undoable = true)
-{
-    return SendMessageW(edit, EM_REPLACESEL, undoable, reinterpret_cast<LPARAM>(text));
-}
-
-/// Wine tells of a change even when the limit has let nothing in.
-Tolds WithoutIdleChange(Tolds told)
-{
-    if (OnWine())
-        told.resize(told.size() - 2);
-    return told;
-}
-
-TEST(Edit, DialogCodeTellsThatItWantsCharacters)
-{
-    Parent parent;
-    const HWND single = parent.Add(TEXT("Edit"), TEXT(""), ES_AUTOHSCROLL, kLine);
-    EXPECT_EQ(SendMessageW(single, WM_GETDLGCODE, 0, 0), DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS);
-    const HWND multi = parent.Add(TEXT("EDIT"), TEXT(""), kMulti, kField);
-    EXPECT_EQ(SendMessageW(multi, WM_GETDLGCODE, 0, 0),
-              DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTALLKEYS);
-}
-
-TEST(Edit, SelectionByNumbersIsOrderedAndCutToTheText)
+TEST_F(EditTest, SelectionByNumbersIsOrderedAndCutToTheText)
 {
     constexpr struct
     {
@@ -88,406 +60,238 @@ TEST(Edit, SelectionByNumbersIsOrderedAndCutToTheText)
         Span expected;
     } kCases[] = {{2, 5, {2, 5}},   {5, 2, {2, 5}},    {0, -1, {0, 10}},  {4, -1, {4, 10}},
                   {3, 99, {3, 10}}, {-1, 0, {10, 10}}, {50, 60, {10, 10}}};
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("0123456789"), ES_AUTOHSCROLL, kLine);
+    const HWND edit = MakeEdit("0123456789", kSingle);
     for (const auto& each : kCases) {
-        SendMessageW(edit, EM_SETSEL, 0, 0);
-        SendMessageW(edit, EM_SETSEL, 0, -1);
-        SendMessageW(edit, EM_SETSEL, static_cast<WPARAM>(each.start), each.end);
+        Select(edit, 0, -1);
+        Select(edit, each.start, each.end);
         EXPECT_EQ(SelectionOf(edit), each.expected) << each.start << ' ' << each.end;
-        EXPECT_EQ(SendMessageW(edit, EM_GETSEL, 0, 0), MAKELONG(each.expected.start, each.expected.end));
+        EXPECT_EQ(Send(edit, EM_GETSEL), MAKELONG(each.expected.first, each.expected.second));
     }
 }
 
-TEST(Edit, ChangesAreToldBeforeAndAfterTheyShow)
+TEST_F(EditTest, ChangesAreToldBeforeAndAfterTheyShow)
 {
-    const Tolds kChange = {Command(EN_UPDATE), Command(EN_CHANGE)};
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("one"), ES_AUTOHSCROLL, kLine);
-    SetFocus(edit);
-    EXPECT_EQ(parent.Take(), (Tolds{Command(EN_SETFOCUS)}));
-    Type(edit, TEXT("x"));
-    EXPECT_EQ(parent.Take(), kChange);
-    SetWindowTextW(edit, TEXT("two"));
-    EXPECT_EQ(parent.Take(), kChange);
-    SendMessageW(edit, EM_SETSEL, 0, -1);
-    EXPECT_EQ(parent.Take(), Tolds{});
-    Replace(edit, TEXT("three"));
-    EXPECT_EQ(parent.Take(), kChange);
-    SendMessageW(edit, EM_UNDO, 0, 0);
-    Tolds undone = parent.Take();
-    if (OnWine())
-        undone.pop_back(); // it tells the change twice
-    EXPECT_EQ(undone, kChange);
-    Key(edit, VK_LEFT);
-    EXPECT_EQ(parent.Take(), Tolds{});
-    SetFocus(parent);
-    EXPECT_EQ(parent.Take(), (Tolds{Command(EN_KILLFOCUS)}));
-
-    const HWND multi = parent.Add(TEXT("Edit"), TEXT("one"), kMulti, kField);
-    parent.Take();
-    SetWindowTextW(multi, TEXT("two"));
-    EXPECT_EQ(parent.Take(), Tolds{}) << "the program's text of several lines is not told";
-    Type(multi, TEXT("x"));
-    EXPECT_EQ(parent.Take(), kChange);
+    const HWND edit = MakeEdit("one", kSingle);
+    const HWND multi = MakeEdit("one", kMulti);
+    Told();
+    const struct
+    {
+        std::function<void()> act;
+        const char* told;
+    } kSteps[] = {
+        {[=] { SetFocus(edit); }, "focus"},
+        {[=] { Type(edit, "x"); }, "update change"},
+        {[=] { SetText(edit, "two"); }, "update change"},
+        {[=] { Select(edit, 0, -1); }, ""},
+        {[=] { Send(edit, EM_REPLACESEL, TRUE, "three"); }, "update change"},
+        {[=] { Send(edit, EM_UNDO); }, OnWine() ? "update change change" : "update change"},
+        {[=] { Key(edit, VK_LEFT); }, ""},
+        {[=] { SetFocus(parent_); }, "blur"},
+        {[=] { SetText(multi, "two"); }, ""}, // the program's text of several lines is not told
+        {[=] { Type(multi, "x"); }, "update change"},
+    };
+    for (const auto& step : kSteps) {
+        step.act();
+        EXPECT_EQ(Told(), step.told) << "row " << &step - kSteps;
+    }
 }
 
-TEST(Edit, LimitStopsTheUserAndIsTold)
+TEST_F(EditTest, LimitStopsTheUserAndIsTold)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT(""), ES_AUTOHSCROLL, kLine);
-    SendMessageW(edit, EM_LIMITTEXT, 3, 0);
-    EXPECT_EQ(SendMessageW(edit, EM_GETLIMITTEXT, 0, 0), 3);
-    Type(edit, TEXT("123"));
-    parent.Take();
-    Type(edit, TEXT("4"));
-    EXPECT_EQ(WithoutIdleChange(parent.Take()), (Tolds{Command(EN_MAXTEXT)}));
-    EXPECT_EQ(TextOf(edit), TEXT("123"));
-    SendMessageW(edit, EM_SETSEL, 1, 2);
-    Replace(edit, TEXT("abc"));
-    EXPECT_EQ(parent.Take(), (Tolds{Command(EN_MAXTEXT), Command(EN_UPDATE), Command(EN_CHANGE)}));
-    EXPECT_EQ(TextOf(edit), TEXT("1a3"));
-    SetWindowTextW(edit, TEXT("program"));
-    EXPECT_EQ(TextOf(edit), TEXT("program"));
+    const HWND edit = MakeEdit("", kSingle);
+    Send(edit, EM_LIMITTEXT, 3);
+    Type(edit, "123");
+    Told();
+    Type(edit, "4");
+    EXPECT_EQ(Told(), Full());
+    Select(edit, 1, 2);
+    Send(edit, EM_REPLACESEL, TRUE, "abc");
+    EXPECT_EQ(Told(), "full update change");
+    EXPECT_EQ(TextOf(edit), "1a3");
+    SetText(edit, "program");
+    EXPECT_EQ(TextOf(edit), "program");
 }
 
-TEST(Edit, TextThatMayNotScrollStopsAtTheEdge)
+TEST_F(EditTest, TextThatMayNotScrollStopsAtTheEdge)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT(""), 0, {10, 10, 60, 34});
-    for (int i = 0; i < 50; ++i)
-        Type(edit, TEXT("m"));
-    EXPECT_LT(GetWindowTextLengthW(edit), 50);
-    EXPECT_GT(GetWindowTextLengthW(edit), 1);
-    EXPECT_EQ(WithoutIdleChange(parent.Take()).back(), Command(EN_MAXTEXT));
-    const HWND lines = parent.Add(TEXT("Edit"), TEXT(""), ES_MULTILINE | ES_AUTOHSCROLL, {10, 50, 60, 90});
-    for (int i = 0; i < 50; ++i)
-        SendMessageW(lines, WM_CHAR, VK_RETURN, 0);
-    EXPECT_LT(SendMessageW(lines, EM_GETLINECOUNT, 0, 0), 6);
-    EXPECT_EQ(WithoutIdleChange(parent.Take()).back(), Command(EN_MAXTEXT));
+    const HWND edit = MakeEdit("", 0, 50);
+    Type(edit, "mmmmmmmmmm");
+    EXPECT_LT(TextOf(edit).size(), 10u);
+    EXPECT_GT(TextOf(edit).size(), 1u);
+    Told();
+    Type(edit, "m");
+    EXPECT_EQ(Told(), Full());
 }
 
-TEST(Edit, StylesDecideWhichCharactersComeIn)
+TEST_F(EditTest, StylesDecideWhichCharactersComeIn)
 {
-    struct
+    const struct
     {
         DWORD style;
-        LPCWSTR typed;
-        LPCWSTR expected;
-    } const kCases[] = {
-        {ES_AUTOHSCROLL, TEXT("aB 1\t\r"), TEXT("aB 1")},
-        {ES_AUTOHSCROLL | ES_NUMBER, TEXT("-1a2.3"), TEXT("123")},
-        {ES_AUTOHSCROLL | ES_UPPERCASE, TEXT("aB\u00E9"), TEXT("AB\u00C9")},
-        {ES_AUTOHSCROLL | ES_LOWERCASE, TEXT("aB\u00C9"), TEXT("ab\u00E9")},
-        {ES_AUTOHSCROLL | ES_READONLY, TEXT("abc"), TEXT("")},
-        {ES_AUTOHSCROLL | ES_PASSWORD, TEXT("abc"), TEXT("abc")},
-        {kMulti, TEXT("a\rb\tc"), TEXT("a\r\nb\tc")},
-        {kMulti, TEXT("ab\b\bc"), TEXT("c")},
+        const char* typed;
+        const char* expected;
+    } kCases[] = {
+        {kSingle, "aB 1\t\r", "aB 1"},      {kSingle | ES_NUMBER, "-1a2.3", "123"},
+        {kSingle | ES_READONLY, "abc", ""}, {kMulti, "a\rb\tc", "a\r\nb\tc"},
+        {kMulti, "ab\b\bc", "c"},
     };
     for (const auto& each : kCases) {
-        Parent parent;
-        const HWND edit = parent.Add(TEXT("Edit"), TEXT(""), each.style, kLine);
+        const HWND edit = MakeEdit("", each.style);
         SetFocus(edit);
         Type(edit, each.typed);
         EXPECT_EQ(TextOf(edit), each.expected) << each.style;
     }
 }
 
-TEST(Edit, KeysMoveTheCaretAndDelete)
+TEST_F(EditTest, KeysMoveTheCaretAndDelete)
 {
     constexpr struct
     {
-        int caret;
+        int start, end;
         WPARAM key;
-        DWORD expected;
-    } kCases[] = {{3, VK_LEFT, 2}, {0, VK_LEFT, 0}, {3, VK_RIGHT, 4}, {10, VK_RIGHT, 10},
-                  {3, VK_HOME, 0}, {3, VK_END, 10}, {5, VK_UP, 4},    {5, VK_DOWN, 6}};
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("0123456789"), ES_AUTOHSCROLL, kLine);
+        DWORD caret;
+        const char* text = "0123456789";
+    } kCases[] = {
+        {3, 3, VK_LEFT, 2},
+        {0, 0, VK_LEFT, 0},
+        {3, 3, VK_RIGHT, 4},
+        {10, 10, VK_RIGHT, 10},
+        {3, 3, VK_HOME, 0},
+        {3, 3, VK_END, 10},
+        {5, 5, VK_UP, 4},
+        {5, 5, VK_DOWN, 6},
+        {4, 4, VK_DELETE, 4, "012356789"},
+        {1, 3, VK_DELETE, 1, "03456789"},
+        {1, 3, VK_BACK, 1, "03456789"},
+        {3, 3, VK_BACK, 2, "013456789"},
+    };
+    const HWND edit = MakeEdit("", kSingle);
     SetFocus(edit);
     for (const auto& each : kCases) {
-        SendMessageW(edit, EM_SETSEL, static_cast<WPARAM>(each.caret), each.caret);
-        Key(edit, each.key);
-        EXPECT_EQ(SelectionOf(edit), (Span{each.expected, each.expected})) << each.caret << ' ' << each.key;
+        SetText(edit, "0123456789");
+        Select(edit, each.start, each.end);
+        if (each.key == VK_BACK)
+            Type(edit, "\b");
+        else
+            Key(edit, each.key);
+        EXPECT_EQ(SelectionOf(edit), Span(each.caret, each.caret)) << each.start << ' ' << each.key;
+        EXPECT_EQ(TextOf(edit), each.text) << each.start << ' ' << each.key;
     }
-    SendMessageW(edit, EM_SETSEL, 4, 4);
-    Key(edit, VK_DELETE);
-    EXPECT_EQ(TextOf(edit), TEXT("012356789"));
-    SendMessageW(edit, EM_SETSEL, 1, 3);
-    Key(edit, VK_DELETE);
-    EXPECT_EQ(TextOf(edit), TEXT("0356789"));
-    SendMessageW(edit, EM_SETSEL, 1, 3);
-    Type(edit, TEXT("\b"));
-    EXPECT_EQ(TextOf(edit), TEXT("06789"));
 }
 
-TEST(Edit, UndoOfASingleLineGoesBackAndForth)
+TEST_F(EditTest, UndoOfASingleLineGoesBackAndForth)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("12"), ES_AUTOHSCROLL, kLine);
-    EXPECT_FALSE(SendMessageW(edit, EM_CANUNDO, 0, 0));
-    SendMessageW(edit, EM_SETMODIFY, FALSE, 0);
-    SendMessageW(edit, EM_SETSEL, 2, 2);
-    Type(edit, TEXT("34"));
-    EXPECT_TRUE(SendMessageW(edit, EM_CANUNDO, 0, 0));
-    EXPECT_TRUE(SendMessageW(edit, EM_GETMODIFY, 0, 0));
-    EXPECT_TRUE(SendMessageW(edit, EM_UNDO, 0, 0));
-    EXPECT_EQ(TextOf(edit), TEXT("12"));
-    EXPECT_TRUE(SendMessageW(edit, EM_UNDO, 0, 0));
-    EXPECT_EQ(TextOf(edit), TEXT("1234"));
-    SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
-    EXPECT_FALSE(SendMessageW(edit, EM_CANUNDO, 0, 0));
-    SendMessageW(edit, EM_SETSEL, 0, -1);
-    Replace(edit, TEXT("by the program"), false);
-    EXPECT_FALSE(SendMessageW(edit, EM_CANUNDO, 0, 0));
-    SetWindowTextW(edit, TEXT("new"));
-    EXPECT_FALSE(SendMessageW(edit, EM_GETMODIFY, 0, 0));
-    EXPECT_EQ(SelectionOf(edit), (Span{0, 0}));
+    const HWND edit = MakeEdit("12", kSingle);
+    EXPECT_FALSE(Send(edit, EM_CANUNDO));
+    Select(edit, 2, 2);
+    Type(edit, "34");
+    EXPECT_TRUE(Send(edit, EM_CANUNDO));
+    for (const char* text : {"12", "1234"}) {
+        EXPECT_TRUE(Send(edit, EM_UNDO));
+        EXPECT_EQ(TextOf(edit), text);
+    }
+    Send(edit, EM_EMPTYUNDOBUFFER);
+    EXPECT_FALSE(Send(edit, EM_CANUNDO));
+    Type(edit, "x");
+    SetText(edit, "new");
+    EXPECT_FALSE(Send(edit, EM_CANUNDO));
+    EXPECT_EQ(SelectionOf(edit), Span(0, 0));
 }
 
-TEST(Edit, LinesAreFoundByNumberAndByPosition)
+TEST_F(EditTest, LinesAreFoundByNumberAndByPosition)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("zero\r\n\r\ntwo\r\nthree"), kMulti, kField);
-    EXPECT_EQ(SendMessageW(edit, EM_GETLINECOUNT, 0, 0), 4);
-    constexpr int kStarts[] = {0, 6, 8, 13};
-    constexpr int kLengths[] = {4, 0, 3, 5};
-    const LPCWSTR kLines[] = {TEXT("zero"), TEXT(""), TEXT("two"), TEXT("three")};
+    const HWND edit = MakeEdit("zero\r\n\r\ntwo\r\nthree", kMulti);
+    EXPECT_EQ(Send(edit, EM_GETLINECOUNT), 4);
+    constexpr std::pair<int, const char*> kLines[] = {{0, "zero"}, {6, ""}, {8, "two"}, {13, "three"}};
     for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(SendMessageW(edit, EM_LINEINDEX, static_cast<WPARAM>(i), 0), kStarts[i]);
-        EXPECT_EQ(SendMessageW(edit, EM_LINEFROMCHAR, static_cast<WPARAM>(kStarts[i]), 0), i);
-        EXPECT_EQ(SendMessageW(edit, EM_LINELENGTH, static_cast<WPARAM>(kStarts[i]), 0), kLengths[i]);
-        EXPECT_EQ(LineOf(edit, i), kLines[i]);
+        const auto& [start, text] = kLines[i];
+        EXPECT_EQ(Send(edit, EM_LINEINDEX, static_cast<WPARAM>(i)), start);
+        EXPECT_EQ(Send(edit, EM_LINEFROMCHAR, static_cast<WPARAM>(start)), i);
+        EXPECT_EQ(LineOf(edit, i), text);
+        EXPECT_EQ(Send(edit, EM_CHARFROMPOS, 0, MAKELPARAM(PlaceOf(edit, start).x, PlaceOf(edit, start).y)),
+                  MAKELONG(start, i));
     }
-    EXPECT_EQ(SendMessageW(edit, EM_LINEINDEX, 9, 0), -1);
-    EXPECT_EQ(LineOf(edit, 9), Text());
-    SendMessageW(edit, EM_SETSEL, 9, 14);
-    EXPECT_EQ(SendMessageW(edit, EM_LINELENGTH, static_cast<WPARAM>(-1), 0), 5)
-        << "w and o are selected, t, and hree are not";
-    EXPECT_EQ(SendMessageW(edit, EM_LINEFROMCHAR, static_cast<WPARAM>(-1), 0), 2);
+    EXPECT_EQ(LineOf(edit, 9), "");
+    EXPECT_EQ(PlaceOf(edit, 8).x, PlaceOf(edit, 0).x);
+    EXPECT_GT(PlaceOf(edit, 8).y, PlaceOf(edit, 6).y);
 }
 
-TEST(Edit, UpAndDownKeepTheColumn)
+TEST_F(EditTest, LongLinesWrapUnlessTheControlScrollsSideways)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("mmmmm\r\nm\r\nmmmmm"), kMulti, kField);
-    SetFocus(edit);
-    SendMessageW(edit, EM_SETSEL, 4, 4);
-    Key(edit, VK_DOWN);
-    EXPECT_EQ(SelectionOf(edit), (Span{8, 8})) << "the line is shorter";
-    if (OnWine())
-        return; // it stays in the shorter line's column
-    Key(edit, VK_DOWN);
-    EXPECT_EQ(SelectionOf(edit), (Span{14, 14}));
-    Key(edit, VK_UP);
-    Key(edit, VK_UP);
-    EXPECT_EQ(SelectionOf(edit), (Span{4, 4}));
-}
-
-TEST(Edit, LongLinesWrapUnlessTheControlScrollsSideways)
-{
-    Parent parent;
-    const LPCWSTR text = TEXT("some words that do not fit into the width of one line of this narrow control");
-    const HWND wrapped = parent.Add(TEXT("Edit"), text, ES_MULTILINE | ES_AUTOVSCROLL, {10, 10, 110, 150});
-    const auto lines = static_cast<int>(SendMessageW(wrapped, EM_GETLINECOUNT, 0, 0));
+    const char* const text = "some words that do not fit into the width of one line of this narrow control";
+    const HWND wrapped = MakeEdit(text, ES_MULTILINE | ES_AUTOVSCROLL, 100);
+    const int lines = Send(wrapped, EM_GETLINECOUNT);
     EXPECT_GT(lines, 3);
-    Text joined;
+    std::string joined;
     for (int i = 0; i < lines; ++i)
         joined += LineOf(wrapped, i);
     EXPECT_EQ(joined, text);
-    EXPECT_EQ(TextOf(wrapped), text);
-    const HWND scrolled = parent.Add(TEXT("Edit"), text, kMulti, {10, 10, 110, 150});
-    EXPECT_EQ(SendMessageW(scrolled, EM_GETLINECOUNT, 0, 0), 1);
+    EXPECT_EQ(Send(MakeEdit(text, kMulti, 100), EM_GETLINECOUNT), 1);
 }
 
-TEST(Edit, ScrollingByMessageStopsAtTheEnds)
+TEST_F(EditTest, ScrollingStopsAtTheEnds)
 {
-    Parent parent;
-    Text text = TEXT("line");
+    std::string text = "line";
     for (int i = 0; i < 50; ++i)
-        text += TEXT("\r\nline");
-    const HWND edit = parent.Add(TEXT("Edit"), text.c_str(), kMulti | WS_VSCROLL, kField);
-    const auto firstLine = [&] { return SendMessageW(edit, EM_GETFIRSTVISIBLELINE, 0, 0); };
-    EXPECT_EQ(firstLine(), 0);
-    EXPECT_EQ(SendMessageW(edit, EM_SCROLL, SB_LINEDOWN, 0), MAKELONG(1, TRUE));
-    EXPECT_EQ(firstLine(), 1);
-    EXPECT_TRUE(SendMessageW(edit, EM_LINESCROLL, 0, 10));
+        text += "\r\nline";
+    const HWND edit = MakeEdit(text.c_str(), kMulti | WS_VSCROLL);
+    const auto firstLine = [&] { return Send(edit, EM_GETFIRSTVISIBLELINE); };
+    EXPECT_EQ(Send(edit, EM_SCROLL, SB_LINEDOWN), MAKELONG(1, TRUE));
+    EXPECT_TRUE(Send(edit, EM_LINESCROLL, 0, 10));
     EXPECT_EQ(firstLine(), 11);
-    SendMessageW(edit, EM_LINESCROLL, 0, 1000);
-    const LRESULT last = firstLine();
+    Send(edit, EM_LINESCROLL, 0, 1000);
+    const int last = firstLine();
     EXPECT_LT(last, 51);
     EXPECT_GT(last, 30);
-    SendMessageW(edit, EM_LINESCROLL, 0, -1000);
+    Send(edit, EM_LINESCROLL, 0, -1000);
     EXPECT_EQ(firstLine(), 0);
-    SendMessageW(edit, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
-    SendMessageW(edit, EM_SCROLLCARET, 0, 0);
+    Select(edit, static_cast<int>(text.size()), -1);
+    Send(edit, EM_SCROLLCARET);
     EXPECT_EQ(firstLine(), last);
 }
 
-TEST(Edit, PointsAndPositionsBelongTogether)
+TEST_F(EditTest, TabStopsAreAtMultiplesOfDialogUnitsOrWhereTheProgramSays)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("first line\r\nsecond"), kMulti, kField);
-    const auto place = [&](int position) {
-        const LRESULT at = SendMessageW(edit, EM_POSFROMCHAR, static_cast<WPARAM>(position), 0);
-        return POINT{static_cast<SHORT>(LOWORD(at)), static_cast<SHORT>(HIWORD(at))};
-    };
-    for (const int position : {0, 4, 9, 12, 15}) {
-        const POINT at = place(position);
-        const LRESULT found = SendMessageW(edit, EM_CHARFROMPOS, 0, At(at.x + 1, at.y + 2));
-        EXPECT_EQ(LOWORD(found), position);
-        EXPECT_EQ(HIWORD(found), position < 12 ? 0 : 1);
-    }
-    EXPECT_GT(place(4).x, place(0).x);
-    EXPECT_EQ(place(12).x, place(0).x);
-    EXPECT_GT(place(12).y, place(0).y);
+    const HWND edit = MakeEdit("a\tb\tc", kMulti);
+    const auto distance = [&](int position) { return PlaceOf(edit, position).x - PlaceOf(edit, 0).x; };
+    const int usual = distance(2);
+    EXPECT_EQ(distance(4), 2 * usual);
+    const UINT stops[] = {64, 96};
+    EXPECT_TRUE(Send(edit, EM_SETTABSTOPS, 1, stops));
+    EXPECT_EQ(distance(2), 2 * usual);
+    EXPECT_EQ(distance(4), 4 * usual);
+    EXPECT_TRUE(Send(edit, EM_SETTABSTOPS, 2, stops));
+    EXPECT_EQ(distance(4), 3 * usual);
+    EXPECT_FALSE(Send(MakeEdit("", kSingle), EM_SETTABSTOPS, 1, stops));
 }
 
-TEST(Edit, TabStopsAreAtMultiplesOfDialogUnitsOrWhereTheProgramSays)
+TEST_F(EditTest, ClipboardTakesTheSelectionAndGivesIt)
 {
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("a\tb\tc"), kMulti, kField);
-    const auto x = [&](int position) {
-        return static_cast<SHORT>(
-            LOWORD(SendMessageW(edit, EM_POSFROMCHAR, static_cast<WPARAM>(position), 0)));
-    };
-    const int usual = x(2) - x(0);
-    EXPECT_EQ(x(4) - x(0), 2 * usual);
-    const UINT every = 64;
-    EXPECT_TRUE(SendMessageW(edit, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&every)));
-    EXPECT_EQ(x(2) - x(0), 2 * usual);
-    EXPECT_EQ(x(4) - x(0), 4 * usual);
-    const UINT stops[] = {32, 96};
-    EXPECT_TRUE(SendMessageW(edit, EM_SETTABSTOPS, 2, reinterpret_cast<LPARAM>(stops)));
-    EXPECT_EQ(x(2) - x(0), usual);
-    EXPECT_EQ(x(4) - x(0), 3 * usual);
-    const HWND single = parent.Add(TEXT("Edit"), TEXT(""), ES_AUTOHSCROLL, kLine);
-    EXPECT_FALSE(SendMessageW(single, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&every)));
-}
-
-TEST(Edit, ClipboardTakesTheSelectionAndGivesIt)
-{
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("one two"), ES_AUTOHSCROLL, kLine);
-    SendMessageW(edit, EM_SETSEL, 0, 3);
-    SendMessageW(edit, WM_CUT, 0, 0);
-    EXPECT_EQ(TextOf(edit), TEXT(" two"));
-    SendMessageW(edit, EM_SETSEL, 4, 4);
-    SendMessageW(edit, WM_PASTE, 0, 0);
-    EXPECT_EQ(TextOf(edit), TEXT(" twoone"));
-    const HWND secret = parent.Add(TEXT("Edit"), TEXT("secret"), ES_AUTOHSCROLL | ES_PASSWORD, kLine);
-    SendMessageW(secret, EM_SETSEL, 0, -1);
-    SendMessageW(secret, WM_COPY, 0, 0);
-    SendMessageW(edit, WM_PASTE, 0, 0);
-    EXPECT_EQ(TextOf(edit), OnWine() ? TEXT(" twoonesecret") : TEXT(" twooneone"))
-        << "a password is not copied";
+    const HWND edit = MakeEdit("one two", kSingle);
+    Select(edit, 0, 3);
+    Send(edit, WM_CUT);
+    EXPECT_EQ(TextOf(edit), " two");
+    Select(edit, 4, 4);
+    Send(edit, WM_PASTE);
+    EXPECT_EQ(TextOf(edit), " twoone");
     EXPECT_TRUE(OpenClipboard(edit));
     EXPECT_TRUE(EmptyClipboard());
     EXPECT_TRUE(CloseClipboard());
 }
 
-TEST(Edit, AsksForTheColoursOfAFieldOrOfALabelWhenItCannotBeChanged)
+TEST_F(EditTest, PressedMouseSelects)
 {
-    Parent parent(true);
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("text"), ES_AUTOHSCROLL, kLine);
-    const auto asked = [&] {
-        parent.Take();
-        InvalidateRect(edit, nullptr, TRUE);
-        UpdateWindow(edit);
-        return parent.Take().at(0).message;
-    };
-    EXPECT_EQ(asked(), static_cast<UINT>(WM_CTLCOLOREDIT));
-    EXPECT_TRUE(SendMessageW(edit, EM_SETREADONLY, TRUE, 0));
-    EXPECT_NE(GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY, 0);
-    EXPECT_EQ(asked(), static_cast<UINT>(WM_CTLCOLORSTATIC));
-    SendMessageW(edit, EM_SETREADONLY, FALSE, 0);
-    EnableWindow(edit, FALSE);
-    EXPECT_EQ(asked(), static_cast<UINT>(WM_CTLCOLORSTATIC));
-}
-
-/// A dialog without a template's controls; the WM_COMMAND ids that it gets are kept.
-struct Dialog
-{
-    Dialog()
-    {
-        struct
-        {
-            DLGTEMPLATE head;
-            WORD menu, windowClass, title;
-        } const blank = {{WS_POPUP | WS_VISIBLE, 0, 0, 0, 0, 200, 100}, 0, 0, 0};
-        window = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &blank.head, nullptr, Procedure, 0);
-        commands.clear();
-    }
-    ~Dialog() { DestroyWindow(window); }
-
-    static INT_PTR CALLBACK Procedure(HWND, UINT message, WPARAM wParam, LPARAM)
-    {
-        if (message == WM_COMMAND)
-            commands.push_back(LOWORD(wParam));
-        return message == WM_COMMAND;
-    }
-
-    HWND Add(LPCWSTR className, DWORD style, int id) const
-    {
-        return CreateWindowExW(0, className, TEXT(""), style | WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10,
-                               10 + 40 * id, 100, 36, window,
-                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-    }
-
-    void Key(HWND target, WPARAM key) const
-    {
-        MSG down = {target, WM_KEYDOWN, key, 1, 0, {}};
-        IsDialogMessageW(window, &down);
-        MSG queued = {};
-        while (PeekMessageW(&queued, nullptr, 0, 0, PM_REMOVE)) {
-            if (!IsDialogMessageW(window, &queued))
-                DispatchMessageW(&queued);
-        }
-    }
-    static auto TimesPressed(int id) { return std::count(commands.begin(), commands.end(), id); }
-
-    HWND window;
-    static inline std::vector<int> commands;
-};
-
-TEST(Edit, SeveralLinesGiveTheDialogItsKeysBack)
-{
-    const Dialog dialog;
-    const HWND plain = dialog.Add(TEXT("Edit"), kMulti, 3);
-    const HWND wanting = dialog.Add(TEXT("Edit"), kMulti | ES_WANTRETURN, 4);
-    dialog.Add(TEXT("Button"), BS_DEFPUSHBUTTON, IDOK);
-    SetFocus(plain);
-    Dialog::commands.clear();
-    dialog.Key(plain, VK_RETURN);
-    EXPECT_EQ(TextOf(plain), Text());
-    EXPECT_EQ(Dialog::TimesPressed(IDOK), 1);
-    SetFocus(plain);
-    dialog.Key(plain, VK_TAB);
-    EXPECT_EQ(TextOf(plain), Text());
-    EXPECT_EQ(GetFocus(), wanting);
-    Dialog::commands.clear();
-    dialog.Key(wanting, VK_RETURN);
-    EXPECT_EQ(TextOf(wanting), TEXT("\r\n"));
-    EXPECT_EQ(Dialog::TimesPressed(IDOK), 0);
-}
-
-TEST(Edit, PressedMouseSelects)
-{
-    Parent parent;
-    const HWND edit = parent.Add(TEXT("Edit"), TEXT("some words"), ES_AUTOHSCROLL, kLine);
-    const auto at = [&](int position) {
-        return SendMessageW(edit, EM_POSFROMCHAR, static_cast<WPARAM>(position), 0) + MAKELONG(1, 2);
-    };
-    SendMessageW(edit, WM_LBUTTONDOWN, MK_LBUTTON, at(2));
+    const HWND edit = MakeEdit("some words", kSingle);
+    const auto at = [&](int position) { return PlaceOf(edit, position).x + 1; };
+    Press(edit, at(2));
     EXPECT_EQ(GetFocus(), edit);
     EXPECT_EQ(GetCapture(), edit);
-    EXPECT_EQ(SelectionOf(edit), (Span{2, 2}));
-    SendMessageW(edit, WM_MOUSEMOVE, MK_LBUTTON, at(7));
-    SendMessageW(edit, WM_LBUTTONUP, 0, at(7));
-    EXPECT_EQ(SelectionOf(edit), (Span{2, 7}));
+    Drag(edit, at(7), 5);
+    Release(edit, at(7));
+    EXPECT_EQ(SelectionOf(edit), Span(2, 7));
     EXPECT_EQ(GetCapture(), nullptr);
-    SendMessageW(edit, WM_LBUTTONDBLCLK, MK_LBUTTON, at(6));
-    EXPECT_EQ(SelectionOf(edit), (Span{5, 10}));
+    PressAgain(edit, at(6));
+    EXPECT_EQ(SelectionOf(edit), Span(5, 10));
 }
 
 } // namespace

@@ -9,11 +9,6 @@ using host::BreakLines;
 using host::EditLine;
 using host::EditText;
 
-char16_t AsciiUpper(char16_t unit)
-{
-    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
-}
-
 void Type(EditText& text, std::u16string_view units)
 {
     for (const char16_t& unit : units)
@@ -57,14 +52,6 @@ TEST(EditText, InsertsWhatTheLimitAllowsInPlaceOfTheSelection)
     lines.SetLimit(2);
     EXPECT_TRUE(lines.Insert(u"a\r\n").cut);
     EXPECT_EQ(lines.Text(), u"a") << "a line break comes in whole or not at all";
-}
-
-TEST(EditText, FoldsEveryUnitThatComesIn)
-{
-    EditText text({true, AsciiUpper});
-    text.Set(u"abc");
-    text.Insert(u"d\r\ne");
-    EXPECT_EQ(text.Text(), u"D\r\nEABC");
 }
 
 TEST(EditText, UndoTakesBackOneRunOfTypingOrDeletingAndThenMakesItAgain)

@@ -1,174 +1,142 @@
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include "tests/host/control_parent.h"
+// The up-down control and its buddy, as a program sees them.
+#include "tests/host/control_test.h"
 
 namespace {
 
-using namespace control_test;
-
 constexpr DWORD kUsual = UDS_SETBUDDYINT | UDS_ALIGNRIGHT | UDS_ARROWKEYS | UDS_AUTOBUDDY | UDS_NOTHOUSANDS;
 
-constexpr Told kDeltaPos = {WM_NOTIFY, static_cast<int>(UDN_DELTAPOS)};
-
-struct Spinner
+class UpDownTest : public ControlTest
 {
-    explicit Spinner(DWORD style = kUsual, int low = 1, int high = 999)
+protected:
+    UpDownTest()
     {
-        InitCommonControls();
-        edit = parent.Add(TEXT("Edit"), TEXT("5"), ES_NUMBER | ES_AUTOHSCROLL | WS_BORDER, {10, 10, 80, 32},
-                          100);
-        upDown = parent.Add(UPDOWN_CLASSW, TEXT(""), style, {0, 0, 16, 20}, 101);
-        SendMessageW(upDown, UDM_SETRANGE, 0, MAKELPARAM(high, low));
-        parent.Take();
+        codes_ = {{EN_UPDATE, "update"}, {EN_CHANGE, "change"}};
+        vertical_ = true;
     }
 
-    void ClickUp() { Click(3); }
-    void ClickDown() { Click(Height() - 3); }
-    int Height() const
+    void MakeSpinner(DWORD style = kUsual, int low = 1, int high = 999)
+    {
+        edit_ = Make(TEXT("Edit"), ES_NUMBER | ES_AUTOHSCROLL | WS_BORDER, kWidth, kHeight, "5");
+        upDown_ = Make(UPDOWN_CLASSW, style, 16, 20);
+        Send(upDown_, UDM_SETRANGE, 0, MAKELPARAM(high, low));
+        Told();
+    }
+    void Step(bool up)
     {
         RECT rect = {};
-        GetClientRect(upDown, &rect);
-        return rect.bottom;
-    }
-    void Click(int y)
-    {
-        Press(upDown, 5, y);
-        Release(upDown, 5, y);
+        GetClientRect(upDown_, &rect);
+        Click(upDown_, 5, up ? 3 : rect.bottom - 3);
     }
 
-    Parent parent;
-    HWND edit;
-    HWND upDown;
+    LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message != WM_NOTIFY)
+            return ControlTest::OnMessage(window, message, wParam, lParam);
+        if (reinterpret_cast<const NMHDR*>(lParam)->code == UDN_DELTAPOS)
+            Note("delta");
+        return refuses_;
+    }
+
+    static constexpr int kWidth = 70;
+    static constexpr int kHeight = 22;
+    HWND edit_ = nullptr;
+    HWND upDown_ = nullptr;
+    bool refuses_ = false;
 };
 
-TEST(UpDown, StandsAtTheRightWithinItsBuddysPlace)
+TEST_F(UpDownTest, StandsAtTheRightWithinItsBuddysPlace)
 {
-    Spinner spinner;
-    EXPECT_EQ(reinterpret_cast<HWND>(SendMessageW(spinner.upDown, UDM_GETBUDDY, 0, 0)), spinner.edit);
-    RECT edit = {};
-    RECT upDown = {};
-    GetWindowRect(spinner.edit, &edit);
-    GetWindowRect(spinner.upDown, &upDown);
-    MapWindowPoints(nullptr, spinner.parent, reinterpret_cast<POINT*>(&edit), 2);
-    MapWindowPoints(nullptr, spinner.parent, reinterpret_cast<POINT*>(&upDown), 2);
+    MakeSpinner();
+    EXPECT_EQ(reinterpret_cast<HWND>(SendMessageW(upDown_, UDM_GETBUDDY, 0, 0)), edit_);
+    const RECT edit = RectOf(edit_);
+    const RECT upDown = RectOf(upDown_);
     EXPECT_EQ(edit.left, 10);
-    EXPECT_LT(edit.right, 80);
-    EXPECT_LE(upDown.right, 80);
-    EXPECT_GE(upDown.right, 76);
-    EXPECT_LE(upDown.left - edit.right, 0);
+    EXPECT_LT(edit.right, 10 + kWidth);
+    EXPECT_LE(upDown.left, edit.right);
+    EXPECT_LE(upDown.right, 10 + kWidth);
+    EXPECT_GE(upDown.right, 10 + kWidth - 4);
     EXPECT_EQ(upDown.top, 10);
-    EXPECT_EQ(upDown.bottom, 32);
+    EXPECT_EQ(upDown.bottom, 10 + kHeight);
 }
 
-TEST(UpDown, ArrowAsksThenShowsThenTells)
+TEST_F(UpDownTest, ArrowAsksThenShowsThenTells)
 {
-    Spinner spinner;
-    SetFocus(spinner.edit);
-    SetWindowTextW(spinner.edit, TEXT("41"));
-    spinner.parent.Take();
-    Press(spinner.upDown, 5, 3);
-    EXPECT_EQ(spinner.parent.Take(),
-              (Tolds{kDeltaPos, Command(EN_UPDATE), Command(EN_CHANGE), {WM_VSCROLL, SB_THUMBPOSITION, 42}}));
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("42"));
-    Release(spinner.upDown, 5, 3);
-    EXPECT_EQ(spinner.parent.Take(), (Tolds{{WM_VSCROLL, SB_ENDSCROLL, 42}}));
+    MakeSpinner();
+    SetFocus(edit_);
+    Told();
+    Press(upDown_, 5, 3);
+    EXPECT_EQ(Told(), "delta update change position6");
+    EXPECT_EQ(TextOf(edit_), "6");
+    Release(upDown_, 5, 3);
+    EXPECT_EQ(Told(), "end");
     EXPECT_EQ(GetCapture(), nullptr);
+    refuses_ = true;
+    Step(true);
+    EXPECT_EQ(TextOf(edit_), "6");
+    EXPECT_EQ(LOWORD(Send(upDown_, UDM_GETPOS)), 6);
 }
 
-TEST(UpDown, RefusedStepChangesNothing)
+TEST_F(UpDownTest, StepsStayInTheRangeOrWrapAround)
 {
-    Spinner spinner;
-    spinner.parent.notifyAnswer = TRUE;
-    spinner.ClickUp();
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("5"));
-    EXPECT_EQ(LOWORD(SendMessageW(spinner.upDown, UDM_GETPOS, 0, 0)), 5);
-}
-
-TEST(UpDown, StepsStayInTheRangeOrWrapAround)
-{
-    struct
+    constexpr struct
     {
         DWORD style;
         int low, high;
-        LPCWSTR before;
-        LPCWSTR afterUp;
-        LPCWSTR afterDown;
-    } const kCases[] = {
-        {kUsual, 1, 999, TEXT("7"), TEXT("8"), TEXT("7")},
-        {kUsual, 1, 999, TEXT("999"), TEXT("999"), TEXT("998")},
-        {kUsual | UDS_WRAP, 1, 999, TEXT("999"), TEXT("1"), TEXT("999")},
-        {kUsual, 10, 1, TEXT("7"), TEXT("6"), TEXT("7")},
-        {kUsual, -20, 20, TEXT("0"), TEXT("1"), TEXT("0")},
-        {kUsual & ~UDS_NOTHOUSANDS, 0, 30000, TEXT("999"), TEXT("1,000"), TEXT("999")},
+        const char* before;
+        const char* afterUp;
+        const char* afterDown;
+    } kCases[] = {
+        {kUsual, 1, 999, "7", "8", "7"},
+        {kUsual, 1, 999, "999", "999", "998"},
+        {kUsual | UDS_WRAP, 1, 999, "999", "1", "999"},
+        {kUsual, 10, 1, "7", "6", "7"},
+        {kUsual, -20, 20, "0", "1", "0"},
+        {kUsual & ~UDS_NOTHOUSANDS, 0, 30000, "999", "1,000", "999"},
     };
     for (const auto& each : kCases) {
-        Spinner spinner(each.style, each.low, each.high);
-        SetWindowTextW(spinner.edit, each.before);
-        spinner.ClickUp();
-        EXPECT_EQ(TextOf(spinner.edit), each.afterUp) << each.high;
-        spinner.ClickDown();
-        EXPECT_EQ(TextOf(spinner.edit), each.afterDown) << each.high;
+        MakeSpinner(each.style, each.low, each.high);
+        SetText(edit_, each.before);
+        Step(true);
+        EXPECT_EQ(TextOf(edit_), each.afterUp) << each.high;
+        Step(false);
+        EXPECT_EQ(TextOf(edit_), each.afterDown) << each.high;
+        DestroyWindow(edit_);
+        DestroyWindow(upDown_);
     }
 }
 
-TEST(UpDown, PositionFollowsTheBuddyAndTellsWhenThatIsNoNumber)
+TEST_F(UpDownTest, PositionFollowsTheBuddyAndTellsWhenThatIsNoNumber)
 {
-    Spinner spinner;
-    SendMessageW(spinner.upDown, UDM_SETPOS, 0, 50);
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_SETPOS, 0, 77), 50);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("77"));
-    SetWindowTextW(spinner.edit, TEXT("123"));
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_GETPOS, 0, 0), MAKELONG(123, 0));
-    SetWindowTextW(spinner.edit, TEXT("many"));
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_GETPOS, 0, 0), MAKELONG(123, 1));
-    SendMessageW(spinner.upDown, UDM_SETPOS, 0, 5000);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("999"));
-    SendMessageW(spinner.upDown, UDM_SETPOS32, 0, -8);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("1"));
+    MakeSpinner();
+    Send(upDown_, UDM_SETPOS, 0, 50);
+    EXPECT_EQ(Send(upDown_, UDM_SETPOS, 0, 77), 50);
+    EXPECT_EQ(TextOf(edit_), "77");
+    SetText(edit_, "123");
+    EXPECT_EQ(Send(upDown_, UDM_GETPOS), MAKELONG(123, 0));
+    SetText(edit_, "many");
+    EXPECT_EQ(Send(upDown_, UDM_GETPOS), MAKELONG(123, 1));
+    Send(upDown_, UDM_SETPOS, 0, 5000);
+    EXPECT_EQ(TextOf(edit_), "999");
+    Send(upDown_, UDM_SETRANGE32, static_cast<WPARAM>(-70000), 70000);
+    Send(upDown_, UDM_SETPOS32, 0, -80000);
+    EXPECT_EQ(TextOf(edit_), "-70000");
     BOOL failed = TRUE;
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_GETPOS32, 0, reinterpret_cast<LPARAM>(&failed)), 1);
+    EXPECT_EQ(Send(upDown_, UDM_GETPOS32, 0, &failed), -70000);
     EXPECT_FALSE(failed);
 }
 
-TEST(UpDown, ArrowKeysInTheBuddyStep)
+TEST_F(UpDownTest, ArrowKeysInTheBuddyStep)
 {
-    Spinner spinner;
-    SetFocus(spinner.edit);
-    SendMessageW(spinner.edit, WM_KEYDOWN, VK_UP, 0);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("6"));
-    SendMessageW(spinner.edit, WM_KEYDOWN, VK_DOWN, 0);
-    SendMessageW(spinner.edit, WM_KEYDOWN, VK_DOWN, 0);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("4"));
-    DestroyWindow(spinner.upDown);
-    SendMessageW(spinner.edit, WM_KEYDOWN, VK_DOWN, 0);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("4"));
-}
-
-TEST(UpDown, RangeBaseAndStepsAreKept)
-{
-    Spinner spinner;
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_GETRANGE, 0, 0), MAKELONG(999, 1));
-    SendMessageW(spinner.upDown, UDM_SETRANGE32, static_cast<WPARAM>(-70000), 70000);
-    int low = 0;
-    int high = 0;
-    SendMessageW(spinner.upDown, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low),
-                 reinterpret_cast<LPARAM>(&high));
-    EXPECT_EQ(low, -70000);
-    EXPECT_EQ(high, 70000);
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_SETBASE, 7, 0), 0);
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_SETBASE, 16, 0), 10);
-    SendMessageW(spinner.upDown, UDM_SETPOS, 0, 255);
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("0x00FF"));
-    UDACCEL steps[2] = {{0, 5}, {3, 50}};
-    EXPECT_TRUE(SendMessageW(spinner.upDown, UDM_SETACCEL, 2, reinterpret_cast<LPARAM>(steps)));
-    UDACCEL found[2] = {};
-    EXPECT_EQ(SendMessageW(spinner.upDown, UDM_GETACCEL, 2, reinterpret_cast<LPARAM>(found)), 2);
-    EXPECT_EQ(found[1].nInc, 50u);
-    spinner.ClickUp();
-    EXPECT_EQ(TextOf(spinner.edit), TEXT("0x0104"));
+    MakeSpinner();
+    SetFocus(edit_);
+    Key(edit_, VK_UP);
+    EXPECT_EQ(TextOf(edit_), "6");
+    Key(edit_, VK_DOWN);
+    Key(edit_, VK_DOWN);
+    EXPECT_EQ(TextOf(edit_), "4");
+    DestroyWindow(upDown_);
+    Key(edit_, VK_DOWN);
+    EXPECT_EQ(TextOf(edit_), "4");
 }
 
 } // namespace

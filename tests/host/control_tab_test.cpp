@@ -1,0 +1,124 @@
+// The tab control, as a program sees it.
+#include "tests/host/control_test.h"
+
+namespace {
+
+class TabTest : public ControlTest
+{
+protected:
+    void SetUp() override
+    {
+        ControlTest::SetUp();
+        tabs_ = Make(WC_TABCONTROLW, WS_CLIPSIBLINGS, 300, 200);
+        for (const char* text : {"Basic", "&Advanced", "Favourites"})
+            Insert(Send(tabs_, TCM_GETITEMCOUNT), text);
+    }
+
+    int Insert(int index, const char* text)
+    {
+        Wide wide = Widened(text);
+        TCITEMW item = {};
+        item.mask = TCIF_TEXT | TCIF_PARAM;
+        item.pszText = wide.data();
+        item.lParam = 100 + index;
+        return Send(tabs_, TCM_INSERTITEMW, static_cast<WPARAM>(index), &item);
+    }
+    RECT TabRect(int index)
+    {
+        RECT rect = {};
+        EXPECT_TRUE(Send(tabs_, TCM_GETITEMRECT, static_cast<WPARAM>(index), &rect));
+        return rect;
+    }
+    int Selected() { return Send(tabs_, TCM_GETCURSEL); }
+
+    LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message != WM_NOTIFY)
+            return ControlTest::OnMessage(window, message, wParam, lParam);
+        const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+        EXPECT_EQ(header.hwndFrom, tabs_);
+        EXPECT_EQ(header.idFrom, UINT_PTR{kId});
+        if (header.code == TCN_SELCHANGING)
+            Note("changing" + std::to_string(Selected()));
+        if (header.code == TCN_SELCHANGE)
+            Note("change" + std::to_string(Selected()));
+        return header.code == TCN_SELCHANGING && refuses_;
+    }
+
+    HWND tabs_ = nullptr;
+    bool refuses_ = false;
+};
+
+TEST_F(TabTest, ItemsKeepTextAndData)
+{
+    WCHAR text[4] = {};
+    TCITEMW item = {};
+    item.mask = TCIF_TEXT | TCIF_PARAM;
+    item.pszText = text;
+    item.cchTextMax = 4;
+    EXPECT_TRUE(Send(tabs_, TCM_GETITEMW, 1, &item));
+    EXPECT_EQ(Narrowed(item.pszText), "&Ad");
+    EXPECT_EQ(item.lParam, 101);
+    EXPECT_FALSE(Send(tabs_, TCM_GETITEMW, 3, &item));
+}
+
+TEST_F(TabTest, SelectionFollowsItsTab)
+{
+    EXPECT_EQ(Selected(), 0) << "the first tab is selected from the start";
+    EXPECT_EQ(Send(tabs_, TCM_SETCURSEL, 1), 0);
+    EXPECT_EQ(Send(tabs_, TCM_SETCURSEL, 9), -1);
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(Insert(0, "New"), 0);
+    EXPECT_EQ(Selected(), 2);
+    EXPECT_EQ(Told(), "") << "a program that selects a tab is not told";
+}
+
+TEST_F(TabTest, PagesLieBelowTheTabs)
+{
+    const RECT whole = {0, 0, 300, 200};
+    RECT rect = whole;
+    Send(tabs_, TCM_ADJUSTRECT, FALSE, &rect);
+    EXPECT_EQ(rect.left, 4);
+    EXPECT_EQ(rect.right, 296);
+    EXPECT_EQ(rect.bottom, 196);
+    EXPECT_GE(rect.top, TabRect(0).bottom);
+    EXPECT_LT(rect.top, 40);
+    Send(tabs_, TCM_ADJUSTRECT, TRUE, &rect);
+    EXPECT_TRUE(EqualRect(&rect, &whole));
+    EXPECT_EQ(TabRect(0).right, TabRect(1).left);
+    EXPECT_EQ(TabRect(1).top, TabRect(2).top);
+    EXPECT_GT(TabRect(1).right - TabRect(1).left, TabRect(0).right - TabRect(0).left);
+}
+
+TEST_F(TabTest, UserIsAskedForAndTold)
+{
+    const auto click = [&](int index) {
+        const RECT rect = TabRect(index);
+        Click(tabs_, (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+        return Told();
+    };
+    EXPECT_EQ(click(1), "changing0 change1");
+    EXPECT_EQ(click(1), "");
+    EXPECT_EQ(GetFocus(), tabs_) << "a click on the selected tab takes the focus";
+    refuses_ = true;
+    EXPECT_EQ(click(2), "changing1");
+    EXPECT_EQ(Selected(), 1);
+}
+
+TEST_F(TabTest, ArrowsChangeTheTab)
+{
+    SetFocus(tabs_);
+    constexpr std::pair<WPARAM, const char*> kSteps[] = {{VK_RIGHT, "changing0 change1"},
+                                                         {VK_RIGHT, "changing1 change2"},
+                                                         {VK_RIGHT, ""},
+                                                         {VK_LEFT, "changing2 change1"},
+                                                         {VK_DOWN, ""}};
+    for (const auto& [key, told] : kSteps) {
+        Key(tabs_, key);
+        EXPECT_EQ(Told(), told);
+    }
+    Send(tabs_, TCM_SETCURFOCUS, 0);
+    EXPECT_EQ(Told(), "changing1 change0");
+}
+
+} // namespace
