@@ -9,6 +9,7 @@
 
 namespace {
 
+using namespace psui;
 using namespace test;
 
 class Capabilities : public testing::Test
@@ -17,7 +18,7 @@ protected:
     OpenWorld world_;
     Library library_;
     Printer printer_{u"Alpha", kFullModel};
-    alignas(8) psui::DriverDevMode default_ = library_.DefaultRecord(printer_.name());
+    alignas(8) DriverDevMode default_ = library_.DefaultRecord(printer_.name());
 
     DWORD Ask(WORD capability, void* output = nullptr, DEVMODEW* record = nullptr)
     {
@@ -39,7 +40,7 @@ TEST_F(Capabilities, AnswerEveryIndex)
     for (const auto& [capability, answer] : answers) {
         // Without a record of the caller's the printer's stored one counts; a printer may have none.
         EXPECT_EQ(Ask(capability), capability == DC_FIELDS ? 0x02011A03u : answer) << capability;
-        alignas(8) psui::DriverDevMode record = default_;
+        alignas(8) DriverDevMode record = default_;
         EXPECT_EQ(Ask(capability, nullptr, &record.dmPublic), answer) << capability;
     }
 }

@@ -15,9 +15,8 @@
 
 namespace {
 
-using psui::DocumentPropertyHeader;
-using psui::DriverDevMode;
-using test::Printer;
+using namespace psui;
+using namespace test;
 
 constexpr LONG kRecordSize = 1852;
 constexpr BYTE kUntouched = 0xA5;
@@ -25,8 +24,8 @@ constexpr BYTE kUntouched = 0xA5;
 class DocumentSettings : public testing::Test
 {
 protected:
-    test::World world_;
-    Printer printer_{u"P1", test::kFullModel};
+    World world_;
+    Printer printer_{u"P1", kFullModel};
 
     LONG Run(DEVMODEW* output, DEVMODEW* input, DWORD mode)
     {
@@ -90,7 +89,7 @@ TEST_F(DocumentSettings, FailForAHandleThatIsNoPrinter)
         header.fMode = DM_COPY;
         EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
     }
-    EXPECT_EQ(test::Differences(output, untouched), "");
+    EXPECT_EQ(Differences(output, untouched), "");
 }
 
 TEST_F(DocumentSettings, AreCancelledWhenNobodyAnswersThePrompt)
@@ -101,7 +100,7 @@ TEST_F(DocumentSettings, AreCancelledWhenNobodyAnswersThePrompt)
     EXPECT_EQ(
         DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic, nullptr),
         0);
-    EXPECT_EQ(test::Differences(output, untouched), "");
+    EXPECT_EQ(Differences(output, untouched), "");
 }
 
 TEST_F(DocumentSettings, CannotBePromptedForWithoutTheCommonSheets)
@@ -118,7 +117,7 @@ TEST_F(DocumentSettings, CannotBePromptedForWithoutTheCommonSheets)
 
 TEST_F(DocumentSettings, KeepInsideAnOutputOfTheInputsShape)
 {
-    const std::pair<psui::RecordShape, size_t> cases[] = {
+    const std::pair<RecordShape, size_t> cases[] = {
         // The input, and the bytes of the output; none for a shape that cannot be used.
         {{0x0401, 1301, 220, 1632}, 1852},    {{0x0401, 1301, 220, 0}, 220}, {{0x0400, 1301, 212, 112}, 324},
         {{0x0320, 848, 188, 112}, 300},       {{0x0320, 848, 188, 0}, 188},  {{0x0401, 7, 220, 5000}, 1852},
@@ -126,25 +125,24 @@ TEST_F(DocumentSettings, KeepInsideAnOutputOfTheInputsShape)
         {{0x0401, 1301, 65535, 65535}, 1852}, {{0, 1301, 156, 1632}, 0},     {{0x0401, 1301, 0, 0}, 0},
         {{0x0401, 1301, 71, 1632}, 0},
     };
-    test::GuardedMemory inputMemory(2 * 65535), outputMemory(kRecordSize);
+    GuardedMemory inputMemory(2 * 65535), outputMemory(kRecordSize);
     for (const auto& [shape, owned] : cases) {
         SCOPED_TRACE(testing::Message() << shape.publicSize << " + " << shape.privateSize);
-        auto* input =
-            reinterpret_cast<DEVMODEW*>(inputMemory.Last(std::max(shape.TotalSize(), psui::kHeaderSize)));
-        psui::SetShape(input, shape);
+        auto* input = reinterpret_cast<DEVMODEW*>(inputMemory.Last(std::max(shape.TotalSize(), kHeaderSize)));
+        SetShape(input, shape);
         BYTE* output = outputMemory.Last(owned);
         EXPECT_EQ(Run(reinterpret_cast<DEVMODEW*>(output), input, DM_COPY), 1);
         EXPECT_EQ(Run(input, input, DM_COPY), 1) << "in place";
         if (owned) {
-            EXPECT_EQ(psui::ShapeOf(output).TotalSize(), owned);
-            EXPECT_EQ(psui::ShapeOf(input).TotalSize(), owned);
+            EXPECT_EQ(ShapeOf(output).TotalSize(), owned);
+            EXPECT_EQ(ShapeOf(input).TotalSize(), owned);
         }
     }
 }
 
 TEST_F(DocumentSettings, AnswerAHeaderWithinTheBytesThatItStates)
 {
-    test::GuardedMemory memory(64);
+    GuardedMemory memory(64);
     for (WORD size = 2; size <= 64; ++size) {
         SCOPED_TRACE(size);
         alignas(8) DriverDevMode output = {};
@@ -170,15 +168,15 @@ TEST_F(DocumentSettings, AnswerAHeaderWithinTheBytesThatItStates)
 std::string BrokenRule(const DriverDevMode& record)
 {
     const DEVMODEW& pub = record.dmPublic;
-    const psui::PrivateDevMode& priv = record.dmPrivate;
+    const PrivateDevMode& priv = record.dmPrivate;
     const int printedOn = priv.bFitToPaper == 1 ? priv.wOutputPaper : pub.dmPaperSize;
     const bool plain = priv.wMediaClass == 0 || priv.wMediaClass == 8 || priv.wMediaClass == 12;
     const bool fits = priv.bFitToPaper == 1;
     const std::tuple<const char*, bool> rules[] = {
         {"end mark", std::memcmp(priv.endMark, "EOSC", 4) == 0},
         {"signature", std::memcmp(priv.dwSignature, "PRIV", 4) == 0},
-        {"second tray", pub.dmDefaultSource != 2 || (plain && psui::FitsSecondTray(printedOn))},
-        {"envelopes are thick", !psui::IsEnvelope(printedOn) || priv.wThickness == 2},
+        {"second tray", pub.dmDefaultSource != 2 || (plain && FitsSecondTray(printedOn))},
+        {"envelopes are thick", !IsEnvelope(printedOn) || priv.wThickness == 2},
         {"user size bits",
          ((pub.dmFields & (DM_PAPERLENGTH | DM_PAPERWIDTH)) != 0) == (pub.dmPaperSize == 256)},
         {"collate", (priv.bTailCollate == 1) == (pub.dmCollate == 1)},
@@ -194,7 +192,7 @@ std::string BrokenRule(const DriverDevMode& record)
     for (const auto& [name, holds] : rules)
         if (!holds)
             return name;
-    return test::FieldOutOfRange(record);
+    return FieldOutOfRange(record);
 }
 
 /// Boundaries, papers and media, and some that lie anywhere.
@@ -209,9 +207,9 @@ std::vector<uint64_t> TriedValues()
 }
 
 /// Of fields longer than a number every byte is set to the low one.
-void SetField(DriverDevMode& record, const psui::DevModeField& field, uint64_t value)
+void SetField(DriverDevMode& record, const DevModeField& field, uint64_t value)
 {
-    BYTE* bytes = test::BytesOf(record, field);
+    BYTE* bytes = BytesOf(record, field);
     if (field.width <= sizeof(value))
         std::memcpy(bytes, &value, field.width);
     else
@@ -223,10 +221,10 @@ TEST_F(DocumentSettings, ComeBackConsistentWhateverFieldWasChanged)
     const std::vector<uint64_t> values = TriedValues();
     const DriverDevMode original = Settled();
     ASSERT_EQ(BrokenRule(original), "");
-    for (const psui::DevModeField& field : psui::kDevModeFields) {
+    for (const DevModeField& field : kDevModeFields) {
         // The shape says how many bytes the record has, which other tests lie about. The end mark is the
         // caller's own: the printing side finds the tail from the front.
-        if ((field.offset >= offsetof(DEVMODEW, dmSpecVersion) && field.offset < psui::kHeaderSize) ||
+        if ((field.offset >= offsetof(DEVMODEW, dmSpecVersion) && field.offset < kHeaderSize) ||
             std::string_view(field.name) == "endMark")
             continue;
         for (const uint64_t value : values) {
@@ -234,7 +232,7 @@ TEST_F(DocumentSettings, ComeBackConsistentWhateverFieldWasChanged)
             SetField(input, field, value);
             const DriverDevMode output = Merged(&input.dmPublic);
             ASSERT_EQ(BrokenRule(output), "") << field.name << " = " << value;
-            ASSERT_EQ(test::Text(output.dmPublic.dmDeviceName, 32), u"P1") << field.name;
+            ASSERT_EQ(Text(output.dmPublic.dmDeviceName, 32), u"P1") << field.name;
         }
     }
 }
@@ -244,14 +242,14 @@ TEST_F(DocumentSettings, LeaveNothingBehindWhateverFails)
     alignas(8) DriverDevMode input = Settled(), output;
     const DriverDevMode untouched = {};
     LONG result = 0;
-    for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls,
-                                           test::kCallsOnwards, test::kReads<host::Misread::Huge>}) {
-        test::FailEach(
+    for (const Requests& requests :
+         {kAllocations, kAllocationsOnwards, kCalls, kCallsOnwards, kReads<host::Misread::Huge>}) {
+        FailEach(
             requests, [&] { output = untouched; },
             [&] { result = Run(&output.dmPublic, &input.dmPublic, DM_COPY); },
             [&](bool failed) {
                 EXPECT_TRUE(result == 1 || (failed && result == -1)) << result;
-                EXPECT_EQ(result == 1 ? BrokenRule(output) : test::Differences(output, untouched), "");
+                EXPECT_EQ(result == 1 ? BrokenRule(output) : Differences(output, untouched), "");
             });
     }
 }

@@ -12,20 +12,17 @@
 
 namespace {
 
-using psui::ContextPtr;
-using psui::DriverDevMode;
-using psui::PrinterUiContext;
-using test::Printer;
-using test::World;
+using namespace psui;
+using namespace test;
 
 struct ContextTest : testing::Test
 {
     World world;
-    Printer printer{u"P1", test::kFullModel};
+    Printer printer{u"P1", kFullModel};
 
     ContextPtr Create(const DEVMODEW* input = nullptr)
     {
-        return ContextPtr(psui::CreatePrinterUiContext(printer.handle(), input));
+        return ContextPtr(CreatePrinterUiContext(printer.handle(), input));
     }
 
     /// The record that a context without any other record holds.
@@ -35,15 +32,15 @@ struct ContextTest : testing::Test
 TEST_F(ContextTest, HoldsThePrinterAndItsDefaults)
 {
     const ContextPtr context = Create();
-    ASSERT_TRUE(psui::IsValidContext(context.get()));
+    ASSERT_TRUE(IsValidContext(context.get()));
     EXPECT_EQ(context->hPrinter, printer.handle());
     ASSERT_NE(context->pModel, nullptr);
     EXPECT_EQ(context->pModel->printRatePpm, 12u);
     EXPECT_EQ(std::u16string(context->pDriverName), u"P1");
     EXPECT_EQ(context->bHubProcessor, 0u);
     EXPECT_EQ(std::u16string(context->pHelpFile), u"C:\\windows\\system32\\spool\\drivers\\x64\\pscript.hlp");
-    test::ExpectFields(context->dmWork, {{"dmSize", 220}, {"dmDriverExtra", 1632}, {"dmPaperSize", 1}});
-    EXPECT_EQ(test::Text(context->dmWork.dmPublic.dmDeviceName, 32), u"P1");
+    ExpectFields(context->dmWork, {{"dmSize", 220}, {"dmDriverExtra", 1632}, {"dmPaperSize", 1}});
+    EXPECT_EQ(Text(context->dmWork.dmPublic.dmDeviceName, 32), u"P1");
     EXPECT_EQ(context->PrinterData.wVersion, 1301);
     EXPECT_EQ(context->PrinterData.wSize, 108);
     EXPECT_EQ(context->wCurrentWatermark, 0);
@@ -53,15 +50,15 @@ TEST_F(ContextTest, HoldsThePrinterAndItsDefaults)
 TEST_F(ContextTest, MergesTheStoredThenTheCallersRecord)
 {
     DriverDevMode stored = Default(), input = stored;
-    test::SetAll(stored, "dmOrientation=2 wMediaValue=77 dmPaperSize=9");
-    test::SetAll(input, "dmPaperSize=1 wHrcValue=88");
-    const Printer other(u"P2", test::kFullModel, &stored.dmPublic);
-    const ContextPtr alone(psui::CreatePrinterUiContext(other.handle(), nullptr));
-    test::ExpectFields(alone->dmWork, "dmOrientation=2 wMediaValue=77 dmPaperSize=9");
-    EXPECT_EQ(test::Text(alone->dmWork.dmPublic.dmFormName, 32), u"A4");
-    const ContextPtr both(psui::CreatePrinterUiContext(other.handle(), &input.dmPublic));
-    test::ExpectFields(both->dmWork, "dmOrientation=1 wHrcValue=88 dmPaperSize=1");
-    EXPECT_EQ(test::Text(both->dmWork.dmPublic.dmFormName, 32), u"Letter");
+    SetAll(stored, "dmOrientation=2 wMediaValue=77 dmPaperSize=9");
+    SetAll(input, "dmPaperSize=1 wHrcValue=88");
+    const Printer other(u"P2", kFullModel, &stored.dmPublic);
+    const ContextPtr alone(CreatePrinterUiContext(other.handle(), nullptr));
+    ExpectFields(alone->dmWork, "dmOrientation=2 wMediaValue=77 dmPaperSize=9");
+    EXPECT_EQ(Text(alone->dmWork.dmPublic.dmFormName, 32), u"A4");
+    const ContextPtr both(CreatePrinterUiContext(other.handle(), &input.dmPublic));
+    ExpectFields(both->dmWork, "dmOrientation=1 wHrcValue=88 dmPaperSize=1");
+    EXPECT_EQ(Text(both->dmWork.dmPublic.dmFormName, 32), u"Letter");
 }
 
 TEST_F(ContextTest, KeepsTheWatermarkThatIsSwitchedOn)
@@ -71,20 +68,20 @@ TEST_F(ContextTest, KeepsTheWatermarkThatIsSwitchedOn)
                                                  {"wWatermarkIndex=5 dwWatermarkFlags=2", 0}};
     for (const auto& [fields, current] : cases) {
         DriverDevMode input = Default();
-        test::SetAll(input, fields);
+        SetAll(input, fields);
         EXPECT_EQ(Create(&input.dmPublic)->wCurrentWatermark, current) << fields;
     }
 }
 
 TEST_F(ContextTest, TakesTheStoredPrinterWideDataAndKeepsItsOwnVersion)
 {
-    const test::Administered administered(printer);
-    psui::PrinterWideData stored = Create()->PrinterData;
+    const Administered administered(printer);
+    PrinterWideData stored = Create()->PrinterData;
     stored.wVersion = 7;
     stored.wSize = 9;
     stored.dwStringSet = 3;
-    ASSERT_TRUE(psui::WritePrinterDataBlock(administered.get(), &stored, sizeof(stored),
-                                            psui::PrinterDataPair::PrinterWide));
+    ASSERT_TRUE(
+        WritePrinterDataBlock(administered.get(), &stored, sizeof(stored), PrinterDataPair::PrinterWide));
     const ContextPtr context = Create();
     EXPECT_EQ(context->PrinterData.dwStringSet, 3u);
     EXPECT_EQ(context->PrinterData.wVersion, 1301);
@@ -93,10 +90,10 @@ TEST_F(ContextTest, TakesTheStoredPrinterWideDataAndKeepsItsOwnVersion)
 
 TEST_F(ContextTest, RegistersTheModelsPapersOnce)
 {
-    const test::Administered administered(printer);
+    const Administered administered(printer);
     std::u16string form = u"A4_BL";
     for (const bool added : {true, false}) {
-        ContextPtr(psui::CreatePrinterUiContext(administered.get(), nullptr));
+        ContextPtr(CreatePrinterUiContext(administered.get(), nullptr));
         EXPECT_EQ(DeleteFormW(administered.get(), form.data()), added);
     }
 }
@@ -107,23 +104,23 @@ TEST_F(ContextTest, IsValidOnlyAtItsOwnAddress)
     alignas(PrinterUiContext) BYTE copy[sizeof(PrinterUiContext) + 8];
     auto* moved = reinterpret_cast<PrinterUiContext*>(copy);
     std::memcpy(copy, context.get(), sizeof(PrinterUiContext));
-    EXPECT_FALSE(psui::IsValidContext(moved));
+    EXPECT_FALSE(IsValidContext(moved));
     moved->pSelf = moved;
-    EXPECT_FALSE(psui::IsValidContext(moved));
+    EXPECT_FALSE(IsValidContext(moved));
     moved->pSelfCheck = moved;
-    EXPECT_TRUE(psui::IsValidContext(moved));
+    EXPECT_TRUE(IsValidContext(moved));
     moved->pSelf = nullptr;
-    EXPECT_FALSE(psui::IsValidContext(moved));
-    EXPECT_FALSE(psui::IsValidContext(nullptr));
+    EXPECT_FALSE(IsValidContext(moved));
+    EXPECT_FALSE(IsValidContext(nullptr));
     for (uintptr_t address = 1; address < 8; ++address) // none of these may be read
-        EXPECT_FALSE(psui::IsValidContext(reinterpret_cast<PrinterUiContext*>(address)));
+        EXPECT_FALSE(IsValidContext(reinterpret_cast<PrinterUiContext*>(address)));
 }
 
 TEST_F(ContextTest, LoadsTheTablesOfItsModel)
 {
     using Numbers = std::vector<uint32_t>;
     const ContextPtr context = Create();
-    ASSERT_TRUE(psui::LoadContextTables(context.get()));
+    ASSERT_TRUE(LoadContextTables(context.get()));
     ASSERT_EQ(context->cPapers, 5u);
     EXPECT_EQ(context->pPaperIds[1], 1);
     EXPECT_EQ(std::u16string(context->pPaperNames[1]), u"Letter");
@@ -145,9 +142,9 @@ TEST_F(ContextTest, LoadsTheTablesOfItsModel)
 
 TEST_F(ContextTest, LoadsEmptyTablesForAModelThatSaysNothing)
 {
-    const Printer empty(u"P2", test::kEmptyModel);
-    const ContextPtr context(psui::CreatePrinterUiContext(empty.handle(), nullptr));
-    ASSERT_TRUE(psui::LoadContextTables(context.get()));
+    const Printer empty(u"P2", kEmptyModel);
+    const ContextPtr context(CreatePrinterUiContext(empty.handle(), nullptr));
+    ASSERT_TRUE(LoadContextTables(context.get()));
     EXPECT_EQ(context->cPapers + context->cMediaTypeValues + context->cThicknessValues, 0u);
     EXPECT_EQ(context->pPaperNames, nullptr);
     EXPECT_EQ(context->cResolutions, 1u);
@@ -169,8 +166,8 @@ TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
     ContextPtr context;
     bool loaded = false;
     const auto create = [&] { context = Create(); };
-    const auto load = [&] { loaded = psui::LoadContextTables(context.get()); };
-    test::FailEach(test::kAllocations, create, load, [&](bool failed) {
+    const auto load = [&] { loaded = LoadContextTables(context.get()); };
+    FailEach(kAllocations, create, load, [&](bool failed) {
         EXPECT_EQ(loaded, !failed);
         if (!loaded)
             ExpectNoTables(*context);
@@ -187,16 +184,15 @@ TEST_F(ContextTest, LeavesNothingBehindWhateverFails)
 {
     alignas(8) DriverDevMode input = Default();
     ContextPtr context;
-    for (const test::Requests& requests :
-         {test::kAllocations, test::kAllocationsOnwards, test::kCalls, test::kCallsOnwards,
-          test::kReads<host::Misread::Grow>, test::kReads<host::Misread::TooSmall>}) {
-        test::FailEach(
+    for (const Requests& requests : {kAllocations, kAllocationsOnwards, kCalls, kCallsOnwards,
+                                     kReads<host::Misread::Grow>, kReads<host::Misread::TooSmall>}) {
+        FailEach(
             requests, [] {}, [&] { context = Create(&input.dmPublic); },
             [&](bool failed) {
                 EXPECT_TRUE(failed || context) << "there is none though nothing failed";
                 if (context) {
-                    EXPECT_TRUE(psui::IsValidContext(context.get()));
-                    EXPECT_EQ(test::FieldOutOfRange(context->dmWork), "");
+                    EXPECT_TRUE(IsValidContext(context.get()));
+                    EXPECT_EQ(FieldOutOfRange(context->dmWork), "");
                 }
                 context.reset();
             });
@@ -215,20 +211,20 @@ TEST_F(ContextTest, NamesTheDriversHelpFileElseThePlatforms)
 {
     const HANDLE heap = GetProcessHeap();
     const std::u16string folder = u"C:\\windows\\system32\\spool\\drivers\\x64\\";
-    EXPECT_EQ(TakePath(psui::GetHelpFilePath(printer.handle(), heap)), folder + u"pscript.hlp");
+    EXPECT_EQ(TakePath(GetHelpFilePath(printer.handle(), heap)), folder + u"pscript.hlp");
 
     alignas(8) BYTE info[4096];
     DWORD needed = 0;
     ASSERT_TRUE(GetPrinterDriverW(printer.handle(), nullptr, 3, info, sizeof(info), &needed));
     auto* driver = reinterpret_cast<DRIVER_INFO_3W*>(info);
     std::u16string help = u"C:\\palette.hlp";
-    test::WriteNative(host::NativePath(help), "help");
+    WriteNative(host::NativePath(help), "help");
     driver->pHelpFile = help.data();
     ASSERT_TRUE(AddPrinterDriverExW(nullptr, 3, info, APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY));
-    EXPECT_EQ(TakePath(psui::GetHelpFilePath(printer.handle(), heap)), folder + u"3\\palette.hlp");
+    EXPECT_EQ(TakePath(GetHelpFilePath(printer.handle(), heap)), folder + u"3\\palette.hlp");
 
     host::FailCalls(0, true);
-    EXPECT_EQ(TakePath(psui::GetHelpFilePath(printer.handle(), heap)), u"");
+    EXPECT_EQ(TakePath(GetHelpFilePath(printer.handle(), heap)), u"");
     host::StopFailing();
 }
 

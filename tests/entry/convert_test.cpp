@@ -3,6 +3,7 @@
 
 namespace {
 
+using namespace psui;
 using namespace test;
 
 class ConvertDevMode : public testing::Test
@@ -11,7 +12,7 @@ protected:
     OpenWorld world_;
     Library library_;
     Printer printer_{u"Alpha", kFullModel};
-    alignas(8) psui::DriverDevMode default_ = library_.DefaultRecord(printer_.name());
+    alignas(8) DriverDevMode default_ = library_.DefaultRecord(printer_.name());
 
     struct Outcome
     {
@@ -47,7 +48,7 @@ TEST_F(ConvertDevMode, BuildsTheDefaultOfTheCountryAndOfTheTextAsItIsNow)
 
 TEST_F(ConvertDevMode, AnswersBadArgumentsAsDocumented)
 {
-    alignas(8) psui::DriverDevMode output = default_;
+    alignas(8) DriverDevMode output = default_;
     DEVMODEW* in = &default_.dmPublic;
     DEVMODEW* out = &output.dmPublic;
     struct Case
@@ -90,11 +91,11 @@ TEST_F(ConvertDevMode, AnswersBadArgumentsAsDocumented)
 
 TEST_F(ConvertDevMode, FailsForAPrinterThatIsNotThere)
 {
-    alignas(8) psui::DriverDevMode output;
+    alignas(8) DriverDevMode output;
     std::u16string missing = u"Missing";
     for (WCHAR* name : {missing.data(), static_cast<WCHAR*>(nullptr)}) {
         LONG size = 9999;
-        EXPECT_FALSE(library_.convert(name, nullptr, &output.dmPublic, &size, psui::kDriverDefault));
+        EXPECT_FALSE(library_.convert(name, nullptr, &output.dmPublic, &size, kDriverDefault));
         EXPECT_EQ(size, 1852);
     }
     std::filesystem::remove(printer_.DataFile());
@@ -115,11 +116,11 @@ TEST_F(ConvertDevMode, MakesTheOldFormat)
     EXPECT_EQ(std::memcmp(old + 188, &default_.dmPrivate, 112), 0);
     EXPECT_EQ(old[300], 0xEE);
 
-    alignas(8) psui::DriverDevMode inPlace = default_;
+    alignas(8) DriverDevMode inPlace = default_;
     ASSERT_TRUE(Convert(2, &inPlace.dmPublic, &inPlace.dmPublic, sizeof(inPlace)).result);
     EXPECT_EQ(std::memcmp(&inPlace, old, 300), 0);
 
-    alignas(8) psui::DriverDevMode back = default_;
+    alignas(8) DriverDevMode back = default_;
     ASSERT_TRUE(Convert(1, reinterpret_cast<DEVMODEW*>(old), &back.dmPublic, sizeof(back)).result);
     EXPECT_EQ(Differences(default_, back), "");
 }

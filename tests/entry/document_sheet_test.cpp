@@ -5,22 +5,21 @@
 
 namespace {
 
-using psui::DriverDevMode;
-using test::Printer;
-using test::SheetCaller;
+using namespace psui;
+using namespace test;
 
 constexpr LONG kRecordSize = 1852;
 
 struct DocumentSheet : testing::Test
 {
-    test::World world;
-    Printer printer{u"P1", test::kFullModel};
+    World world;
+    Printer printer{u"P1", kFullModel};
     alignas(8) DriverDevMode output = {};
     const DriverDevMode untouched = {};
 
     void SetNumber(const WCHAR* name, DWORD number, DWORD type = REG_DWORD)
     {
-        const test::Administered administered(printer);
+        const Administered administered(printer);
         SetPrinterDataW(administered.get(), const_cast<WCHAR*>(name), type, reinterpret_cast<BYTE*>(&number),
                         sizeof(number));
     }
@@ -29,10 +28,10 @@ struct DocumentSheet : testing::Test
 TEST_F(DocumentSheet, InsertsItsPage)
 {
     SheetCaller sheet(printer, DM_COPY, &output);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
     EXPECT_EQ(sheet.info.Result, 0u);
-    const psui::PrinterUiContext* context = sheet.context();
-    ASSERT_TRUE(psui::IsValidContext(context));
+    const PrinterUiContext* context = sheet.context();
+    ASSERT_TRUE(IsValidContext(context));
 
     ASSERT_EQ(sheet.calls.size(), 1u);
     EXPECT_EQ(sheet.calls[0].sheet, &sheet);
@@ -44,11 +43,11 @@ TEST_F(DocumentSheet, InsertsItsPage)
     EXPECT_EQ(sheet.insertion.dwData2, 0u);
     EXPECT_EQ(sheet.page.dwSize, 96u);
     EXPECT_EQ(sheet.page.dwFlags, 0x28u);
-    EXPECT_EQ(sheet.page.hInstance, psui::hLangModule);
+    EXPECT_EQ(sheet.page.hInstance, hLangModule);
     EXPECT_EQ(sheet.page.pszTemplate, MAKEINTRESOURCEW(100));
     EXPECT_EQ(sheet.page.lParam, reinterpret_cast<LPARAM>(context));
     WCHAR title[50];
-    psui::LoadLanguageString(1268, title, 50);
+    LoadLanguageString(1268, title, 50);
     EXPECT_EQ(sheet.pageTitle, title);
     EXPECT_EQ(context->ahPages[0], reinterpret_cast<HANDLE>(0x77));
     EXPECT_EQ(context->awPageEnabled[0], 1);
@@ -65,7 +64,7 @@ TEST_F(DocumentSheet, TakesItsMode)
     } modes[] = {{0, 0, 1}, {DM_COPY | 0x40, 1, 1}, {0x20, 0, 0}, {0x60, 1, 0}};
     for (const auto& c : modes) {
         SheetCaller sheet(printer, c.mode, &output);
-        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
         EXPECT_EQ(sheet.context()->bUserDefault, c.userDefault) << c.mode;
         EXPECT_EQ(sheet.context()->bPermission, c.permission) << c.mode;
     }
@@ -84,7 +83,7 @@ TEST_F(DocumentSheet, TakesThePrintersSwitches)
         SetNumber(TEXT("VSC"), c.vsc, c.type);
         SetNumber(TEXT("WU"), c.wu);
         SheetCaller sheet(printer, DM_COPY, &output);
-        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
         EXPECT_EQ(sheet.context()->bWebFlags, c.flags);
         EXPECT_EQ(sheet.context()->wVscSetting, c.shownVsc);
         EXPECT_EQ(sheet.context()->wWuSetting, c.wu);
@@ -94,14 +93,14 @@ TEST_F(DocumentSheet, TakesThePrintersSwitches)
 TEST_F(DocumentSheet, SaysHowItsWindowIsHeaded)
 {
     SheetCaller sheet(printer, DM_COPY, &output);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-    psui::PropSheetUiInfoHeader header = {};
-    EXPECT_EQ(sheet.Call(psui::kSheetGetInfoHeader, reinterpret_cast<LPARAM>(&header)), 1);
+    ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
+    PropSheetUiInfoHeader header = {};
+    EXPECT_EQ(sheet.Call(kSheetGetInfoHeader, reinterpret_cast<LPARAM>(&header)), 1);
     EXPECT_EQ(header.Flags, 6);
     EXPECT_EQ(header.pTitle, printer.name());
-    EXPECT_EQ(header.hInst, psui::hOwnModule);
+    EXPECT_EQ(header.hInst, hOwnModule);
     EXPECT_EQ(header.IconID, 64062u);
-    EXPECT_EQ(sheet.Call(psui::kSheetGetInfoHeader), -1);
+    EXPECT_EQ(sheet.Call(kSheetGetInfoHeader), -1);
 }
 
 TEST_F(DocumentSheet, HandsTheRecordOutOnceConfirmed)
@@ -120,18 +119,18 @@ TEST_F(DocumentSheet, HandsTheRecordOutOnceConfirmed)
         SCOPED_TRACE(testing::Message() << "mode " << c.mode << " result " << c.result);
         output = untouched;
         SheetCaller sheet(printer, c.mode, c.hasOutput ? &output : nullptr);
-        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-        test::SetAll(sheet.context()->dmWork, "dmOrientation=2 dwDatePrint=0x86 wWatermarkIndex=5");
+        ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
+        SetAll(sheet.context()->dmWork, "dmOrientation=2 dwDatePrint=0x86 wWatermarkIndex=5");
         sheet.context()->wCurrentWatermark = c.currentWatermark;
         EXPECT_EQ(sheet.SetResult(c.result), c.written ? 1 : kRecordSize);
         EXPECT_EQ(sheet.info.Result, c.written ? 1u : 0u);
         EXPECT_EQ(sheet.header.cbOut, c.written ? 0u : 1852u);
-        EXPECT_EQ(test::Differences(output, untouched) == "", !c.written);
+        EXPECT_EQ(Differences(output, untouched) == "", !c.written);
         if (c.written)
-            test::ExpectFields(output, {{"dmSize", 220},
-                                        {"dmOrientation", 2},
-                                        {"dwTailDatePrint", 0x86},
-                                        {"wWatermarkIndex", c.currentWatermark == kNone ? 5 : 3}});
+            ExpectFields(output, {{"dmSize", 220},
+                                  {"dmOrientation", 2},
+                                  {"dwTailDatePrint", 0x86},
+                                  {"wWatermarkIndex", c.currentWatermark == kNone ? 5 : 3}});
     }
 }
 
@@ -139,16 +138,16 @@ TEST_F(DocumentSheet, RefusesWhatItCannotUse)
 {
     SheetCaller sheet(printer, DM_COPY, &output);
     const LPARAM header = std::exchange(sheet.info.lParamInit, 0);
-    EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no header";
+    EXPECT_EQ(sheet.Call(kSheetInitialise), -1) << "no header";
     sheet.info.lParamInit = header;
     sheet.header.hPrinter = nullptr;
-    EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1) << "no printer";
+    EXPECT_EQ(sheet.Call(kSheetInitialise), -1) << "no printer";
     sheet.header.hPrinter = printer.handle();
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
     for (const WORD reason : {4, 5, 77})
         EXPECT_EQ(sheet.Call(reason), -1) << reason;
-    EXPECT_EQ(sheet.Call(psui::kSheetSetResult), -1) << "no result";
-    psui::PrinterUiContext* context = sheet.context();
+    EXPECT_EQ(sheet.Call(kSheetSetResult), -1) << "no result";
+    PrinterUiContext* context = sheet.context();
     context->pSelfCheck = nullptr;
     for (const WORD reason : {1, 2, 3})
         EXPECT_EQ(sheet.Call(reason), -1) << "a broken context, reason " << reason;
@@ -158,11 +157,11 @@ TEST_F(DocumentSheet, RefusesWhatItCannotUse)
 TEST_F(DocumentSheet, LeavesNothingBehindWhenItsPageIsRefused)
 {
     for (const LONG_PTR answer : {LONG_PTR{0}, LONG_PTR{-1}}) {
-        test::WarmModelCache(printer.handle());
+        WarmModelCache(printer.handle());
         const host::Ledger before = host::OpenObjects();
         SheetCaller sheet(printer, DM_COPY, &output);
         sheet.pageHandle = answer;
-        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), -1);
+        EXPECT_EQ(sheet.Call(kSheetInitialise), -1);
         EXPECT_EQ(sheet.info.UserData, 0u);
         EXPECT_EQ(host::OpenObjects(), before);
     }
@@ -170,60 +169,60 @@ TEST_F(DocumentSheet, LeavesNothingBehindWhenItsPageIsRefused)
 
 TEST_F(DocumentSheet, EndsItsContextAndRefusesToBeUsedAgain)
 {
-    test::WarmModelCache(printer.handle());
+    WarmModelCache(printer.handle());
     const host::Ledger before = host::OpenObjects();
     SheetCaller sheet(printer, DM_COPY, &output);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-    psui::GlobalBlock& block = sheet.context()->aGlobalBlocks[psui::kGlobalBlocks - 1];
+    ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
+    GlobalBlock& block = sheet.context()->aGlobalBlocks[kGlobalBlocks - 1];
     block.hBlock = GlobalAlloc(GMEM_MOVEABLE, 10);
     block.pLocked = GlobalLock(block.hBlock);
-    EXPECT_EQ(sheet.Call(psui::kSheetDestroy), 1);
+    EXPECT_EQ(sheet.Call(kSheetDestroy), 1);
     EXPECT_EQ(sheet.info.UserData, 0u);
-    EXPECT_EQ(sheet.Call(psui::kSheetDestroy), -1);
+    EXPECT_EQ(sheet.Call(kSheetDestroy), -1);
     EXPECT_EQ(host::OpenObjects(), before);
 }
 
 TEST_F(DocumentSheet, OpensWithoutALanguageModule)
 {
-    const HMODULE language = std::exchange(psui::hLangModule, nullptr);
+    const HMODULE language = std::exchange(hLangModule, nullptr);
     {
         SheetCaller sheet(printer, DM_COPY, &output);
-        ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
         EXPECT_EQ(sheet.pageTitle, u"");
-        EXPECT_EQ(sheet.page.hInstance, psui::hOwnModule);
-        EXPECT_EQ(sheet.context()->hLangRes, psui::hOwnModule);
+        EXPECT_EQ(sheet.page.hInstance, hOwnModule);
+        EXPECT_EQ(sheet.context()->hLangRes, hOwnModule);
     }
-    psui::hLangModule = language;
+    hLangModule = language;
 }
 
 TEST_F(DocumentSheet, SurvivesEveryFailedRequest)
 {
-    test::WarmModelCache(printer.handle());
-    for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls,
-                                           test::kCallsOnwards, test::kReads<host::Misread::Huge>}) {
+    WarmModelCache(printer.handle());
+    for (const Requests& requests :
+         {kAllocations, kAllocationsOnwards, kCalls, kCallsOnwards, kReads<host::Misread::Huge>}) {
         LONG opened = 0, confirmed = 0, destroyed = 0;
         bool empty = false;
-        test::FailEach(
+        FailEach(
             requests, [&] { output = untouched; },
             [&] {
                 SheetCaller sheet(printer, DM_COPY, &output);
-                opened = sheet.Call(psui::kSheetInitialise);
+                opened = sheet.Call(kSheetInitialise);
                 if (opened != 1)
                     return;
                 empty = sheet.context()->cPapers == 0;
                 confirmed = sheet.SetResult(1);
-                destroyed = sheet.Call(psui::kSheetDestroy);
+                destroyed = sheet.Call(kSheetDestroy);
             },
             [&](bool failed) {
                 if (failed && opened == -1) {
-                    EXPECT_EQ(test::Differences(output, untouched), "");
+                    EXPECT_EQ(Differences(output, untouched), "");
                     return;
                 }
                 EXPECT_EQ(opened, 1);
                 EXPECT_EQ(confirmed, 1);
                 EXPECT_EQ(destroyed, 1);
                 EXPECT_TRUE(failed || !empty);
-                test::ExpectFields(output, {{"dmSize", 220}, {"dmDriverExtra", 1632}});
+                ExpectFields(output, {{"dmSize", 220}, {"dmDriverExtra", 1632}});
             });
     }
 }

@@ -13,6 +13,7 @@
 
 namespace {
 
+using namespace psui;
 using namespace test;
 
 TEST(Library, StaysLoadedAndKeepsItsLanguageUntilTheProcessEnds)
@@ -101,7 +102,7 @@ TEST(Library, LeavesTheCallersProcessAsItWas)
             std::fill(output.begin(), output.end(), BYTE{0});
         }
     }
-    alignas(8) psui::DriverDevMode record, source = {};
+    alignas(8) DriverDevMode record, source = {};
     SetAll(source, "dmSpecVersion=0x0401 dmSize=220 dmDriverExtra=1632");
     for (DWORD mode : {4, 1, 2, 0}) {
         LONG size = sizeof(record);
@@ -128,12 +129,12 @@ TEST(Library, AnswersOrFailsCleanlyWhenMemoryFails)
                 [&](bool failed) { EXPECT_TRUE(answer == right || (failed && answer == kFailed)); });
     }
 
-    alignas(8) psui::DriverDevMode record;
-    const psui::DriverDevMode reference = library.DefaultRecord(printer.name());
+    alignas(8) DriverDevMode record;
+    const DriverDevMode reference = library.DefaultRecord(printer.name());
     BOOL converted = FALSE;
     const auto convert = [&] {
         LONG size = sizeof(record);
-        converted = library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault);
+        converted = library.convert(printer.name(), nullptr, &record.dmPublic, &size, kDriverDefault);
     };
     const std::string image = printer.DataFile().substr(0, printer.DataFile().size() - 3) + "BDD";
     const auto removeImage = [&] { std::filesystem::remove(image); }; // so that every call compiles the text
@@ -163,9 +164,9 @@ TEST(LibraryThreads, ServeTwoPrintersWhoseModelsAreReplaced)
                 printer.ReplaceModel(texts[which][round % 2]);
             const DWORD rate = library.Ask(printer, DC_PRINTRATE);
             wrong += rate / 10 != static_cast<DWORD>(which + 1);
-            alignas(8) psui::DriverDevMode record;
+            alignas(8) DriverDevMode record;
             LONG size = sizeof(record);
-            wrong += !library.convert(printer.name(), nullptr, &record.dmPublic, &size, psui::kDriverDefault);
+            wrong += !library.convert(printer.name(), nullptr, &record.dmPublic, &size, kDriverDefault);
         }
     };
     std::vector<std::thread> threads;

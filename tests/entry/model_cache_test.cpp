@@ -6,6 +6,7 @@
 
 namespace {
 
+using namespace psui;
 using namespace test;
 
 class ModelCache : public testing::Test
@@ -15,73 +16,73 @@ protected:
     Printer printer_{u"Alpha", kFullModel};
     Printer other_{u"Beta", kEmptyModel};
 
-    ~ModelCache() override { psui::FlushModelCache(); }
+    ~ModelCache() override { FlushModelCache(); }
 };
 
 TEST_F(ModelCache, SharesOneModelAndKeepsItWithoutHolders)
 {
-    const auto* first = psui::AcquireModel(printer_.handle(), true);
-    const auto* second = psui::AcquireModel(printer_.handle(), true);
+    const auto* first = AcquireModel(printer_.handle(), true);
+    const auto* second = AcquireModel(printer_.handle(), true);
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first, second);
-    EXPECT_EQ(psui::cCachedModelRefs, 2u);
-    psui::ReleaseModel(first);
-    psui::ReleaseModel(second);
-    EXPECT_EQ(psui::pCachedModel, first);
-    EXPECT_EQ(psui::cCachedModelRefs, 0u);
-    EXPECT_EQ(psui::AcquireModel(printer_.handle(), true), first);
+    EXPECT_EQ(cCachedModelRefs, 2u);
+    ReleaseModel(first);
+    ReleaseModel(second);
+    EXPECT_EQ(pCachedModel, first);
+    EXPECT_EQ(cCachedModelRefs, 0u);
+    EXPECT_EQ(AcquireModel(printer_.handle(), true), first);
 }
 
 TEST_F(ModelCache, LoadsAPrivateModelWhileTheCachedOneIsHeld)
 {
-    const auto* cached = psui::AcquireModel(printer_.handle(), true);
+    const auto* cached = AcquireModel(printer_.handle(), true);
     const host::Ledger before = host::OpenObjects();
-    const auto* fresh = psui::AcquireModel(printer_.handle(), false);
+    const auto* fresh = AcquireModel(printer_.handle(), false);
     ASSERT_NE(fresh, nullptr);
     EXPECT_NE(fresh, cached);
-    EXPECT_EQ(psui::pCachedModel, cached);
-    EXPECT_EQ(psui::cCachedModelRefs, 1u);
-    psui::ReleaseModel(fresh);
+    EXPECT_EQ(pCachedModel, cached);
+    EXPECT_EQ(cCachedModelRefs, 1u);
+    ReleaseModel(fresh);
     EXPECT_EQ(host::OpenObjects(), before);
-    psui::ReleaseModel(cached);
+    ReleaseModel(cached);
 }
 
 TEST_F(ModelCache, ReplacesAnUnheldModelByAFreshLoad)
 {
-    psui::ReleaseModel(psui::AcquireModel(printer_.handle(), true));
+    ReleaseModel(AcquireModel(printer_.handle(), true));
     printer_.ReplaceModel("*PrintRatePPM: \"99\"\n");
-    const auto* stale = psui::AcquireModel(printer_.handle(), true);
+    const auto* stale = AcquireModel(printer_.handle(), true);
     EXPECT_EQ(stale->printRatePpm, 12u);
-    psui::ReleaseModel(stale);
-    const auto* fresh = psui::AcquireModel(printer_.handle(), false);
+    ReleaseModel(stale);
+    const auto* fresh = AcquireModel(printer_.handle(), false);
     EXPECT_EQ(fresh->printRatePpm, 99u);
-    EXPECT_EQ(psui::pCachedModel, fresh);
-    psui::ReleaseModel(fresh);
+    EXPECT_EQ(pCachedModel, fresh);
+    ReleaseModel(fresh);
 }
 
 TEST_F(ModelCache, HoldsOneDriverAtATime)
 {
-    const auto* cached = psui::AcquireModel(printer_.handle(), true);
-    const auto* uncached = psui::AcquireModel(other_.handle(), true);
-    EXPECT_EQ(psui::pCachedModel, cached);
-    psui::ReleaseModel(uncached);
-    psui::ReleaseModel(cached);
-    const auto* next = psui::AcquireModel(other_.handle(), true);
-    EXPECT_EQ(psui::pCachedModel, next);
-    EXPECT_EQ(psui::cCachedModelRefs, 1u);
-    psui::ReleaseModel(next);
+    const auto* cached = AcquireModel(printer_.handle(), true);
+    const auto* uncached = AcquireModel(other_.handle(), true);
+    EXPECT_EQ(pCachedModel, cached);
+    ReleaseModel(uncached);
+    ReleaseModel(cached);
+    const auto* next = AcquireModel(other_.handle(), true);
+    EXPECT_EQ(pCachedModel, next);
+    EXPECT_EQ(cCachedModelRefs, 1u);
+    ReleaseModel(next);
 }
 
 TEST_F(ModelCache, StaysAsItWasWhenNothingCanBeLoaded)
 {
-    const auto* cached = psui::AcquireModel(printer_.handle(), true);
-    psui::ReleaseModel(cached);
+    const auto* cached = AcquireModel(printer_.handle(), true);
+    ReleaseModel(cached);
     std::filesystem::remove(other_.DataFile());
-    EXPECT_EQ(psui::AcquireModel(other_.handle(), true), nullptr);
-    EXPECT_EQ(psui::AcquireModel(nullptr, true), nullptr);
-    EXPECT_EQ(psui::pCachedModel, cached);
-    psui::ReleaseModel(nullptr);
-    EXPECT_EQ(psui::cCachedModelRefs, 0u);
+    EXPECT_EQ(AcquireModel(other_.handle(), true), nullptr);
+    EXPECT_EQ(AcquireModel(nullptr, true), nullptr);
+    EXPECT_EQ(pCachedModel, cached);
+    ReleaseModel(nullptr);
+    EXPECT_EQ(cCachedModelRefs, 0u);
 }
 
 } // namespace

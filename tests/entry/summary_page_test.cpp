@@ -10,9 +10,8 @@
 
 namespace {
 
-using psui::DriverDevMode;
-using test::Printer;
-using test::SheetCaller;
+using namespace psui;
+using namespace test;
 
 constexpr UINT kGetTabControl = WM_USER + 116;
 
@@ -72,8 +71,8 @@ void HandlePostedMessages()
 class SummaryPage : public testing::Test
 {
 protected:
-    test::World world_;
-    Printer printer_{u"P1", test::kFullModel};
+    World world_;
+    Printer printer_{u"P1", kFullModel};
     alignas(8) DriverDevMode output_ = {};
     int mainDialogs_ = 0;
 
@@ -81,7 +80,7 @@ protected:
 
     HWND OpenPage(SheetCaller& sheet, const SheetWindow& window)
     {
-        EXPECT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+        EXPECT_EQ(sheet.Call(kSheetInitialise), 1);
         const HWND page = CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window,
                                              sheet.page.pfnDlgProc, reinterpret_cast<LPARAM>(&sheet.page));
         EXPECT_NE(page, nullptr) << GetLastError();
@@ -95,7 +94,7 @@ protected:
     {
         host::SetIdleHook([this, &sheet, button] {
             // The context is the page's parameter before it is the sheet's.
-            const auto* context = reinterpret_cast<psui::PrinterUiContext*>(sheet.page.lParam);
+            const auto* context = reinterpret_cast<PrinterUiContext*>(sheet.page.lParam);
             if (!context || !context->hMainDialog)
                 return false;
             ++mainDialogs_;
@@ -104,18 +103,18 @@ protected:
         });
     }
 
-    std::u16string SummaryOf(psui::PrinterUiContext* context) const
+    std::u16string SummaryOf(PrinterUiContext* context) const
     {
-        std::vector<WCHAR> text(psui::kSummaryUnits);
-        psui::TextCursor cursor = {text.data(), psui::kSummaryUnits};
-        psui::BuildSettingsSummary(context, cursor);
+        std::vector<WCHAR> text(kSummaryUnits);
+        TextCursor cursor = {text.data(), kSummaryUnits};
+        BuildSettingsSummary(context, cursor);
         return text.data();
     }
 
     std::u16string Shown(HWND page) const
     {
-        std::vector<WCHAR> text(psui::kSummaryUnits);
-        GetDlgItemTextW(page, IDC_SUMMARY, text.data(), psui::kSummaryUnits);
+        std::vector<WCHAR> text(kSummaryUnits);
+        GetDlgItemTextW(page, IDC_SUMMARY, text.data(), kSummaryUnits);
         return text.data();
     }
 };
@@ -141,9 +140,9 @@ TEST_F(SummaryPage, CancelsItsSheetWithoutAMainDialog)
 {
     SheetCaller sheet(printer_, DM_COPY, &output_);
     const SheetWindow window(1);
-    const HMODULE language = std::exchange(psui::hLangModule, nullptr);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
-    psui::hLangModule = language;
+    const HMODULE language = std::exchange(hLangModule, nullptr);
+    ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
+    hLangModule = language;
     const HWND page = CreateDialogParamW(language, MAKEINTRESOURCEW(IDD_SUMMARY), window.window,
                                          sheet.page.pfnDlgProc, reinterpret_cast<LPARAM>(&sheet.page));
     EXPECT_NE(page, nullptr);
@@ -155,7 +154,7 @@ TEST_F(SummaryPage, ConfirmsTheSheetWhoseMainDialogIsOpen)
 {
     SheetCaller sheet(printer_, DM_COPY, &output_);
     const SheetWindow window(1);
-    ASSERT_EQ(sheet.Call(psui::kSheetInitialise), 1);
+    ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
     sheet.context()->hMainDialog = window.window;
     CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window, sheet.page.pfnDlgProc,
                        reinterpret_cast<LPARAM>(&sheet.page));
@@ -177,12 +176,12 @@ TEST_F(SummaryPage, AppliesTheUsersOwnSize)
                  {9, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, DM_COPIES, 7, 8}};
     for (const auto& c : cases) {
         DriverDevMode& work = sheet.context()->dmWork;
-        test::SetAll(work, {{"dmPaperSize", c.paper}, {"dmFields", c.fields}});
-        test::SetAll(work, "wCustomWidth=1500 wCustomLength=2500 dmPaperWidth=7 dmPaperLength=8");
+        SetAll(work, {{"dmPaperSize", c.paper}, {"dmFields", c.fields}});
+        SetAll(work, "wCustomWidth=1500 wCustomLength=2500 dmPaperWidth=7 dmPaperLength=8");
         sheet.calls.clear();
         SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&apply));
-        test::ExpectFields(
-            work, {{"dmFields", c.newFields}, {"dmPaperWidth", c.width}, {"dmPaperLength", c.length}});
+        ExpectFields(work,
+                     {{"dmFields", c.newFields}, {"dmPaperWidth", c.width}, {"dmPaperLength", c.length}});
         ASSERT_EQ(sheet.calls.size(), 1u);
         EXPECT_EQ(sheet.calls[0].function, 9u);
         EXPECT_EQ(sheet.calls[0].first, 0x77);
@@ -213,14 +212,14 @@ TEST_F(SummaryPage, GivesItsButtonTheFocusUnlessTheTabsHaveIt)
 
 TEST_F(SummaryPage, OpensAndClosesEvenlyWhateverFails)
 {
-    test::WarmModelCache(printer_.handle());
+    WarmModelCache(printer_.handle());
     const SheetWindow window(2);
-    for (const test::Requests& requests : {test::kAllocations, test::kAllocationsOnwards, test::kCalls})
-        test::FailEach(
+    for (const Requests& requests : {kAllocations, kAllocationsOnwards, kCalls})
+        FailEach(
             requests, [] {},
             [&] {
                 SheetCaller sheet(printer_, DM_COPY, &output_);
-                if (sheet.Call(psui::kSheetInitialise) != 1)
+                if (sheet.Call(kSheetInitialise) != 1)
                     return;
                 const HWND page =
                     CreateDialogParamW(sheet.page.hInstance, sheet.page.pszTemplate, window.window,

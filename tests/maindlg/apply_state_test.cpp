@@ -5,9 +5,8 @@
 
 namespace {
 
-using test::DialogContext;
-using test::FieldNamed;
-using test::World;
+using namespace psui;
+using namespace test;
 
 constexpr uint32_t kAllBits = 0xFFFFFFFF;
 
@@ -43,9 +42,9 @@ using RecordBits = std::vector<BYTE>;
 
 RecordBits Counted(const std::string& language)
 {
-    RecordBits counted(sizeof(psui::DriverDevMode));
+    RecordBits counted(sizeof(DriverDevMode));
     const auto count = [&](const char* name, uint32_t bits) {
-        const psui::DevModeField& field = FieldNamed(name);
+        const DevModeField& field = FieldNamed(name);
         for (size_t i = 0; i < field.width; ++i)
             counted[field.offset + i] |= static_cast<BYTE>(bits >> i % sizeof(bits) * 8);
     };
@@ -65,20 +64,20 @@ TEST(ApplyButton, WakesForTheSettingsThatTheDialogsChange)
         const DialogContext applied, changed;
         for (const DialogContext* each : {&applied, &changed}) {
             std::fill_n((*each)->dmWork.dmPrivate.lfDateFont.lfFaceName, LF_FACESIZE, u'x');
-            test::SetAll((*each)->dmWork, {{"dwTrayChoice", 1}, {"dmDefaultSource", 0}});
+            SetAll((*each)->dmWork, {{"dwTrayChoice", 1}, {"dmDefaultSource", 0}});
         }
-        EXPECT_FALSE(psui::SettingsDiffer(*changed, *applied));
+        EXPECT_FALSE(SettingsDiffer(*changed, *applied));
         const RecordBits counted = Counted(language);
         BYTE* const bytes = reinterpret_cast<BYTE*>(&changed.record());
         for (size_t bit = 0; bit < counted.size() * 8; ++bit) {
             const BYTE mask = static_cast<BYTE>(1 << bit % 8);
             bytes[bit / 8] ^= mask;
-            EXPECT_EQ(psui::SettingsDiffer(*changed, *applied), (counted[bit / 8] & mask) != 0)
+            EXPECT_EQ(SettingsDiffer(*changed, *applied), (counted[bit / 8] & mask) != 0)
                 << language << ", byte " << bit / 8 << ", bit " << bit % 8;
             bytes[bit / 8] ^= mask;
         }
         changed->wCurrentWatermark = 3;
-        EXPECT_TRUE(psui::SettingsDiffer(*changed, *applied));
+        EXPECT_TRUE(SettingsDiffer(*changed, *applied));
     }
 }
 
@@ -87,9 +86,9 @@ TEST(ApplyButton, DoesNotLookAtASourceThatCannotBeChosen)
     const World world;
     const DialogContext applied, changed;
     for (const DialogContext* each : {&applied, &changed})
-        test::Set((*each)->dmWork, "dwTrayChoice", 0);
-    test::Set(changed.record(), "dmDefaultSource", 4);
-    EXPECT_FALSE(psui::SettingsDiffer(*changed, *applied));
+        Set((*each)->dmWork, "dwTrayChoice", 0);
+    Set(changed.record(), "dmDefaultSource", 4);
+    EXPECT_FALSE(SettingsDiffer(*changed, *applied));
 }
 
 } // namespace

@@ -14,12 +14,8 @@
 
 namespace {
 
-using test::DialogContext;
-using test::FieldValue;
-using test::LanguageText;
-using test::SetAll;
-using test::TestDialog;
-using test::World;
+using namespace psui;
+using namespace test;
 
 /// Texts and item data of a list, an entry a line; the selected one is marked.
 std::u16string Entries(const TestDialog& dialog, int control)
@@ -27,7 +23,7 @@ std::u16string Entries(const TestDialog& dialog, int control)
     std::u16string entries;
     const int count = static_cast<int>(dialog.Send(control, CB_GETCOUNT));
     for (int entry = 0; entry < count; ++entry) {
-        WCHAR text[psui::kEntryUnits] = {};
+        WCHAR text[kEntryUnits] = {};
         dialog.Send(control, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text));
         const std::string data = std::to_string(dialog.Send(control, CB_GETITEMDATA, entry));
         entries += text + (u" = " + std::u16string(data.begin(), data.end()));
@@ -94,7 +90,7 @@ TEST_P(Lists, OfMediaShowTheModelsNames)
         int selected;
     } cases[] = {{262, last}, {1, 0}, {999, last - 1}, {12345, 0}};
     for (const auto& c : cases) {
-        psui::BuildMediaList(tab, context, c.media);
+        BuildMediaList(tab, context, c.media);
         EXPECT_EQ(Entries(tab, IDC_MEDIA), EntriesOf(expected, c.selected)) << c.media;
     }
 }
@@ -104,19 +100,19 @@ TEST_P(Lists, OfPapersNameTheUsersOwnSize)
     const DialogContext context(kListModel);
     const TestDialog tab(IDD_BASIC);
     const std::vector<Expected> expected = {{9130, 9}, {9151, 274}, {9162, 256}, {0, 500}, {9171, 3}};
-    psui::BuildPaperList(tab, context);
+    BuildPaperList(tab, context);
     EXPECT_EQ(Entries(tab, IDC_PAPER), EntriesOf(expected, 0));
     EXPECT_EQ(context->dwUserPaperPosition, 2u);
 
     const std::u16string own = u"Poster A 17 units (" + LanguageText(IDS_CUSTOM_SIZE) + u")";
     std::copy_n(u"Poster A 17 units", 17, context.record().dmPrivate.wszCustomName);
-    psui::BuildPaperList(tab, context);
+    BuildPaperList(tab, context);
     std::u16string entries = EntriesOf(expected, 0);
     const std::u16string unnamed = LanguageText(9162);
     entries.replace(entries.find(unnamed), unnamed.size(), own + u"...");
     EXPECT_EQ(Entries(tab, IDC_PAPER), entries);
 
-    psui::BuildFitPaperList(tab, context, IDC_PAPER);
+    BuildFitPaperList(tab, context, IDC_PAPER);
     EXPECT_EQ(Entries(tab, IDC_PAPER),
               LanguageText(9130) + u" = 9 *\n" + own + u" = 256\n" + LanguageText(9171) + u" = 3\n");
 }
@@ -125,20 +121,20 @@ TEST_P(Lists, OfPapersToFitToNeedNoOtherList)
 {
     const DialogContext context(kListModel);
     const TestDialog tab(IDD_ADVANCED);
-    psui::BuildFitPaperList(tab, context, IDC_FIT_PAPER);
+    BuildFitPaperList(tab, context, IDC_FIT_PAPER);
     EXPECT_EQ(Entries(tab, IDC_FIT_PAPER), EntriesOf({{9130, 9}, {1215, 256}, {9171, 3}}, 0));
 }
 
 TEST_P(Lists, AreEmptyForAModelWithoutOptions)
 {
-    const DialogContext context(test::kEmptyModel);
+    const DialogContext context(kEmptyModel);
     const TestDialog tab(IDD_BASIC);
-    psui::BuildPaperList(tab, context);
-    psui::BuildMediaList(tab, context, 1);
-    psui::BuildSourceList(tab, context, 7);
+    BuildPaperList(tab, context);
+    BuildMediaList(tab, context, 1);
+    BuildSourceList(tab, context, 7);
     for (const int control : {IDC_PAPER, IDC_MEDIA, IDC_SOURCE})
         EXPECT_EQ(Entries(tab, control), u"") << control;
-    EXPECT_EQ(context->dwUserPaperPosition, psui::kNoUserPaper);
+    EXPECT_EQ(context->dwUserPaperPosition, kNoUserPaper);
 }
 
 TEST_P(Lists, AreBuiltInWithoutMemory)
@@ -150,17 +146,17 @@ TEST_P(Lists, AreBuiltInWithoutMemory)
         builder();
         host::StopFailing();
     };
-    build([&] { psui::BuildPaperList(tab, context); });
+    build([&] { BuildPaperList(tab, context); });
     std::vector<Expected> papers;
-    for (const psui::OptionRow& row : psui::OptionTable(context, psui::kPaperTable))
+    for (const OptionRow& row : OptionTable(context, kPaperTable))
         papers.push_back({row.wStringId, row.dwValue});
     EXPECT_EQ(Entries(tab, IDC_PAPER), EntriesOf(papers, 0));
     EXPECT_EQ(context->dwUserPaperPosition, 18u);
-    build([&] { psui::BuildMediaList(tab, context, 263); });
+    build([&] { BuildMediaList(tab, context, 263); });
     EXPECT_EQ(Entries(tab, IDC_MEDIA), EntriesOf({{1240, 1}, {1241, 261}, {1243, 263}, {1244, 264}}, 2));
-    build([&] { psui::BuildSourceList(tab, context, 4); });
+    build([&] { BuildSourceList(tab, context, 4); });
     EXPECT_EQ(Entries(tab, IDC_SOURCE), EntriesOf({{1271, 2}, {1272, 1}, {1273, 4}}, 2));
-    build([&] { psui::BuildThicknessList(paperDialog, context, 3); });
+    build([&] { BuildThicknessList(paperDialog, context, 3); });
     EXPECT_EQ(Entries(paperDialog, IDC_THICKNESS),
               EntriesOf({{1280, 0}, {1281, 1}, {1282, 2}, {1283, 3}, {1284, 4}}, 3));
 }
@@ -169,7 +165,7 @@ TEST_P(Lists, OfSourcesGoByPlace)
 {
     const DialogContext context(kListModel);
     const TestDialog tab(IDD_BASIC);
-    psui::BuildSourceList(tab, context, 4);
+    BuildSourceList(tab, context, 4);
     EXPECT_EQ(Entries(tab, IDC_SOURCE), EntriesOf({{1271, 7}, {1272, 1}, {1273, 4}}, 2));
     EXPECT_TRUE(IsWindowEnabled(tab.Item(IDC_SOURCE)));
 }
@@ -179,7 +175,7 @@ TEST_P(Lists, OfOneSourceAreNotShown)
     const DialogContext context("*Tray Feeder: \"7\"\n");
     const TestDialog tab(IDD_BASIC);
     SetDlgItemTextW(tab, IDC_SOURCE_LABEL, TEXT("&Source"));
-    psui::BuildSourceList(tab, context, 7);
+    BuildSourceList(tab, context, 7);
     EXPECT_EQ(Entries(tab, IDC_SOURCE), EntriesOf({{1270, 7}}, 0));
     for (const int control : {IDC_SOURCE_LABEL, IDC_SOURCE}) {
         EXPECT_FALSE(IsWindowEnabled(tab.Item(control)));
@@ -192,9 +188,9 @@ TEST_P(Lists, OfThicknessStandOnlyInTheirDialog)
 {
     const DialogContext context(kListModel);
     const TestDialog tab(IDD_BASIC), paperDialog(IDD_USER_PAPER);
-    psui::BuildThicknessList(tab, context, 4);
-    EXPECT_EQ(psui::OptionTable(context, psui::kThicknessTable).size(), 2u);
-    psui::BuildThicknessList(paperDialog, context, 4);
+    BuildThicknessList(tab, context, 4);
+    EXPECT_EQ(OptionTable(context, kThicknessTable).size(), 2u);
+    BuildThicknessList(paperDialog, context, 4);
     EXPECT_EQ(Entries(paperDialog, IDC_THICKNESS), EntriesOf({{1280, 0}, {1284, 4}}, 1));
 }
 
@@ -205,17 +201,17 @@ TEST_P(Lists, OfQualitiesKeepOrTakeTheLevel)
     const struct
     {
         const char* name;
-        void (*build)(HWND tab, psui::PrinterUiContext* context);
+        void (*build)(HWND tab, PrinterUiContext* context);
         int media, level;
         std::vector<Expected> entries;
         int selected, newLevel, code;
     } cases[] = {
-        {"kept", psui::BuildQualityList, 1, 1, plain, 2, 1, -2},
-        {"not offered", psui::BuildQualityList, 261, 1, {{8087, 0}, {8086, 1}}, -1, 1, 77},
-        {"media's own", psui::BuildDefaultQualityList, 1, 5, plain, 1, 2, -3},
-        {"photo's own", psui::BuildDefaultQualityList, 263, 0, {{8088, 0}, {8087, 1}, {8086, 2}}, 1, 4, -3},
-        {"no such media", psui::BuildDefaultQualityList, 265, 1, {}, -1, 1, 77},
-        {"single", psui::BuildSingleQualityList, 1, 1, {{8086, 0}}, 0, 3, -4},
+        {"kept", BuildQualityList, 1, 1, plain, 2, 1, -2},
+        {"not offered", BuildQualityList, 261, 1, {{8087, 0}, {8086, 1}}, -1, 1, 77},
+        {"media's own", BuildDefaultQualityList, 1, 5, plain, 1, 2, -3},
+        {"photo's own", BuildDefaultQualityList, 263, 0, {{8088, 0}, {8087, 1}, {8086, 2}}, 1, 4, -3},
+        {"no such media", BuildDefaultQualityList, 265, 1, {}, -1, 1, 77},
+        {"single", BuildSingleQualityList, 1, 1, {{8086, 0}}, 0, 3, -4},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -224,7 +220,7 @@ TEST_P(Lists, OfQualitiesKeepOrTakeTheLevel)
         SetAll(context.record(), {{"dmMediaType", c.media}, {"bQualityLevel", c.level}});
         c.build(tab, context);
         EXPECT_EQ(Entries(tab, IDC_QUALITY), EntriesOf(c.entries, c.selected));
-        test::ExpectFields(context.record(), {{"bQualityLevel", c.newLevel}, {"shQuality", c.code}});
+        ExpectFields(context.record(), {{"bQualityLevel", c.newLevel}, {"shQuality", c.code}});
     }
 }
 
@@ -239,12 +235,12 @@ TEST_P(Lists, OfLayoutsAreFilledOnceAndFollowTheRecord)
         int pages, selected;
     } cases[] = {{1, 0}, {2, 1}, {4, 2}, {9, 3}, {16, 4}, {-4, 5}, {-9, 6}, {3, 0}};
     for (const auto& c : cases) {
-        test::Set(context.record(), "dwPagesPerSheet", c.pages);
-        psui::BuildMultiplePageList(tab, context);
+        Set(context.record(), "dwPagesPerSheet", c.pages);
+        BuildMultiplePageList(tab, context);
         EXPECT_EQ(Entries(tab, IDC_LAYOUT), EntriesOf(layouts, c.selected)) << c.pages;
     }
     tab.Send(IDC_LAYOUT, CB_SETITEMDATA, 0, 55);
-    psui::BuildMultiplePageList(tab, context);
+    BuildMultiplePageList(tab, context);
     EXPECT_EQ(tab.Send(IDC_LAYOUT, CB_GETITEMDATA, 0), 55) << "filled a second time";
 }
 
@@ -266,7 +262,7 @@ TEST_P(Lists, OfPageOrdersDependOnTheLayout)
         const DialogContext context(kListModel);
         SetAll(context.record(),
                {{"dwPagesPerSheet", c.pages}, {"dmOrientation", c.orientation}, {"bPageOrder", c.order}});
-        psui::BuildPageOrderList(tab, context);
+        BuildPageOrderList(tab, context);
         EXPECT_EQ(Entries(tab, IDC_PAGE_ORDER), EntriesOf(c.entries, c.selected))
             << c.pages << ' ' << c.orientation << ' ' << c.order;
     }
@@ -275,7 +271,7 @@ TEST_P(Lists, OfPageOrdersDependOnTheLayout)
 TEST_P(Lists, OfBorderLinesMendTheRecord)
 {
     const TestDialog tab(IDD_BASIC);
-    psui::SetBorderLineItemHeight(tab);
+    SetBorderLineItemHeight(tab);
     RECT label = {};
     GetWindowRect(tab.Item(IDC_BORDER_LINE_LABEL), &label);
     const int item = static_cast<int>(label.bottom - label.top) - (Japanese() ? 4 : 5);
@@ -286,14 +282,14 @@ TEST_P(Lists, OfBorderLinesMendTheRecord)
     } cases[] = {{0, 2, 0}, {1, 0, 1}, {2, 1, 2}, {3, 0, 3}, {4, 0, 1}, {255, 0, 1}};
     for (const auto& c : cases) {
         const DialogContext context(kListModel);
-        test::Set(context.record(), "bBorderLine", c.line);
-        psui::BuildBorderLineList(tab, context);
+        Set(context.record(), "bBorderLine", c.line);
+        BuildBorderLineList(tab, context);
         EXPECT_EQ(Entries(tab, IDC_BORDER_LINE), EntriesOf({{8008, 1}, {8009, 2}, {8007, 0}}, c.selected));
-        test::ExpectFields(context.record(), {{"bBorderLine", c.newLine}});
+        ExpectFields(context.record(), {{"bBorderLine", c.newLine}});
     }
     RECT dropped = {};
     tab.Send(IDC_BORDER_LINE, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
-    EXPECT_EQ(dropped.bottom - dropped.top, psui::DroppedHeight(tab.Item(IDC_BORDER_LINE), 4, 5));
+    EXPECT_EQ(dropped.bottom - dropped.top, DroppedHeight(tab.Item(IDC_BORDER_LINE), 4, 5));
 }
 
 TEST(ListEntries, AreFoundByTheirDataFromEitherEnd)
@@ -301,15 +297,15 @@ TEST(ListEntries, AreFoundByTheirDataFromEitherEnd)
     const World world;
     const TestDialog tab(IDD_BASIC);
     {
-        psui::ComboFiller filler(tab, IDC_SOURCE);
+        ComboFiller filler(tab, IDC_SOURCE);
         for (const int value : {7, 1, 4, 1})
             filler.Add(TEXT("x"), value);
     }
-    EXPECT_TRUE(psui::SelectByItemData(tab, IDC_SOURCE, 1));
+    EXPECT_TRUE(SelectByItemData(tab, IDC_SOURCE, 1));
     EXPECT_EQ(tab.Send(IDC_SOURCE, CB_GETCURSEL), 1);
-    EXPECT_TRUE(psui::SelectByItemData(tab, IDC_SOURCE, 1, true));
+    EXPECT_TRUE(SelectByItemData(tab, IDC_SOURCE, 1, true));
     EXPECT_EQ(tab.Send(IDC_SOURCE, CB_GETCURSEL), 3);
-    EXPECT_FALSE(psui::SelectByItemData(tab, IDC_SOURCE, 9, true));
+    EXPECT_FALSE(SelectByItemData(tab, IDC_SOURCE, 9, true));
     EXPECT_EQ(tab.Send(IDC_SOURCE, CB_GETCURSEL), 0);
 }
 

@@ -18,9 +18,8 @@
 
 namespace {
 
-using test::DialogContext;
-using test::TestDialog;
-using test::World;
+using namespace psui;
+using namespace test;
 
 RECT PlaceOf(HWND dialog, int control)
 {
@@ -51,11 +50,11 @@ void WorkOffMessages()
 class MainDialog : public testing::Test
 {
 protected:
-    MainDialog() { psui::hOwnModule = LoadLibraryW(test::ProductFile("eng/psui.dll").c_str()); }
+    MainDialog() { hOwnModule = LoadLibraryW(ProductFile("eng/psui.dll").c_str()); }
     ~MainDialog() override
     {
         Close();
-        psui::hOwnModule = nullptr;
+        hOwnModule = nullptr;
     }
 
     void Close()
@@ -73,16 +72,15 @@ protected:
         page_ = CreateWindowExW(0, TEXT("STATIC"), TEXT(""), WS_CHILD, 0, 0, 10, 10, sheet_, nullptr, nullptr,
                                 nullptr);
         context_->hSummaryPage = page_;
-        dialog_ = CreateDialogParamW(
-            psui::hLangModule, MAKEINTRESOURCEW(IDD_MAIN), sheet_, psui::MainSettingDlgProc,
-            reinterpret_cast<LPARAM>(static_cast<psui::PrinterUiContext*>(context_)));
+        dialog_ = CreateDialogParamW(hLangModule, MAKEINTRESOURCEW(IDD_MAIN), sheet_, MainSettingDlgProc,
+                                     reinterpret_cast<LPARAM>(static_cast<PrinterUiContext*>(context_)));
         ASSERT_NE(dialog_, nullptr);
     }
 
     /// What the dialog procedure answers.
     INT_PTR Ask(UINT message, WPARAM wParam, LPARAM lParam) const
     {
-        return psui::MainSettingDlgProc(dialog_, message, wParam, lParam);
+        return MainSettingDlgProc(dialog_, message, wParam, lParam);
     }
 
     World world_;
@@ -112,9 +110,9 @@ TEST_F(MainDialog, SetsItsButtonsUnderTheTabsFromTheRight)
         };
         expectRow(userDefault);
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog_, IDC_APPLY)));
-        psui::ToggleApplyButton(dialog_);
+        ToggleApplyButton(dialog_);
         expectRow(!userDefault);
-        psui::ToggleApplyButton(dialog_);
+        ToggleApplyButton(dialog_);
         expectRow(userDefault);
     }
 }
@@ -196,7 +194,7 @@ TEST_F(MainDialog, ColorsSettingsBlueAndPlainFactsBlack)
 TEST_F(MainDialog, CapturesThePointerOverThePageImage)
 {
     Open();
-    test::Set(context_.record(), "bBorderless", 0);
+    Set(context_.record(), "bBorderless", 0);
     const RECT preview = PlaceOf(dialog_, IDC_PREVIEW);
     const LPARAM onPage = MAKELPARAM(preview.left + 60, preview.top + 60);
     const LPARAM beside = MAKELPARAM(preview.left + 5, preview.top + 60);
@@ -216,10 +214,10 @@ TEST_F(MainDialog, CapturesThePointerOverThePageImage)
     ReleaseCapture();
 
     for (const char* const field : {"bBorderless", "bBookletFlags"}) {
-        test::Set(context_.record(), field, 1);
+        Set(context_.record(), field, 1);
         Ask(WM_MOUSEMOVE, 0, onPage);
         EXPECT_EQ(GetCapture(), nullptr) << field;
-        test::Set(context_.record(), field, 0);
+        Set(context_.record(), field, 0);
     }
 }
 
@@ -352,23 +350,22 @@ TEST_F(MainDialog, ExplainsTheControlsOfItsOwn)
 
 TEST_F(MainDialog, StartsTheControlCentreOfAKnownModel)
 {
-    const test::Printer printer(u"Office", test::kEmptyModel);
+    const Printer printer(u"Office", kEmptyModel);
     context_->hPrinter = printer.handle();
     lstrcpynW(context_.record().dmPublic.dmDeviceName, TEXT("Velmora Palette 940 Printer USB"),
               CCHDEVICENAME);
     Open();
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog_, IDC_CONTROL_CENTRE)));
-    test::SetRegistryText(HKEY_LOCAL_MACHINE, u"SOFTWARE\\Wow6432Node\\Velmora\\VmHubWnd\\Driver List",
-                          u"Velmora Palette 940", u"");
-    psui::RefreshSidePanel(dialog_, context_);
+    SetRegistryText(HKEY_LOCAL_MACHINE, u"SOFTWARE\\Wow6432Node\\Velmora\\VmHubWnd\\Driver List",
+                    u"Velmora Palette 940", u"");
+    RefreshSidePanel(dialog_, context_);
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog_, IDC_CONTROL_CENTRE)));
 
     Ask(WM_COMMAND, IDC_CONTROL_CENTRE, 0);
     EXPECT_TRUE(host::Recorded().empty()) << "nobody says where it is";
-    test::WriteNative(host::RootFolder() + "/drive_c/VmHubWnd.exe", "");
-    test::SetRegistryText(HKEY_LOCAL_MACHINE,
-                          u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\VmHubWnd.exe", u"Path",
-                          u"C:");
+    WriteNative(host::RootFolder() + "/drive_c/VmHubWnd.exe", "");
+    SetRegistryText(HKEY_LOCAL_MACHINE,
+                    u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\VmHubWnd.exe", u"Path", u"C:");
     Ask(WM_COMMAND, IDC_CONTROL_CENTRE, 0);
     ASSERT_EQ(host::Recorded().size(), 1u);
     EXPECT_EQ(host::Recorded()[0].kind, "open");
@@ -396,7 +393,7 @@ TEST_F(MainDialog, TakesTheEntryThatAListIsClosedOn)
     SendMessageW(list, WM_KEYDOWN, VK_RETURN, 1);
     WorkOffMessages();
     EXPECT_EQ(SendMessageW(list, CB_GETCURSEL, 0, 0), 2);
-    test::ExpectFields(context_.record(), {{"dwPagesPerSheet", 4}, {"dwSavedNup", 4}});
+    ExpectFields(context_.record(), {{"dwPagesPerSheet", 4}, {"dwSavedNup", 4}});
 }
 
 TEST(SmallHelp, HangsBelowThePointerAndStaysOnTheDesktop)
@@ -411,7 +408,7 @@ TEST(SmallHelp, HangsBelowThePointerAndStaysOnTheDesktop)
                 {{10, 300}, {5, 300}},
                 {{640, 1000}, {427, 678}}};
     for (const auto& row : rows) {
-        const RECT place = psui::SmallHelpPlace(row.pointer, kDesktop);
+        const RECT place = SmallHelpPlace(row.pointer, kDesktop);
         EXPECT_EQ(place.left, row.place.x);
         EXPECT_EQ(place.top, row.place.y);
         EXPECT_EQ(SizeOf(place).cx, 426);

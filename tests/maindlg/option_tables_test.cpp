@@ -5,15 +5,14 @@
 
 namespace {
 
-using psui::OptionTableIndex;
-using test::DialogContext;
-using test::World;
+using namespace psui;
+using namespace test;
 
 /// Text ids and values of a table.
-std::string Rows(const psui::PrinterUiContext* context, int index)
+std::string Rows(const PrinterUiContext* context, int index)
 {
     std::string rows;
-    for (const psui::OptionRow& row : psui::OptionTable(context, static_cast<OptionTableIndex>(index)))
+    for (const OptionRow& row : OptionTable(context, static_cast<OptionTableIndex>(index)))
         rows += std::to_string(row.wStringId) + ":" + std::to_string(row.dwValue) + " ";
     return rows;
 }
@@ -39,20 +38,20 @@ TEST(OptionTables, HoldTheNumbersOfTheModelsOptions)
         OptionTableIndex index;
         const char* rows;
     } cases[] = {
-        {psui::kPaperTable, "0:9 0:1 0:256 0:274 0:0 "},
-        {psui::kSourceTable, "0:7 0:1 0:0 0:4 "},
-        {psui::kColorTable, "0:1 0:2 "},
-        {psui::kThicknessTable, "0:4 "},
-        {psui::kIcmTable, ""},
+        {kPaperTable, "0:9 0:1 0:256 0:274 0:0 "},
+        {kSourceTable, "0:7 0:1 0:0 0:4 "},
+        {kColorTable, "0:1 0:2 "},
+        {kThicknessTable, "0:4 "},
+        {kIcmTable, ""},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Rows(context, c.index), "") << "before it is built";
-        psui::BuildOptionTable(context, c.index);
+        BuildOptionTable(context, c.index);
         EXPECT_EQ(Rows(context, c.index), c.rows);
-        EXPECT_FALSE(psui::IsBuiltinTable(context, c.index));
+        EXPECT_FALSE(IsBuiltinTable(context, c.index));
     }
-    EXPECT_EQ(psui::OptionValueAt(context, psui::kColorTable, 1, 77), 2u);
-    EXPECT_EQ(psui::OptionValueAt(context, psui::kColorTable, 2, 77), 77u);
+    EXPECT_EQ(OptionValueAt(context, kColorTable, 1, 77), 2u);
+    EXPECT_EQ(OptionValueAt(context, kColorTable, 2, 77), 77u);
 }
 
 TEST(OptionTables, OfferGlossyPostcardsInJapaneseOnly)
@@ -62,21 +61,20 @@ TEST(OptionTables, OfferGlossyPostcardsInJapaneseOnly)
     for (const std::string language : {"eng", "jpn"}) {
         const World world(language);
         const DialogContext context(kModel);
-        psui::BuildOptionTable(context, psui::kMediaTable);
-        EXPECT_EQ(Rows(context, psui::kMediaTable),
-                  language == "jpn" ? "0:1 0:272 0:273 0:263 " : "0:1 0:263 ");
+        BuildOptionTable(context, kMediaTable);
+        EXPECT_EQ(Rows(context, kMediaTable), language == "jpn" ? "0:1 0:272 0:273 0:263 " : "0:1 0:263 ");
     }
 }
 
 TEST(OptionTables, AreBuiltInWithoutMemory)
 {
     const World world;
-    for (int index = 0; index < psui::kOptionTables; ++index) {
+    for (int index = 0; index < kOptionTables; ++index) {
         const DialogContext context;
-        const auto build = [&] { psui::BuildOptionTable(context, static_cast<OptionTableIndex>(index)); };
+        const auto build = [&] { BuildOptionTable(context, static_cast<OptionTableIndex>(index)); };
         build();
         const std::string whole = Rows(context, index);
-        test::FailEach(test::kAllocations, build, build, [&](bool failed) {
+        FailEach(kAllocations, build, build, [&](bool failed) {
             EXPECT_EQ(Rows(context, index), failed ? kBuiltin[index] : whole);
             build();
         });

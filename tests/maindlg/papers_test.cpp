@@ -8,8 +8,8 @@
 
 namespace {
 
-using psui::PaperTextKind;
-using test::World;
+using namespace psui;
+using namespace test;
 
 TEST(PaperTexts, AreThoseOfThePaperAndTheCountry)
 {
@@ -34,17 +34,17 @@ TEST(PaperTexts, AreThoseOfThePaperAndTheCountry)
         {"A4 ", 294, 0, 0, 0, 0, 0, 0, 0, 0},
     };
     for (const char* country : {"1", "49"}) {
-        test::SetCountry(std::u16string(country, country + std::strlen(country)));
+        SetCountry(std::u16string(country, country + std::strlen(country)));
         const bool a4 = std::string_view(country) == "49";
         for (const Case& c : cases) {
             SCOPED_TRACE(c.name);
-            const psui::PaperWord* word = psui::FindPaperWord(std::string_view(c.name));
+            const PaperWord* word = FindPaperWord(std::string_view(c.name));
             EXPECT_EQ(word ? word->paper : 0, c.list ? c.paper : 0);
-            EXPECT_EQ(psui::PaperListText(c.paper), c.list);
-            EXPECT_EQ(psui::PaperDisplayText(c.paper, PaperTextKind::Name), c.display);
-            EXPECT_EQ(psui::PaperDisplayText(c.paper, PaperTextKind::Size), a4 ? c.sizeA4 : c.sizeLetter);
-            EXPECT_EQ(psui::PaperDisplayText(c.paper, PaperTextKind::Full), a4 ? c.fullA4 : c.fullLetter);
-            EXPECT_EQ(psui::PaperShortName(c.paper), a4 ? c.shortA4 : c.shortLetter);
+            EXPECT_EQ(PaperListText(c.paper), c.list);
+            EXPECT_EQ(PaperDisplayText(c.paper, PaperTextKind::Name), c.display);
+            EXPECT_EQ(PaperDisplayText(c.paper, PaperTextKind::Size), a4 ? c.sizeA4 : c.sizeLetter);
+            EXPECT_EQ(PaperDisplayText(c.paper, PaperTextKind::Full), a4 ? c.fullA4 : c.fullLetter);
+            EXPECT_EQ(PaperShortName(c.paper), a4 ? c.shortA4 : c.shortLetter);
         }
     }
 }
@@ -63,7 +63,7 @@ TEST(MediaTexts, MatchOptionNamesExactly)
                  {"Glossy", 0},
                  {"", 0}};
     for (const auto& c : cases)
-        EXPECT_EQ(psui::MediaOptionText(c.name), c.text) << c.name;
+        EXPECT_EQ(MediaOptionText(c.name), c.text) << c.name;
 }
 
 TEST(Labels, LoseMnemonicsAndLineBreaks)
@@ -88,7 +88,7 @@ TEST(Labels, LoseMnemonicsAndLineBreaks)
     for (const auto& c : cases) {
         WCHAR text[64];
         lstrcpynW(text, c.label, 64);
-        psui::CleanLabel(text);
+        CleanLabel(text);
         EXPECT_EQ(std::u16string(text), c.plain);
     }
 }
@@ -98,9 +98,9 @@ TEST(TextCursor, CutsWhatDoesNotFit)
     for (int size = 0; size < 12; ++size) {
         WCHAR text[13];
         std::fill(std::begin(text), std::end(text), u'#');
-        psui::TextCursor cursor = {text, size};
-        psui::Append(cursor, u"abc");
-        psui::AppendFormatted(cursor, u"%d%%, %u%x", -12);
+        TextCursor cursor = {text, size};
+        Append(cursor, u"abc");
+        AppendFormatted(cursor, u"%d%%, %u%x", -12);
         const std::u16string whole = u"abc-12%, -12%x";
         EXPECT_EQ(std::u16string(text, size ? size - 1 : 0), whole.substr(0, size ? size - 1 : 0));
         EXPECT_EQ(text[size], u'#');

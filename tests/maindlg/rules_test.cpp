@@ -10,9 +10,8 @@
 
 namespace {
 
-using psui::DriverDevMode;
-using test::SetAll;
-using test::World;
+using namespace psui;
+using namespace test;
 
 std::set<int> PapersThat(const std::function<bool(int)>& holds)
 {
@@ -28,9 +27,9 @@ TEST(Papers, FallIntoTheirGroups)
     const std::set<int> borderless = {274, 275, 276, 277, 278, 279, 280, 281, 283, 284, 285, 290, 291, 292};
     std::set<int> allowing = {9, 1, 265, 266, 70, 43, 272, 273, 8, 12, 3, 287, 288, 289};
     allowing.insert(borderless.begin(), borderless.end());
-    EXPECT_EQ(PapersThat(psui::IsBorderlessSize), borderless);
-    EXPECT_EQ(PapersThat(psui::AllowsBorderless), allowing);
-    EXPECT_EQ(PapersThat(psui::ExcludesDuplex),
+    EXPECT_EQ(PapersThat(IsBorderlessSize), borderless);
+    EXPECT_EQ(PapersThat(AllowsBorderless), allowing);
+    EXPECT_EQ(PapersThat(ExcludesDuplex),
               (std::set<int>{256, 3, 8, 12, 283, 284, 285, 287, 288, 289, 290, 291, 292}));
 }
 
@@ -42,13 +41,13 @@ TEST(Papers, HaveTwinsWithAndWithoutBorders)
     } pairs[] = {{1, 275},   {3, 285},   {8, 283},   {12, 284},  {43, 277},  {70, 276},  {265, 280},
                  {266, 281}, {272, 278}, {273, 279}, {287, 290}, {288, 291}, {289, 292}, {9, 274}};
     for (const auto& pair : pairs) {
-        EXPECT_EQ(psui::BorderlessForm(pair.bordered), pair.borderless);
-        EXPECT_EQ(psui::BorderedForm(pair.borderless), pair.bordered);
+        EXPECT_EQ(BorderlessForm(pair.bordered), pair.borderless);
+        EXPECT_EQ(BorderedForm(pair.borderless), pair.bordered);
     }
     for (const int paper : {11, 256, 282, 293, -1})
-        EXPECT_EQ(psui::BorderlessForm(static_cast<short>(paper)), 274) << paper;
+        EXPECT_EQ(BorderlessForm(static_cast<short>(paper)), 274) << paper;
     for (const int paper : {11, 256, 282, 293, -1, 286, 294})
-        EXPECT_EQ(psui::BorderedForm(static_cast<short>(paper)), 9) << paper;
+        EXPECT_EQ(BorderedForm(static_cast<short>(paper)), 9) << paper;
 }
 
 /// Whether the rule holds for an empty record with the fields of `base`, and with each of these changed.
@@ -71,8 +70,8 @@ TEST(SecondTray, TakesPlainMediaInCommonSizes)
             DriverDevMode record = {};
             SetAll(record, {{"dmMediaType", media}, {"bFitToPaper", fits}, {"dmPaperSize", 11}});
             const auto takes = PapersThat([&](int paper) {
-                test::Set(record, fits ? "wOutputPaper" : "dmPaperSize", paper);
-                return !psui::FailsTray2(record);
+                Set(record, fits ? "wOutputPaper" : "dmPaperSize", paper);
+                return !FailsTray2(record);
             });
             EXPECT_EQ(takes,
                       plain ? (std::set<int>{1, 3, 5, 7, 8, 9, 12, 13, 287, 288, 289}) : std::set<int>{})
@@ -83,7 +82,7 @@ TEST(SecondTray, TakesPlainMediaInCommonSizes)
 TEST(PrintOrder, NeedsOnePlainPageAtNormalQuality)
 {
     CheckRule(
-        psui::FailsPrintOrderCombination,
+        FailsPrintOrderCombination,
         "dmPaperSize=9 dmMediaType=1 bQualityLevel=2 dwPagesPerSheet=1 dwTrayChoice=1 dmDefaultSource=7",
         {{"", false},
          {"dmPaperSize=1", false},
@@ -104,7 +103,7 @@ TEST(Notice, DependsOnModelAndLanguage)
 {
     for (const std::string language : {"eng", "jpn", ""}) {
         const World world(language);
-        CheckRule(psui::NoticeEnabled, "",
+        CheckRule(NoticeEnabled, "",
                   {{"wModelType=0x200", false},
                    {"wModelType=0x100", true},
                    {"wModelType=0x300", language == "jpn"}});
@@ -113,7 +112,7 @@ TEST(Notice, DependsOnModelAndLanguage)
 
 TEST(Borderless, IsExcludedByQualityAndMedia)
 {
-    CheckRule(psui::MediaAndQualityAllowBorderless, "bQualityLevel=2 dmMediaType=1",
+    CheckRule(MediaAndQualityAllowBorderless, "bQualityLevel=2 dmMediaType=1",
               {{"", true},
                {"bQualityLevel=0", false},
                {"bQualityLevel=5", true},
@@ -131,11 +130,11 @@ TEST(Thickness, FollowsThePaperInForce)
                {{"bFitToPaper", fits}, {"wCustomThickness", 3}, {"dmPaperSize", 9}, {"wOutputPaper", 9}});
         std::set<int> thick;
         for (int paper = 0; paper < 400; ++paper) {
-            test::Set(record, fits ? "wOutputPaper" : "dmPaperSize", paper);
-            if (psui::ThicknessOf(record) == 2)
+            Set(record, fits ? "wOutputPaper" : "dmPaperSize", paper);
+            if (ThicknessOf(record) == 2)
                 thick.insert(paper);
             else
-                EXPECT_EQ(psui::ThicknessOf(record), paper == 256 ? 3 : 0) << paper;
+                EXPECT_EQ(ThicknessOf(record), paper == 256 ? 3 : 0) << paper;
         }
         EXPECT_EQ(thick, (std::set<int>{20, 27, 28, 34, 37, 73, 91}));
     }
@@ -172,8 +171,8 @@ TEST(BiDirectionalMode, FollowsTheChoiceForTheClassOfMedia)
                         {"dwDirModePlain", kKept},
                         {"dwDirModeOther", kKept}});
         SetAll(record, c.fields);
-        psui::UpdateBidiMode(record);
-        test::ExpectFields(record, {{"dwDirModePlain", c.plain}, {"dwDirModeOther", c.other}});
+        UpdateBidiMode(record);
+        ExpectFields(record, {{"dwDirModePlain", c.plain}, {"dwDirModeOther", c.other}});
     }
 }
 
@@ -181,11 +180,11 @@ TEST(BiDirectionalPrinting, IsOfferedExceptOnThickPaperAndInPhotoQuality)
 {
     DriverDevMode record = {};
     const auto refused = PapersThat([&](int paper) {
-        test::Set(record, "dmPaperSize", paper);
-        return !psui::BidiApplicable(record);
+        Set(record, "dmPaperSize", paper);
+        return !BidiApplicable(record);
     });
     EXPECT_EQ(refused, (std::set<int>{20, 27, 28, 30, 34, 37, 43, 73, 82, 91, 277}));
-    CheckRule(psui::BidiApplicable, "dmPaperSize=9",
+    CheckRule(BidiApplicable, "dmPaperSize=9",
               {{"bQualityLevel=4", false},
                {"bQualityLevel=5", false},
                {"bQualityLevel=3", true},
@@ -198,8 +197,7 @@ TEST(BiDirectionalPrinting, IsOfferedExceptOnThickPaperAndInPhotoQuality)
 std::string QualityList(const DriverDevMode& record)
 {
     std::string list;
-    for (int position = 0; const psui::QualityRow* row = psui::QualityAtPosition(record, position);
-         ++position) {
+    for (int position = 0; const QualityRow* row = QualityAtPosition(record, position); ++position) {
         EXPECT_EQ(row->text, 8083 + row->level);
         list += std::to_string(row->level) + ":" + std::to_string(row->code) + " ";
     }
@@ -225,26 +223,26 @@ TEST(Quality, DependsOnTheMedia)
             DriverDevMode record = {};
             SetAll(record, {{"dmMediaType", c.media}, {"dmColor", color}, {"bQualityLevel", 77}});
             EXPECT_EQ(QualityList(record), color ? c.list : "");
-            EXPECT_FALSE(psui::TakeQualityCode(record));
+            EXPECT_FALSE(TakeQualityCode(record));
             EXPECT_EQ(record.dmPublic.dmPrintQuality, 0);
-            psui::TakeDefaultQualityLevel(record);
+            TakeDefaultQualityLevel(record);
             const bool known = color && c.level >= 0;
             EXPECT_EQ(record.dmPrivate.bQualityLevel, known ? c.level : 77);
-            EXPECT_EQ(psui::TakeQualityCode(record), known);
+            EXPECT_EQ(TakeQualityCode(record), known);
             EXPECT_EQ(record.dmPublic.dmPrintQuality, record.dmPrivate.shQuality);
         }
 }
 
 TEST(Quality, IsFixedOnPlainBorderlessA3)
 {
-    CheckRule(psui::HasSingleQuality, "dmMediaType=1 dmPaperSize=283",
+    CheckRule(HasSingleQuality, "dmMediaType=1 dmPaperSize=283",
               {{"", true},
                {"dmPaperSize=290", true},
                {"dmMediaType=272", true},
                {"dmMediaType=261", false},
                {"dmPaperSize=284", false}});
-    EXPECT_EQ(psui::SingleQuality().text, 8086);
-    EXPECT_EQ(psui::SingleQuality().code, -4);
+    EXPECT_EQ(SingleQuality().text, 8086);
+    EXPECT_EQ(SingleQuality().code, -4);
 }
 
 } // namespace

@@ -10,11 +10,8 @@
 
 namespace {
 
-using test::DialogContext;
-using test::LanguageText;
-using test::SetAll;
-using test::TestDialog;
-using test::World;
+using namespace psui;
+using namespace test;
 
 bool IsShown(HWND window)
 {
@@ -42,9 +39,9 @@ TEST(SidePanel, HidesAWebLinkThatIsOff)
         const DialogContext context;
         const TestDialog dialog(IDD_MAIN);
         const LONG banner = WidthOf(dialog.Item(IDC_BANNER));
-        test::Set(context.record(), "bNoWebLink", c.noWebLink);
+        Set(context.record(), "bNoWebLink", c.noWebLink);
         context->bWebFlags = static_cast<BYTE>(c.flags);
-        psui::RefreshSidePanel(dialog, context);
+        RefreshSidePanel(dialog, context);
         EXPECT_EQ(IsShown(dialog.Item(IDC_WEB_LINK)), c.shown);
         EXPECT_EQ(IsWindowEnabled(dialog.Item(IDC_WEB_LINK)) != FALSE, c.shown);
         RECT client = {};
@@ -57,10 +54,10 @@ TEST(PaperLines, ShowThePaperAndItsScaling)
 {
     constexpr std::string_view kModel = "*Paper A4: \"9\"\n*Paper User: \"256\"\n*Paper Strange: \"500\"\n";
     const World world;
-    test::SetCountry(u"49");
+    SetCountry(u"49");
     const DialogContext context(kModel);
     const TestDialog dialog(IDD_MAIN);
-    psui::BuildOptionTable(context, psui::kPaperTable);
+    BuildOptionTable(context, kPaperTable);
     const std::u16string custom = LanguageText(1215), scaledTo = LanguageText(IDS_SCALED_TO);
     const struct
     {
@@ -84,7 +81,7 @@ TEST(PaperLines, ShowThePaperAndItsScaling)
         auto& priv = context.record().dmPrivate;
         lstrcpynW(priv.wszCustomName, c.name, 17);
         SetAll(context.record(), {{"bFitToPaper", c.fit}, {"wOutputPaper", c.output}, {"dmScale", c.scale}});
-        psui::ShowPaperOnMainDialog(dialog, context, c.position);
+        ShowPaperOnMainDialog(dialog, context, c.position);
         EXPECT_EQ(dialog.Text(IDC_LINE_PAPER), c.paper);
         EXPECT_EQ(dialog.Text(IDC_LINE_PAPER_SIZE), c.size);
         EXPECT_EQ(dialog.Text(IDC_LINE_FIT_PAPER), c.from);

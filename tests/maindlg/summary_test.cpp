@@ -11,10 +11,8 @@
 
 namespace {
 
-using test::Expand;
-using test::LanguageText;
-using test::SetAll;
-using test::World;
+using namespace psui;
+using namespace test;
 
 /// UTF-8, so that a difference can be read.
 std::string Readable(const std::u16string& text)
@@ -192,28 +190,28 @@ class SummaryTest : public testing::TestWithParam<const char*>
 {
 protected:
     World world_{GetParam()};
-    test::Model model_{test::kFullModel};
-    std::unique_ptr<psui::PrinterUiContext> context_ = std::make_unique<psui::PrinterUiContext>();
+    Model model_{kFullModel};
+    std::unique_ptr<PrinterUiContext> context_ = std::make_unique<PrinterUiContext>();
 
     bool Japanese() const { return std::string_view(GetParam()) == "jpn"; }
 
     void SetUp() override
     {
-        test::SetCountry(u"49");
-        psui::PathText file;
-        ASSERT_TRUE(psui::WatermarkWorkingFilePath(file));
+        SetCountry(u"49");
+        PathText file;
+        ASSERT_TRUE(WatermarkWorkingFilePath(file));
         WritePrivateProfileStringW(TEXT(":vmwatermark:"), TEXT("0"), TEXT("DRAFT & 100%"), file);
     }
 
-    std::u16string Build(const test::FieldValues& fields)
+    std::u16string Build(const FieldValues& fields)
     {
-        psui::BuildDefaultDevMode(&context_->dmWork, TEXT("P1"), model_, true);
+        BuildDefaultDevMode(&context_->dmWork, TEXT("P1"), model_, true);
         SetAll(context_->dmWork, kBaseFields);
         SetAll(context_->dmWork, fields);
-        std::vector<WCHAR> text(psui::kSummaryUnits);
-        psui::TextCursor cursor = {text.data(), psui::kSummaryUnits};
-        psui::BuildSettingsSummary(context_.get(), cursor);
-        EXPECT_EQ(cursor.at - text.data() + cursor.left, psui::kSummaryUnits);
+        std::vector<WCHAR> text(kSummaryUnits);
+        TextCursor cursor = {text.data(), kSummaryUnits};
+        BuildSettingsSummary(context_.get(), cursor);
+        EXPECT_EQ(cursor.at - text.data() + cursor.left, kSummaryUnits);
         return std::u16string(text.data(), cursor.at);
     }
 
@@ -234,7 +232,7 @@ TEST_P(SummaryTest, ShowsEveryRecordLineByLine)
 
 TEST_P(SummaryTest, NamesPapersByTheUsersCountry)
 {
-    test::SetCountry(u"1");
+    SetCountry(u"1");
     EXPECT_EQ(Readable(Build({})), Readable(Expected("8131={9001}")));
 }
 
@@ -255,10 +253,10 @@ TEST_P(SummaryTest, StaysWithinItsBufferForAnyRecord)
         for (size_t i = 0; i < sizeof(context_->dmWork); ++i)
             bytes[i] = static_cast<BYTE>(random());
         constexpr size_t kGuard = 4;
-        const int size = round % 2 ? psui::kSummaryUnits : static_cast<int>(random() % 900);
+        const int size = round % 2 ? kSummaryUnits : static_cast<int>(random() % 900);
         std::vector<WCHAR> text(size + kGuard, u'#');
-        psui::TextCursor cursor = {text.data(), size};
-        psui::BuildSettingsSummary(context_.get(), cursor);
+        TextCursor cursor = {text.data(), size};
+        BuildSettingsSummary(context_.get(), cursor);
         EXPECT_EQ(std::u16string(text.end() - kGuard, text.end()), u"####");
         ASSERT_TRUE(size == 0 || std::find(text.begin(), text.end() - kGuard, u'\0') != text.end() - kGuard);
     }
@@ -270,10 +268,10 @@ INSTANTIATE_TEST_SUITE_P(Languages, SummaryTest, testing::Values("eng", "jpn"),
 TEST(SummaryWithoutStrings, KeepsItsLayout)
 {
     const World world("");
-    auto context = std::make_unique<psui::PrinterUiContext>();
-    std::vector<WCHAR> text(psui::kSummaryUnits);
-    psui::TextCursor cursor = {text.data(), psui::kSummaryUnits};
-    psui::BuildSettingsSummary(context.get(), cursor);
+    auto context = std::make_unique<PrinterUiContext>();
+    std::vector<WCHAR> text(kSummaryUnits);
+    TextCursor cursor = {text.data(), kSummaryUnits};
+    BuildSettingsSummary(context.get(), cursor);
     const std::u16string lines(text.data());
     EXPECT_TRUE(lines.starts_with(u"---------------------------------\r\n\t\r\n\t\r\n"))
         << testing::PrintToString(lines);

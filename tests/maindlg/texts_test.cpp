@@ -8,9 +8,8 @@
 
 namespace {
 
-using test::DialogContext;
-using test::Expand;
-using test::World;
+using namespace psui;
+using namespace test;
 
 TEST(FittedText, IsCutLineByLineAndEndsInDotsWhenLongEnough)
 {
@@ -37,7 +36,7 @@ TEST(FittedText, IsCutLineByLineAndEndsInDotsWhenLongEnough)
     for (const auto& c : cases) {
         WCHAR text[64];
         lstrcpynW(text, c.text, 64);
-        psui::FitTextToWidth(
+        FitTextToWidth(
             text, c.limit, [](void*, const WCHAR*, int length) { return 10 * length; }, nullptr);
         EXPECT_EQ(std::u16string(text), c.fitted) << c.limit;
     }
@@ -54,21 +53,21 @@ TEST(Mnemonics, AreSwitchedOffAndOnAgain)
                  {u"", u""},
                  {u"A && B", u"A &&&~& B"}};
     for (const auto& c : cases) {
-        WCHAR text[psui::kMnemonicTextUnits];
-        lstrcpynW(text, c.text, psui::kMnemonicTextUnits);
+        WCHAR text[kMnemonicTextUnits];
+        lstrcpynW(text, c.text, kMnemonicTextUnits);
         for (int repeated = 0; repeated < 2; ++repeated) {
-            psui::InsertMnemonicMark(text);
+            InsertMnemonicMark(text);
             EXPECT_EQ(std::u16string(text), c.disabled);
         }
-        psui::RemoveMnemonicMark(text);
+        RemoveMnemonicMark(text);
         EXPECT_EQ(std::u16string(text), c.text);
-        EXPECT_FALSE(psui::RemoveMnemonicMark(text));
+        EXPECT_FALSE(RemoveMnemonicMark(text));
     }
-    WCHAR full[psui::kMnemonicTextUnits];
+    WCHAR full[kMnemonicTextUnits];
     std::fill(std::begin(full), std::end(full), u'x');
     full[0] = u'&';
-    full[psui::kMnemonicTextUnits - 3] = 0;
-    EXPECT_FALSE(psui::InsertMnemonicMark(full)) << "no room";
+    full[kMnemonicTextUnits - 3] = 0;
+    EXPECT_FALSE(InsertMnemonicMark(full)) << "no room";
 }
 
 struct LineCase
@@ -113,14 +112,14 @@ TEST(SidePanelLines, SayWhatIsSetAndWhetherItCounts)
         const World world(language);
         for (const LineCase& c : kLines) {
             const DialogContext context;
-            test::SetAll(context.record(), "bBorderless=0 dwColorModeOn=1");
-            test::SetAll(context.record(), c.fields);
+            SetAll(context.record(), "bBorderless=0 dwColorModeOn=1");
+            SetAll(context.record(), c.fields);
             WCHAR text[256];
-            psui::SidePanelText(context, c.line, text, 256);
+            SidePanelText(context, c.line, text, 256);
             EXPECT_EQ(std::u16string(text), Expand(c.text)) << c.fields;
-            EXPECT_EQ(psui::IsSidePanelEnabled(context, c.line), c.enabled) << c.line;
+            EXPECT_EQ(IsSidePanelEnabled(context, c.line), c.enabled) << c.line;
             context->bPermission = 0;
-            EXPECT_FALSE(psui::IsSidePanelEnabled(context, c.line)) << c.line;
+            EXPECT_FALSE(IsSidePanelEnabled(context, c.line)) << c.line;
         }
     }
 }
@@ -141,15 +140,15 @@ TEST(ControlCentre, KnowsTheModelsOfItsList)
         {u" Printer", u"", false},
         {u"A name that fills all of its field", u"A name that fills all of its fi", false},
     };
-    test::SetRegistryText(HKEY_LOCAL_MACHINE, u"SOFTWARE\\Wow6432Node\\Velmora\\VmHubWnd\\Driver List",
-                          u"Palette 940", u"1");
+    SetRegistryText(HKEY_LOCAL_MACHINE, u"SOFTWARE\\Wow6432Node\\Velmora\\VmHubWnd\\Driver List",
+                    u"Palette 940", u"1");
     for (const auto& c : cases) {
-        psui::DriverDevMode record = {};
+        DriverDevMode record = {};
         std::copy_n(c.device, std::min<size_t>(lstrlenW(c.device), 32), record.dmPublic.dmDeviceName);
         WCHAR name[32];
-        psui::ControlCentreModelName(record.dmPublic, name);
+        ControlCentreModelName(record.dmPublic, name);
         EXPECT_EQ(std::u16string(name), c.model);
-        EXPECT_EQ(psui::ControlCentreKnowsModel(record), c.known);
+        EXPECT_EQ(ControlCentreKnowsModel(record), c.known);
     }
 }
 
