@@ -1,6 +1,7 @@
 // The sample of the colour settings, and the bitmap resources that pictures are read from.
 #include <algorithm>
 #include <functional>
+#include <tuple>
 
 #include "psui/controls/color_sample.h"
 #include "psui/controls/dib.h"
@@ -23,13 +24,7 @@ constexpr ColorAdjustment kTraced = {
 
 TEST(ColorSample, AdjustsAndGreysColoursAsTheSettingsSay)
 {
-    struct Case
-    {
-        uint32_t adjust;
-        short color;
-        std::array<BYTE, 3> blueGreenRed;
-    };
-    constexpr Case kCases[] = {
+    const std::tuple<uint32_t, short, std::array<BYTE, 3>> kCases[] = {
         {0, DMCOLOR_COLOR, {32, 48, 64}},
         {1, DMCOLOR_COLOR, {32, 48, 80}},
         {2, DMCOLOR_COLOR, {32, 48, 64}},
@@ -37,18 +32,18 @@ TEST(ColorSample, AdjustsAndGreysColoursAsTheSettingsSay)
         {1, DMCOLOR_MONOCHROME, {56, 56, 56}},
         {0, 0, {32, 48, 64}},
     };
-    for (const Case& each : kCases) {
+    for (const auto& [adjust, color, blueGreenRed] : kCases) {
         DriverDevMode record = test::Record(1, 1);
-        record.dmPublic.dmColor = each.color;
-        record.dmPrivate.dwColorAdjust = each.adjust;
+        record.dmPublic.dmColor = color;
+        record.dmPrivate.dwColorAdjust = adjust;
         const int16_t adjustments[] = {7, 9, 1, 1}; // saturation, white balance, brightness, contrast
         std::copy_n(adjustments, 4, record.dmPrivate.ashColorAdjust0);
         RGBQUAD colors[] = {{32, 48, 64, 0}, {32, 48, 64, 0}};
         ApplyColorSettings(colors, record, kTraced);
-        for (const RGBQUAD& color : colors) {
-            EXPECT_EQ(color.rgbBlue, each.blueGreenRed[0]) << each.adjust << ' ' << each.color;
-            EXPECT_EQ(color.rgbGreen, each.blueGreenRed[1]);
-            EXPECT_EQ(color.rgbRed, each.blueGreenRed[2]);
+        for (const RGBQUAD& shown : colors) {
+            EXPECT_EQ(shown.rgbBlue, blueGreenRed[0]) << adjust << ' ' << color;
+            EXPECT_EQ(shown.rgbGreen, blueGreenRed[1]);
+            EXPECT_EQ(shown.rgbRed, blueGreenRed[2]);
         }
     }
 }
@@ -96,29 +91,22 @@ struct SampleDib
 
 TEST(DibResource, HasTheColoursThatItsHeaderCountsOrItsDepthAllows)
 {
-    struct Case
-    {
-        WORD bits;
-        DWORD used;
-        uint32_t colors;
-        size_t rowBytes;
-    };
-    constexpr Case kCases[] = {
+    const std::tuple<WORD, DWORD, uint32_t, size_t> kCases[] = {
         {1, 0, 2, 4}, {4, 0, 16, 4},  {4, 5, 5, 4},   {8, 0, 256, 4},
         {8, 7, 7, 4}, {24, 0, 0, 12}, {32, 0, 0, 12},
     };
-    for (const Case& each : kCases) {
+    for (const auto& [bits, used, colors, rowBytes] : kCases) {
         SampleDib dib;
-        dib.header.biBitCount = each.bits;
-        dib.header.biClrUsed = each.used;
-        const size_t whole = sizeof dib.header + 4 * each.colors + 2 * each.rowBytes;
+        dib.header.biBitCount = bits;
+        dib.header.biClrUsed = used;
+        const size_t whole = sizeof dib.header + 4 * colors + 2 * rowBytes;
         for (size_t size = 0; size < whole; ++size)
-            ASSERT_EQ(ReadDib(&dib, size).info, nullptr) << each.bits << " bits cut to " << size;
+            ASSERT_EQ(ReadDib(&dib, size).info, nullptr) << bits << " bits cut to " << size;
         const DibView view = ReadDib(&dib, whole);
-        ASSERT_NE(view.info, nullptr) << each.bits;
-        EXPECT_EQ(view.colorCount, each.colors);
+        ASSERT_NE(view.info, nullptr) << bits;
+        EXPECT_EQ(view.colorCount, colors);
         EXPECT_EQ(static_cast<const void*>(view.colors), dib.bytes);
-        EXPECT_EQ(view.pixels, dib.bytes + each.colors);
+        EXPECT_EQ(view.pixels, dib.bytes + colors);
     }
 }
 

@@ -50,27 +50,20 @@ protected:
 
 TEST_F(DocumentSettings, CopyOutOnlyWhenTheModeSaysSo)
 {
-    struct Case
-    {
-        DWORD mode;
-        LONG result;
-        bool written;
-    };
-    const Case cases[] = {
+    const std::tuple<DWORD, LONG, bool> cases[] = {
         {0, kRecordSize, false},        {DM_UPDATE, 1, true},   {DM_COPY, 1, true},
         {DM_COPY | DM_UPDATE, 1, true}, {DM_MODIFY, 1, false},  {0x20, 1, false},
         {0x40 | DM_COPY, 1, true},      {0xFFFFFFF8, 1, false}, {0xFFFFFFFB, 1, true},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.mode);
+    for (const auto& [mode, result, written] : cases) {
+        SCOPED_TRACE(mode);
         alignas(8) BYTE output[kRecordSize + 1];
         std::fill(std::begin(output), std::end(output), kUntouched);
-        EXPECT_EQ(Run(reinterpret_cast<DEVMODEW*>(output), nullptr, c.mode), c.result);
-        const auto written =
-            std::find_if(std::begin(output), std::end(output), [](BYTE byte) { return byte != kUntouched; });
-        EXPECT_EQ(written != std::end(output), c.written);
+        EXPECT_EQ(Run(reinterpret_cast<DEVMODEW*>(output), nullptr, mode), result);
+        const auto untouched = std::count(std::begin(output), std::end(output), kUntouched);
+        EXPECT_EQ(untouched == std::ssize(output), !written);
         EXPECT_EQ(output[kRecordSize], kUntouched);
-        EXPECT_EQ(Run(nullptr, nullptr, c.mode), kRecordSize) << "without an output";
+        EXPECT_EQ(Run(nullptr, nullptr, mode), kRecordSize) << "without an output";
     }
     EXPECT_EQ(DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), nullptr, nullptr),
               kRecordSize);

@@ -2,6 +2,7 @@
 #include "tests/entry/fail_each.h"
 #include "tests/entry/sheet_caller.h"
 #include "tests/settings/administered.h"
+#include <tuple>
 
 namespace {
 
@@ -58,15 +59,13 @@ TEST_F(DocumentSheet, InsertsItsPage)
 
 TEST_F(DocumentSheet, TakesItsMode)
 {
-    const struct
-    {
-        DWORD mode, userDefault, permission;
-    } modes[] = {{0, 0, 1}, {DM_COPY | 0x40, 1, 1}, {0x20, 0, 0}, {0x60, 1, 0}};
-    for (const auto& c : modes) {
-        SheetCaller sheet(printer, c.mode, &output);
+    const std::tuple<DWORD, DWORD, DWORD> modes[] = {
+        {0, 0, 1}, {DM_COPY | 0x40, 1, 1}, {0x20, 0, 0}, {0x60, 1, 0}};
+    for (const auto& [mode, userDefault, permission] : modes) {
+        SheetCaller sheet(printer, mode, &output);
         ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
-        EXPECT_EQ(sheet.context()->bUserDefault, c.userDefault) << c.mode;
-        EXPECT_EQ(sheet.context()->bPermission, c.permission) << c.mode;
+        EXPECT_EQ(sheet.context()->bUserDefault, userDefault) << mode;
+        EXPECT_EQ(sheet.context()->bPermission, permission) << mode;
     }
 }
 

@@ -1,5 +1,6 @@
 // The summary page in the window of a sheet, with the language module's own template.
 #include <commctrl.h>
+#include <tuple>
 
 #include "lang/ids/dialogs.h"
 #include "lang/ids/main_dialog.h"
@@ -196,17 +197,14 @@ TEST_F(SummaryPage, GivesItsButtonTheFocusUnlessTheTabsHaveIt)
     const HWND page = OpenPage(sheet, window);
     NMHDR active = {};
     active.code = static_cast<UINT>(-200);
-    const struct
-    {
-        HWND before, after;
-    } cases[] = {{GetDlgItem(page, IDC_SUMMARY), GetDlgItem(page, IDC_SETTINGS)},
-                 {window.tabControl, window.tabControl}};
-    for (const auto& c : cases) {
-        SetFocus(c.before);
+    const std::pair<HWND, HWND> cases[] = {{GetDlgItem(page, IDC_SUMMARY), GetDlgItem(page, IDC_SETTINGS)},
+                                           {window.tabControl, window.tabControl}};
+    for (const auto& [before, after] : cases) {
+        SetFocus(before);
         SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&active));
-        EXPECT_EQ(GetFocus(), c.before) << "before the sheet has set it";
+        EXPECT_EQ(GetFocus(), before) << "before the sheet has set it";
         HandlePostedMessages();
-        EXPECT_EQ(GetFocus(), c.after);
+        EXPECT_EQ(GetFocus(), after);
     }
 }
 
@@ -251,18 +249,13 @@ TEST_F(SummaryPage, ShowsTheSettingsOrCancelsItselfWithoutMemoryForThem)
 
 TEST_F(SummaryPage, IsBehindThePromptOfAnApplication)
 {
-    const struct
-    {
-        int button;
-        LONG result, advancedResult;
-        int orientation;
-    } cases[] = {{IDOK, 1, 1, 2}, {IDCANCEL, 2, 0, 0}};
-    for (const auto& c : cases) {
-        host::SetIdleHook([&] {
+    const std::tuple<int, LONG, LONG, int> cases[] = {{IDOK, 1, 1, 2}, {IDCANCEL, 2, 0, 0}};
+    for (const auto& [button, result, advancedResult, orientation] : cases) {
+        host::SetIdleHook([button = button] {
             const HWND dialog = GetActiveWindow();
             if (!GetDlgItem(dialog, IDC_TABS))
                 return false;
-            PostMessageW(dialog, WM_COMMAND, c.button, 0);
+            PostMessageW(dialog, WM_COMMAND, button, 0);
             return true;
         });
         alignas(8) DriverDevMode input = {}, output = {};
@@ -272,13 +265,13 @@ TEST_F(SummaryPage, IsBehindThePromptOfAnApplication)
         input.dmPublic.dmOrientation = DMORIENT_LANDSCAPE;
         EXPECT_EQ(DrvDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic,
                                         &input.dmPublic, DM_PROMPT | DM_COPY),
-                  c.result);
-        EXPECT_EQ(output.dmPublic.dmOrientation, c.orientation);
+                  result);
+        EXPECT_EQ(output.dmPublic.dmOrientation, orientation);
         output = {};
         EXPECT_EQ(DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic,
                                                 &input.dmPublic),
-                  c.advancedResult);
-        EXPECT_EQ(output.dmPublic.dmOrientation, c.orientation);
+                  advancedResult);
+        EXPECT_EQ(output.dmPublic.dmOrientation, orientation);
     }
 }
 

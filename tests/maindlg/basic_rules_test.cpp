@@ -1,5 +1,6 @@
 // The rules of the Basic tab, as functions of the record.
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "lang/ids/basic_tab.h"
 #include "psui/maindlg/basic_rules.h"
@@ -42,12 +43,7 @@ void CheckChoices(std::initializer_list<Choice> choices)
 
 TEST(BasicMedia, IsRefusedWhereItExcludesWhatIsSet)
 {
-    const struct
-    {
-        const char* record;
-        DWORD media;
-        BasicMessage refusal;
-    } cases[] = {
+    const std::tuple<const char*, DWORD, BasicMessage> cases[] = {
         {"", kMediaTransparency, BasicMessage::None},
         {"dmPaperSize=274", kMediaTransparency, BasicMessage::BorderlessExcluded},
         {"dmPaperSize=274", kMediaTransparencyMirror, BasicMessage::BorderlessExcluded},
@@ -55,8 +51,8 @@ TEST(BasicMedia, IsRefusedWhereItExcludesWhatIsSet)
         {"wDuplexFlags=0x100", kMediaInkjet, BasicMessage::DuplexExcludes},
         {"wDuplexFlags=0x100", kMediaHagakiAddress, BasicMessage::None},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(MediaRefusal(PlainA4(each.record), each.media), each.refusal) << each.record << each.media;
+    for (const auto& [record, media, refusal] : cases)
+        EXPECT_EQ(MediaRefusal(PlainA4(record), media), refusal) << record << media;
 }
 
 TEST(BasicMedia, SettlesQualityDryingDirectionAndDeviceOptions)
@@ -104,12 +100,7 @@ TEST(BasicQuality, DecidesTheDirectionOnGlossyPaper)
 
 TEST(BasicPaper, IsRefusedByQualityMediaBookletAndDuplex)
 {
-    const struct
-    {
-        const char* record;
-        short paper;
-        BasicMessage refusal;
-    } cases[] = {
+    const std::tuple<const char*, short, BasicMessage> cases[] = {
         {"", 274, BasicMessage::None},
         {"bQualityLevel=0", 274, BasicMessage::BorderlessExcluded},
         {"bQualityLevel=5 dmMediaType=262", 274, BasicMessage::None},
@@ -122,8 +113,8 @@ TEST(BasicPaper, IsRefusedByQualityMediaBookletAndDuplex)
         // A draft's sizes are not looked at.
         {"wDuplexFlags=0x100 bQualityLevel=0", DMPAPER_A3, BasicMessage::None},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(PaperRefusal(PlainA4(each.record), each.paper), each.refusal) << each.record << each.paper;
+    for (const auto& [record, paper, refusal] : cases)
+        EXPECT_EQ(PaperRefusal(PlainA4(record), paper), refusal) << record << paper;
 }
 
 template <short paper>
@@ -279,12 +270,7 @@ TEST(BasicCopies, StayChosenThroughAMerge)
 
 TEST(BasicEnables, FollowTheRecord)
 {
-    const struct
-    {
-        int control;
-        bool enabled;
-        const char* record;
-    } cases[] = {
+    const std::tuple<int, bool, const char*> cases[] = {
         {IDC_BORDERLESS, true, ""},
         {IDC_BORDERLESS, false, "dmPaperSize=11"},
         {IDC_BORDERLESS, false, "bQualityLevel=0"},
@@ -311,33 +297,27 @@ TEST(BasicEnables, FollowTheRecord)
         {IDC_NATURAL, false, "dmColor=1"},
         {IDC_VIVID, false, "dwColorModeOn=0"},
     };
-    for (const auto& each : cases) {
+    for (const auto& [control, enabled, record] : cases) {
         PrinterUiContext context = {};
         context.bPermission = 1;
         context.dmWork = PlainA4("dwColorModeOn=1");
-        test::SetAll(context.dmWork, each.record);
-        EXPECT_EQ(IsBasicEnabled(&context, each.control), each.enabled) << each.control << each.record;
+        test::SetAll(context.dmWork, record);
+        EXPECT_EQ(IsBasicEnabled(&context, control), enabled) << control << record;
     }
 }
 
 TEST(PreviewClicks, HitThePageThatIsShown)
 {
-    constexpr struct
-    {
-        int orientation, pages;
-        POINT point;
-        bool hit;
-    } kCases[] = {
+    const std::tuple<int, int, POINT, bool> kCases[] = {
         {1, 1, {60, 5}, true},    {1, 1, {10, 60}, false},  {1, 2, {10, 60}, true},
         {1, 2, {60, 5}, false},   {2, 1, {119, 105}, true}, {2, 2, {119, 60}, false},
         {2, 2, {106, 119}, true}, {1, 1, {107, 60}, false},
     };
-    for (const auto& each : kCases)
+    for (const auto& [orientation, pages, point, hit] : kCases)
         EXPECT_EQ(
-            IsOnPreviewPage(PlainA4({{"dmOrientation", each.orientation}, {"dwPagesPerSheet", each.pages}}),
-                            each.point),
-            each.hit)
-            << each.point.x << ',' << each.point.y;
+            IsOnPreviewPage(PlainA4({{"dmOrientation", orientation}, {"dwPagesPerSheet", pages}}), point),
+            hit)
+            << point.x << ',' << point.y;
 }
 
 void ExpectAt(POINT place, LONG x, LONG y)

@@ -1,5 +1,6 @@
 // The lists of the tabs on the real dialogs of the language modules.
 #include "psui/maindlg/option_lists.h"
+#include <tuple>
 
 #include "lang/ids/advanced_tab.h"
 #include "lang/ids/basic_tab.h"
@@ -84,14 +85,10 @@ TEST_P(Lists, OfMediaShowTheModelsNames)
     if (Japanese())
         expected.insert(expected.begin() + 1, {1251, 272});
     const int last = static_cast<int>(expected.size()) - 1;
-    const struct
-    {
-        DWORD media;
-        int selected;
-    } cases[] = {{262, last}, {1, 0}, {999, last - 1}, {12345, 0}};
-    for (const auto& c : cases) {
-        BuildMediaList(tab, context, c.media);
-        EXPECT_EQ(Entries(tab, IDC_MEDIA), EntriesOf(expected, c.selected)) << c.media;
+    const std::pair<DWORD, int> cases[] = {{262, last}, {1, 0}, {999, last - 1}, {12345, 0}};
+    for (const auto& [media, selected] : cases) {
+        BuildMediaList(tab, context, media);
+        EXPECT_EQ(Entries(tab, IDC_MEDIA), EntriesOf(expected, selected)) << media;
     }
 }
 
@@ -230,14 +227,11 @@ TEST_P(Lists, OfLayoutsAreFilledOnceAndFollowTheRecord)
     const TestDialog tab(IDD_BASIC);
     const std::vector<Expected> layouts = {{8093, 1},  {8094, 2},  {8095, 4}, {8098, 9},
                                            {8099, 16}, {8096, -4}, {8097, -9}};
-    const struct
-    {
-        int pages, selected;
-    } cases[] = {{1, 0}, {2, 1}, {4, 2}, {9, 3}, {16, 4}, {-4, 5}, {-9, 6}, {3, 0}};
-    for (const auto& c : cases) {
-        Set(context.record(), "dwPagesPerSheet", c.pages);
+    const std::pair<int, int> cases[] = {{1, 0}, {2, 1}, {4, 2}, {9, 3}, {16, 4}, {-4, 5}, {-9, 6}, {3, 0}};
+    for (const auto& [pages, selected] : cases) {
+        Set(context.record(), "dwPagesPerSheet", pages);
         BuildMultiplePageList(tab, context);
-        EXPECT_EQ(Entries(tab, IDC_LAYOUT), EntriesOf(layouts, c.selected)) << c.pages;
+        EXPECT_EQ(Entries(tab, IDC_LAYOUT), EntriesOf(layouts, selected)) << pages;
     }
     tab.Send(IDC_LAYOUT, CB_SETITEMDATA, 0, 55);
     BuildMultiplePageList(tab, context);
@@ -276,16 +270,14 @@ TEST_P(Lists, OfBorderLinesMendTheRecord)
     GetWindowRect(tab.Item(IDC_BORDER_LINE_LABEL), &label);
     const int item = static_cast<int>(label.bottom - label.top) - (Japanese() ? 4 : 5);
     EXPECT_EQ(tab.Send(IDC_BORDER_LINE, CB_GETITEMHEIGHT, 0), item);
-    const struct
-    {
-        int line, selected, newLine;
-    } cases[] = {{0, 2, 0}, {1, 0, 1}, {2, 1, 2}, {3, 0, 3}, {4, 0, 1}, {255, 0, 1}};
-    for (const auto& c : cases) {
+    const std::tuple<int, int, int> cases[] = {{0, 2, 0}, {1, 0, 1}, {2, 1, 2},
+                                               {3, 0, 3}, {4, 0, 1}, {255, 0, 1}};
+    for (const auto& [line, selected, newLine] : cases) {
         const DialogContext context(kListModel);
-        Set(context.record(), "bBorderLine", c.line);
+        Set(context.record(), "bBorderLine", line);
         BuildBorderLineList(tab, context);
-        EXPECT_EQ(Entries(tab, IDC_BORDER_LINE), EntriesOf({{8008, 1}, {8009, 2}, {8007, 0}}, c.selected));
-        ExpectFields(context.record(), {{"bBorderLine", c.newLine}});
+        EXPECT_EQ(Entries(tab, IDC_BORDER_LINE), EntriesOf({{8008, 1}, {8009, 2}, {8007, 0}}, selected));
+        ExpectFields(context.record(), {{"bBorderLine", newLine}});
     }
     RECT dropped = {};
     tab.Send(IDC_BORDER_LINE, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));

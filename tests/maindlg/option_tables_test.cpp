@@ -33,22 +33,18 @@ TEST(OptionTables, HoldTheNumbersOfTheModelsOptions)
 {
     const World world;
     const DialogContext context;
-    const struct
-    {
-        OptionTableIndex index;
-        const char* rows;
-    } cases[] = {
+    const std::pair<OptionTableIndex, const char*> cases[] = {
         {kPaperTable, "0:9 0:1 0:256 0:274 0:0 "},
         {kSourceTable, "0:7 0:1 0:0 0:4 "},
         {kColorTable, "0:1 0:2 "},
         {kThicknessTable, "0:4 "},
         {kIcmTable, ""},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Rows(context, c.index), "") << "before it is built";
-        BuildOptionTable(context, c.index);
-        EXPECT_EQ(Rows(context, c.index), c.rows);
-        EXPECT_FALSE(IsBuiltinTable(context, c.index));
+    for (const auto& [index, rows] : cases) {
+        EXPECT_EQ(Rows(context, index), "") << "before it is built";
+        BuildOptionTable(context, index);
+        EXPECT_EQ(Rows(context, index), rows);
+        EXPECT_FALSE(IsBuiltinTable(context, index));
     }
     EXPECT_EQ(OptionValueAt(context, kColorTable, 1, 77), 2u);
     EXPECT_EQ(OptionValueAt(context, kColorTable, 2, 77), 77u);

@@ -51,27 +51,20 @@ TEST(PaperTexts, AreThoseOfThePaperAndTheCountry)
 
 TEST(MediaTexts, MatchOptionNamesExactly)
 {
-    const struct
-    {
-        const char* name;
-        UINT text;
-    } cases[] = {{"Plain_Paper", 1240},
-                 {"Glossy_Paper", 1242},
-                 {"Transparency(Mirror)", 1245},
-                 {"Envelope", 1284},
-                 {"envelope", 0},
-                 {"Glossy", 0},
-                 {"", 0}};
-    for (const auto& c : cases)
-        EXPECT_EQ(MediaOptionText(c.name), c.text) << c.name;
+    const std::pair<const char*, UINT> cases[] = {{"Plain_Paper", 1240},
+                                                  {"Glossy_Paper", 1242},
+                                                  {"Transparency(Mirror)", 1245},
+                                                  {"Envelope", 1284},
+                                                  {"envelope", 0},
+                                                  {"Glossy", 0},
+                                                  {"", 0}};
+    for (const auto& [name, text] : cases)
+        EXPECT_EQ(MediaOptionText(name), text) << name;
 }
 
 TEST(Labels, LoseMnemonicsAndLineBreaks)
 {
-    const struct
-    {
-        const WCHAR *label, *plain;
-    } cases[] = {
+    const std::pair<const WCHAR*, const WCHAR*> cases[] = {
         {u"&Paper size", u"Paper size"},
         {u"Copy && paste", u"Copy & paste"},
         {u"用紙(&P):", u"用紙:"},
@@ -85,11 +78,11 @@ TEST(Labels, LoseMnemonicsAndLineBreaks)
         {u"", u""},
         {u"(&P)(&Q)", u""},
     };
-    for (const auto& c : cases) {
+    for (const auto& [label, plain] : cases) {
         WCHAR text[64];
-        lstrcpynW(text, c.label, 64);
+        lstrcpynW(text, label, 64);
         CleanLabel(text);
-        EXPECT_EQ(std::u16string(text), c.plain);
+        EXPECT_EQ(std::u16string(text), plain);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <set>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -35,14 +36,12 @@ TEST(Papers, FallIntoTheirGroups)
 
 TEST(Papers, HaveTwinsWithAndWithoutBorders)
 {
-    const struct
-    {
-        short bordered, borderless;
-    } pairs[] = {{1, 275},   {3, 285},   {8, 283},   {12, 284},  {43, 277},  {70, 276},  {265, 280},
-                 {266, 281}, {272, 278}, {273, 279}, {287, 290}, {288, 291}, {289, 292}, {9, 274}};
-    for (const auto& pair : pairs) {
-        EXPECT_EQ(BorderlessForm(pair.bordered), pair.borderless);
-        EXPECT_EQ(BorderedForm(pair.borderless), pair.bordered);
+    const std::pair<short, short> pairs[] = {{1, 275},   {3, 285},   {8, 283},   {12, 284},  {43, 277},
+                                             {70, 276},  {265, 280}, {266, 281}, {272, 278}, {273, 279},
+                                             {287, 290}, {288, 291}, {289, 292}, {9, 274}};
+    for (const auto& [bordered, borderless] : pairs) {
+        EXPECT_EQ(BorderlessForm(bordered), borderless);
+        EXPECT_EQ(BorderedForm(borderless), bordered);
     }
     for (const int paper : {11, 256, 282, 293, -1})
         EXPECT_EQ(BorderlessForm(static_cast<short>(paper)), 274) << paper;
@@ -143,11 +142,7 @@ TEST(Thickness, FollowsThePaperInForce)
 TEST(BiDirectionalMode, FollowsTheChoiceForTheClassOfMedia)
 {
     constexpr int kKept = 77;
-    const struct
-    {
-        const char* fields;
-        int plain, other;
-    } cases[] = {
+    const std::tuple<const char*, int, int> cases[] = {
         {"dmMediaType=1", 1, kKept},
         {"dmMediaType=268", 1, kKept},
         {"dmMediaType=272", 1, kKept},
@@ -162,17 +157,17 @@ TEST(BiDirectionalMode, FollowsTheChoiceForTheClassOfMedia)
         {"dmMediaType=1 dmPaperSize=256 wThickness=4", 0, kKept},
         {"dmMediaType=1 wThickness=4", 1, kKept},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.fields);
+    for (const auto& [fields, plain, other] : cases) {
+        SCOPED_TRACE(fields);
         DriverDevMode record = {};
         SetAll(record, {{"dmPaperSize", 9},
                         {"dwDirChoicePlain", 1},
                         {"dwDirChoiceOther", 2},
                         {"dwDirModePlain", kKept},
                         {"dwDirModeOther", kKept}});
-        SetAll(record, c.fields);
+        SetAll(record, fields);
         UpdateBidiMode(record);
-        ExpectFields(record, {{"dwDirModePlain", c.plain}, {"dwDirModeOther", c.other}});
+        ExpectFields(record, {{"dwDirModePlain", plain}, {"dwDirModeOther", other}});
     }
 }
 

@@ -1,5 +1,6 @@
 // The side panel on the real main dialog.
 #include "psui/maindlg/side_panel.h"
+#include <tuple>
 
 #include "lang/ids/dialogs.h"
 #include "lang/ids/main_dialog.h"
@@ -28,25 +29,21 @@ LONG WidthOf(HWND window)
 TEST(SidePanel, HidesAWebLinkThatIsOff)
 {
     const World world;
-    const struct
-    {
-        int noWebLink, flags;
-        bool shown;
-    } cases[] = {{0, 0x03, true},  {0, 0x81, true},  {0, 0x82, false},
-                 {0, 0x80, false}, {1, 0x03, false}, {2, 0x03, true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.noWebLink << ' ' << c.flags);
+    const std::tuple<int, int, bool> cases[] = {{0, 0x03, true},  {0, 0x81, true},  {0, 0x82, false},
+                                                {0, 0x80, false}, {1, 0x03, false}, {2, 0x03, true}};
+    for (const auto& [noWebLink, flags, shown] : cases) {
+        SCOPED_TRACE(testing::Message() << noWebLink << ' ' << flags);
         const DialogContext context;
         const TestDialog dialog(IDD_MAIN);
         const LONG banner = WidthOf(dialog.Item(IDC_BANNER));
-        Set(context.record(), "bNoWebLink", c.noWebLink);
-        context->bWebFlags = static_cast<BYTE>(c.flags);
+        Set(context.record(), "bNoWebLink", noWebLink);
+        context->bWebFlags = static_cast<BYTE>(flags);
         RefreshSidePanel(dialog, context);
-        EXPECT_EQ(IsShown(dialog.Item(IDC_WEB_LINK)), c.shown);
-        EXPECT_EQ(IsWindowEnabled(dialog.Item(IDC_WEB_LINK)) != FALSE, c.shown);
+        EXPECT_EQ(IsShown(dialog.Item(IDC_WEB_LINK)), shown);
+        EXPECT_EQ(IsWindowEnabled(dialog.Item(IDC_WEB_LINK)) != FALSE, shown);
         RECT client = {};
         GetClientRect(dialog, &client);
-        EXPECT_EQ(WidthOf(dialog.Item(IDC_BANNER)), c.shown ? banner : client.right);
+        EXPECT_EQ(WidthOf(dialog.Item(IDC_BANNER)), shown ? banner : client.right);
     }
 }
 

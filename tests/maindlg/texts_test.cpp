@@ -5,6 +5,7 @@
 #include "psui/maindlg/mnemonics.h"
 #include "psui/maindlg/side_panel.h"
 #include "tests/maindlg/dialog_context.h"
+#include <tuple>
 
 namespace {
 
@@ -44,23 +45,20 @@ TEST(FittedText, IsCutLineByLineAndEndsInDotsWhenLongEnough)
 
 TEST(Mnemonics, AreSwitchedOffAndOnAgain)
 {
-    const struct
-    {
-        const WCHAR *text, *disabled;
-    } cases[] = {{u"&Duplex", u"&&&~Duplex"},
-                 {u"用紙(&P)", u"用紙(&&&~P)"},
-                 {u"Plain", u"Plain"},
-                 {u"", u""},
-                 {u"A && B", u"A &&&~& B"}};
-    for (const auto& c : cases) {
+    const std::pair<const WCHAR*, const WCHAR*> cases[] = {{u"&Duplex", u"&&&~Duplex"},
+                                                           {u"用紙(&P)", u"用紙(&&&~P)"},
+                                                           {u"Plain", u"Plain"},
+                                                           {u"", u""},
+                                                           {u"A && B", u"A &&&~& B"}};
+    for (const auto& [label, disabled] : cases) {
         WCHAR text[kMnemonicTextUnits];
-        lstrcpynW(text, c.text, kMnemonicTextUnits);
+        lstrcpynW(text, label, kMnemonicTextUnits);
         for (int repeated = 0; repeated < 2; ++repeated) {
             InsertMnemonicMark(text);
-            EXPECT_EQ(std::u16string(text), c.disabled);
+            EXPECT_EQ(std::u16string(text), disabled);
         }
         RemoveMnemonicMark(text);
-        EXPECT_EQ(std::u16string(text), c.text);
+        EXPECT_EQ(std::u16string(text), label);
         EXPECT_FALSE(RemoveMnemonicMark(text));
     }
     WCHAR full[kMnemonicTextUnits];
@@ -127,11 +125,7 @@ TEST(SidePanelLines, SayWhatIsSetAndWhetherItCounts)
 TEST(ControlCentre, KnowsTheModelsOfItsList)
 {
     const World world;
-    const struct
-    {
-        const WCHAR *device, *model;
-        bool known;
-    } cases[] = {
+    const std::tuple<const WCHAR*, const WCHAR*, bool> cases[] = {
         {u"Palette 940 Printer", u"Palette 940", true},
         {u"Palette 940 Printer USB", u"Palette 940", true},
         {u"Palette 940 USB Printer", u"Palette 940", true},
@@ -142,13 +136,13 @@ TEST(ControlCentre, KnowsTheModelsOfItsList)
     };
     SetRegistryText(HKEY_LOCAL_MACHINE, u"SOFTWARE\\Wow6432Node\\Velmora\\VmHubWnd\\Driver List",
                     u"Palette 940", u"1");
-    for (const auto& c : cases) {
+    for (const auto& [device, model, known] : cases) {
         DriverDevMode record = {};
-        std::copy_n(c.device, std::min<size_t>(lstrlenW(c.device), 32), record.dmPublic.dmDeviceName);
+        std::copy_n(device, std::min<size_t>(lstrlenW(device), 32), record.dmPublic.dmDeviceName);
         WCHAR name[32];
         ControlCentreModelName(record.dmPublic, name);
-        EXPECT_EQ(std::u16string(name), c.model);
-        EXPECT_EQ(ControlCentreKnowsModel(record), c.known);
+        EXPECT_EQ(std::u16string(name), model);
+        EXPECT_EQ(ControlCentreKnowsModel(record), known);
     }
 }
 

@@ -1,4 +1,5 @@
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -33,12 +34,7 @@ std::string Values(const Step& step)
 
 TEST(ScenarioParser, ReadsEveryKindOfValue)
 {
-    const struct
-    {
-        const char* line;
-        StepKind kind;
-        std::string values;
-    } rows[] = {
+    const std::tuple<const char*, StepKind, std::string> rows[] = {
         {"click 3032", StepKind::Click, "[3032,3032]"},
         {"click 0xBD8", StepKind::Click, "[0xBD8,3032]"},
         {"  click\tIDC_SETTINGS  # opens the main dialog\r", StepKind::Click, "[IDC_SETTINGS,3032]"},
@@ -60,11 +56,11 @@ TEST(ScenarioParser, ReadsEveryKindOfValue)
         {"answer yes", StepKind::Answer, "[yes,0]"},
         {"mouse move 7 10 -3", StepKind::MouseMove, "[7,7][10,10][-3,-3]"},
     };
-    for (const auto& row : rows) {
-        const std::vector<Step> steps = Parsed(row.line);
-        ASSERT_EQ(steps.size(), 1u) << row.line;
-        EXPECT_EQ(steps[0].kind, row.kind) << row.line;
-        EXPECT_EQ(Values(steps[0]), row.values) << row.line;
+    for (const auto& [line, kind, values] : rows) {
+        const std::vector<Step> steps = Parsed(line);
+        ASSERT_EQ(steps.size(), 1u) << line;
+        EXPECT_EQ(steps[0].kind, kind) << line;
+        EXPECT_EQ(Values(steps[0]), values) << line;
     }
 }
 
