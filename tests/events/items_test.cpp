@@ -28,20 +28,4 @@ TEST(Items, TurnAListIntoAMask)
             << std::string(list.begin(), list.begin() + std::min<size_t>(list.size(), 40));
 }
 
-TEST(Items, TurnAMaskIntoAList)
-{
-    const std::pair<uint32_t, const char16_t*> cases[] = {{0x603, u""},
-                                                          {0xFFFFF8F8, u""},
-                                                          {0x4, u"3"},
-                                                          {0x104, u"10,3"},
-                                                          {0x101, u"10,1"},
-                                                          {0x707, u"10,11,12,1,2,3"},
-                                                          {0xFFFFFFFF, u"10,11,12,1,2,3"}};
-    for (const auto& [mask, expected] : cases) {
-        psui::ItemList list;
-        psui::ItemsOfMask(mask, list);
-        EXPECT_EQ(std::u16string(list), expected) << std::hex << mask;
-    }
-}
-
 } // namespace

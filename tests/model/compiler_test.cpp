@@ -135,26 +135,8 @@ TEST(Header, RecordsCustomPageParametersOnlyWhenAllFourValuesAreGood)
                                         "*ParamCustomPageSize HeightOffset: 1 real 1 x\n"
                                         "*ParamCustomPageSize Orientation: 5 int 0\n"
                                         "*ParamCustomPageSize Depth: 1 int 0 1\n");
-    const CustomPageParam& width = model->customPageParams[kCustomWidth];
-    EXPECT_EQ(width.order, 2u);
-    EXPECT_EQ(width.valueType, 2u);
-    EXPECT_EQ(width.minimum, 384u);
-    EXPECT_EQ(width.maximum, 768u);
-    constexpr CustomPageParam kNone{};
-    for (int i = kCustomHeight; i < kCustomPageParamCount; ++i)
-        EXPECT_EQ(std::memcmp(&model->customPageParams[i], &kNone, sizeof(kNone)), 0) << i;
-}
-
-TEST(Fonts, AreListedOnceWithTheirNumber)
-{
-    const ModelPtr model = CompileModel("*Font Wingdings: Special\n*Font Unheard-of: x\n"
-                                        "*Font PC-Brussels: \"a\"\n*Font Wingdings: again\n"
-                                        "*Font Letter-Goth16.6-BoldItalic: z\n");
-    std::string fonts;
-    for (const ResidentFont* f = model->residentFonts.get(); f; f = f->next.get())
-        fonts +=
-            TextOf(f->name) + "=" + TextOf(f->value) + "#" + std::to_string(uint16_t{f->fontNumber}) + " ";
-    EXPECT_EQ(fonts, "Wingdings=Special#62 PC-Brussels=a#1 Letter-Goth16.6-BoldItalic=z#72 ");
+    const CustomPageParam expected[kCustomPageParamCount] = {{2, 2, 0, 384, 768}, {}, {}, {}, {}};
+    EXPECT_EQ(std::memcmp(model->customPageParams, expected, sizeof(expected)), 0);
 }
 
 TEST(Options, AreCreatedOnceAndCompletedLater)
@@ -172,10 +154,24 @@ TEST(Options, AreCreatedOnceAndCompletedLater)
         {"several keywords feed one option",
          "*PageRegion A4: \"r\"\n*PageSize A4/A4: \"s\"\n*PageSizeL A4: \"l\"\n", "PageSize[0]: A4=s/A4\n"},
         {"memory options have no invocation", "*VMOption 8: \"8\"\n*InstalledMemory 16: \"x\"\n",
-         "VMOption[0]: 8=(none)\n"},
+         "VMOption(i)[0]: 8=(none)\n"},
         {"case matters", "*mediatype 0: \"0\"\n*MEDIATYPE 0: \"0\"\n", ""},
         {"queries, unknown keywords and includes are nobody's",
          "*?CM: \"x\"\n*Unheard: 1\n*Include: \"other.ppd\"\n*End\n*CM a: \"\"\n", "CM[0]: a=\n"},
+        {"input slots require a page region",
+         "*InputSlot A: \"\"\n*InputSlot B: \"\"\n*RequiresPageRegion B: False\n", "InputSlot[0]: A!= B=\n"},
+        {"a slot's statement decides",
+         "*InputSlot A: \"\"\n*RequiresPageRegion A: Perhaps\n*RequiresPageRegion N: True\n",
+         "InputSlot[0]: A= N!=(none)\n"},
+        {"no slot does", "*RequiresPageRegion All: False\n*InputSlot A: \"\"\n", "InputSlot[0]: A=\n"},
+        {"all slots do", "*RequiresPageRegion All: True\n*InputSlot A: \"\"\n*RequiresPageRegion A: False\n",
+         "InputSlot[0]: A!=\n"},
+        {"all slots perhaps", "*RequiresPageRegion All: Perhaps\n*InputSlot A: \"\"\n",
+         "InputSlot[0]: A!=\n"},
+        {"fonts are listed once with their number",
+         "*Font Wingdings: Special\n*Font Unheard-of: x\n*Font PC-Brussels: \"a\"\n*Font Wingdings: again\n"
+         "*Font Letter-Goth16.6-BoldItalic: z\n",
+         "font Wingdings=Special#62\nfont PC-Brussels=a#1\nfont Letter-Goth16.6-BoldItalic=z#72\n"},
     };
     ExpectSummaries(cases);
 }
@@ -223,49 +219,32 @@ TEST(Options, OfSpecialKindsKeepTheirOwnValues)
 
 TEST(PageSizes, AreLimitedToTheirDimensions)
 {
-    using Area = std::array<uint32_t, 6>; // in points
-    const std::pair<const char*, Area> cases[] = {{"10 20 90 180", {10, 20, 90, 180, 0, 0}},
-                                                  {"10 20 90 180 5", {10, 20, 90, 180, 0, 0}},
-                                                  {"10 20 90 180 5 6", {10, 20, 90, 180, 5, 6}},
-                                                  {"10 20 90 180 5 x", {10, 20, 90, 180, 0, 0}},
-                                                  {"10 20 90 180 100 200", {10, 20, 90, 180, 100, 200}},
-                                                  {"10 20 90 180 101 201", {10, 20, 90, 180, 0, 0}},
-                                                  {"-5 20 900 1800", {0, 20, 100, 200, 0, 0}},
-                                                  {"90 20 90 180", {0, 0, 90, 200, 0, 0}},
-                                                  {"10 180 90 180", {0, 0, 90, 200, 0, 0}},
-                                                  {"10 20 90", {0, 0, 0, 200, 0, 0}},
-                                                  {"1 x 90 180", {0, 0, 0, 200, 0, 0}}};
-    for (const auto& [text, points] : cases)
-        for (const char* keyword : {"ImageableArea", "ImageableAreaL"}) {
-            const ModelPtr model = CompileModel(std::string("*PaperDimension A: \"100 200\"\n*") + keyword +
-                                                " A: \"" + text + "\"\n");
+    const std::tuple<const char*, const char*> cases[] = {// in points
+                                                          {"10 20 90 180", "10 20 90 180 0 0 "},
+                                                          {"10 20 90 180 5", "10 20 90 180 0 0 "},
+                                                          {"10 20 90 180 5 6", "10 20 90 180 5 6 "},
+                                                          {"10 20 90 180 5 x", "10 20 90 180 0 0 "},
+                                                          {"10 20 90 180 100 200", "10 20 90 180 100 200 "},
+                                                          {"10 20 90 180 101 201", "10 20 90 180 0 0 "},
+                                                          {"-5 20 900 1800", "0 20 100 200 0 0 "},
+                                                          {"90 20 90 180", "0 0 90 200 0 0 "},
+                                                          {"10 180 90 180", "0 0 90 200 0 0 "},
+                                                          {"10 20 90", "0 0 0 200 0 0 "},
+                                                          {"1 x 90 180", "0 0 0 200 0 0 "}};
+    for (const auto& [text, expected] : cases)
+        for (const std::string keyword : {"ImageableArea", "ImageableAreaL"}) {
+            const ModelPtr model =
+                CompileModel("*PaperDimension A: \"100 200\"\n*" + keyword + " A: \"" + text + "\"\n");
             const PageSizeOption* size = PageSizeOf(model, "A");
-            Area area;
-            std::memcpy(&area,
-                        std::string_view(keyword).ends_with("L") ? &size->imageableAreaL
-                                                                 : &size->imageableArea,
-                        sizeof(area));
-            for (size_t i = 0; i < area.size(); ++i)
-                EXPECT_EQ(area[i], points[i] * 256) << keyword << ' ' << text << " value " << i;
+            const ImageableArea& area =
+                keyword == "ImageableArea" ? size->imageableArea : size->imageableAreaL;
+            std::string points;
+            for (const uint32_t value :
+                 {uint32_t{area.left}, uint32_t{area.bottom}, uint32_t{area.right}, uint32_t{area.top},
+                  uint32_t{area.further[0]}, uint32_t{area.further[1]}})
+                points += std::to_string(value / 256) + " ";
+            EXPECT_EQ(points, expected) << keyword << ' ' << text;
         }
-}
-
-TEST(InputSlots, RequireAPageRegionUnlessAStatementSaysNot)
-{
-    const std::tuple<const char*, const char*> cases[] = {
-        {"*InputSlot A: \"\"\n*InputSlot B: \"\"\n*RequiresPageRegion B: False\n", "A1 B0 "},
-        {"*InputSlot A: \"\"\n*RequiresPageRegion A: Perhaps\n*RequiresPageRegion N: True\n", "A0 N1 "},
-        {"*RequiresPageRegion All: False\n*InputSlot A: \"\"\n", "A0 "},
-        {"*RequiresPageRegion All: True\n*InputSlot A: \"\"\n*RequiresPageRegion A: False\n", "A1 "},
-        {"*RequiresPageRegion All: Perhaps\n*InputSlot A: \"\"\n", "A1 "}};
-    for (const auto& [text, expected] : cases) {
-        const ModelPtr model = CompileModel(text);
-        std::string slots;
-        for (auto* o = FirstOption(BuiltinFeature(model.get(), kFeatureInputSlot)); o; o = o->next.get())
-            slots += TextOf(o->name) +
-                     (reinterpret_cast<const InputSlotOption*>(o)->requiresPageRegion ? "1 " : "0 ");
-        EXPECT_EQ(slots, expected) << text;
-    }
 }
 
 TEST(UiBlocks, FeedTheirFeatureWhileTheyAreOpen)
@@ -299,41 +278,22 @@ TEST(UiBlocks, FeedTheirFeatureWhileTheyAreOpen)
          "*JCLOpenUI *J: PickOne\n*J a: \"<41>\"\n*J b: \"<4>\"\n*Duplex N: \"<42>\"\n*CM c: "
          "\"<43>\"\n*JCLCloseUI: *J\n"
          "*Duplex T: \"<44>\"\n",
-         "J[0]: a=A\nDuplex[0]: N=B T=<44>\nCM[0]: c=<43>\n"},
+         "J(j)[0]: a=A\nDuplex[0]: N=B T=<44>\nCM[0]: c=<43>\n"},
         {"a bare star or a bad translation names nothing",
          "*OpenUI *: PickOne\n*OpenUI *S/<4>: PickOne\n*S a: \"1\"\n", ""},
+        {"the kind of choice",
+         "*OpenUI *A: Boolean\n*OpenUI *B: PickMany\n*OpenUI *C: Nonsense\n*JCLOpenUI *D: PickOne\n"
+         "*OpenUI *Tray: Boolean\n",
+         "A(b)[0]:\nB(m)[0]:\nC[0]:\nD(j)[0]:\nTray(b)[0]:\n"},
+        {"the installable group holds memory and the generic features created inside",
+         "*VMOption 8: 8\n*OpenUI *First: PickOne\n*OpenGroup: InstallableOptions/Installed\n"
+         "*OpenGroup: InstallableOptions\n*OpenUI *First: PickOne\n*OpenUI *Stacker: Boolean\n"
+         "*MediaType 0: \"0\"\n*CloseGroup: Other\n*OpenUI *Sorter: Boolean\n"
+         "*CloseGroup: InstallableOptions\n*CloseGroup: InstallableOptions\n*OpenUI *Last: PickOne\n",
+         "First[0]:\nMediaType[0]: 0=0\nLast[0]:\nVMOption(i)[0]: "
+         "8=(none)\nStacker(bi)[0]:\nSorter(bi)[0]:\n"},
     };
     ExpectSummaries(cases);
-}
-
-TEST(UiBlocks, SetTheUiType)
-{
-    const ModelPtr model = CompileModel("*OpenUI *A: Boolean\n*OpenUI *B: PickMany\n*OpenUI *C: Nonsense\n"
-                                        "*JCLOpenUI *D: PickOne\n*OpenUI *Tray: Boolean\n");
-    std::string types;
-    for (const ModelFeature* f = model->features.get(); f; f = f->next.get())
-        types += std::to_string(uint16_t{f->uiType}) + (f->flags & kFlagJobControl ? "j " : " ");
-    EXPECT_EQ(types, "0 2 1 1j 0 ");
-}
-
-TEST(InstallableGroup, HoldsGenericFeaturesCreatedInsideAndMemory)
-{
-    const ModelPtr model =
-        CompileModel("*VMOption 8: 8\n"
-                     "*OpenUI *First: PickOne\n"
-                     "*OpenGroup: InstallableOptions/Installed\n"
-                     "*OpenGroup: InstallableOptions\n"
-                     "*OpenUI *First: PickOne\n*OpenUI *Stacker: Boolean\n*MediaType 0: \"0\"\n"
-                     "*CloseGroup: Other\n*OpenUI *Sorter: Boolean\n"
-                     "*CloseGroup: InstallableOptions\n*CloseGroup: InstallableOptions\n"
-                     "*OpenUI *Last: PickOne\n");
-    std::string features;
-    for (const ModelFeature* f = model->features.get(); f; f = f->next.get())
-        features +=
-            TextOf(f->keyword) + std::to_string(uint16_t{f->ordinal}) + (f->installable ? "i " : "d ");
-    EXPECT_EQ(features, "First0d MediaType1d Last2d VMOption0i Stacker1i Sorter2i ");
-    EXPECT_EQ(model->documentFeatureCount, 3);
-    EXPECT_EQ(model->installableFeatureCount, 3);
 }
 
 TEST(Defaults, AreResolvedToTheOptionTheyName)

@@ -72,21 +72,36 @@ inline const PageSizeOption* PageSizeOf(const ModelPtr& model, std::string_view 
     return reinterpret_cast<const PageSizeOption*>(OptionOf(model, "PageSize", option));
 }
 
-/// "Feature[default]: option=invocation/translation ..." of every feature, in order; one line a feature.
+/// What sets a feature apart: Boolean, PickMany, job control, installable.
+inline std::string Marks(const ModelFeature& feature)
+{
+    const std::string marks = std::string(feature.uiType == kUiBoolean ? "b" : "") +
+                              (feature.uiType == kUiPickMany ? "m" : "") +
+                              (feature.flags & kFlagJobControl ? "j" : "") + (feature.installable ? "i" : "");
+    return marks.empty() ? "" : "(" + marks + ")";
+}
+
+/// "Feature(marks)[default]/translation: option=invocation/translation ..." of every feature, in order; one
+/// line a feature. Input slots that require a page region have a "!".
 inline std::string Summary(const ModelPtr& model)
 {
     if (!model)
         return "(no model)";
     std::string lines;
     for (const ModelFeature* f = model->features.get(); f; f = f->next.get()) {
-        lines += TextOf(f->keyword) + "[" + std::to_string(uint64_t{f->defaultOption}) + "]";
+        lines += TextOf(f->keyword) + Marks(*f) + "[" + std::to_string(uint64_t{f->defaultOption}) + "]";
         lines += f->translation ? "/" + TextOf(f->translation) + ":" : ":";
         for (const ModelOption* o = f->options.get(); o; o = o->next.get()) {
-            lines += " " + TextOf(o->name) + "=" + TextOf(o->invocation);
+            const bool required = f->featureIndex == kFeatureInputSlot &&
+                                  reinterpret_cast<const InputSlotOption*>(o)->requiresPageRegion != 0;
+            lines += " " + TextOf(o->name) + (required ? "!=" : "=") + TextOf(o->invocation);
             lines += o->translation ? "/" + TextOf(o->translation) : "";
         }
         lines += "\n";
     }
+    for (const ResidentFont* f = model->residentFonts.get(); f; f = f->next.get())
+        lines += "font " + TextOf(f->name) + "=" + TextOf(f->value) + "#" +
+                 std::to_string(uint16_t{f->fontNumber}) + "\n";
     return lines;
 }
 

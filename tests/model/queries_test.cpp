@@ -96,23 +96,6 @@ TEST(Query, ReadsTheDefaultOptionsCode)
     EXPECT_TRUE(TrayHasChoice(CompileModel("*Tray x: \"\"\n*Tray y: \"\"\n").get()));
 }
 
-TEST(Query, FindsRecordsByNameTranslationAndPlace)
-{
-    const ModelPtr model = CompileModel("*CM a/b: \"1\"\n*CM b/c: \"2\"\n*CM d: \"3\"\n*ICM x: \"\"\n");
-    const ModelOption* options = FirstOption(BuiltinFeature(model.get(), kFeatureCm));
-    EXPECT_EQ(FindByNameIndexed(options, "d").index, 2);
-    EXPECT_EQ(FindByNameIndexed(options, "e").index, kNotFound);
-    EXPECT_EQ(FindByNameIndexed(options, "e").node, nullptr);
-    EXPECT_EQ(FindByNameIndexed(model->features.get(), "ICM").index, 1);
-    EXPECT_EQ(FindByTranslationOrName(options, "b").index, 0);
-    EXPECT_EQ(FindByTranslationOrName(options, "c").index, 1);
-    EXPECT_EQ(FindByTranslationOrName(options, "d").index, 2);
-    EXPECT_EQ(FindByTranslationOrName(options, "").index, kNotFound);
-    EXPECT_EQ(NthNode(options, 2), FindByName(options, "d"));
-    EXPECT_EQ(NthNode(options, 3), nullptr);
-    EXPECT_EQ(ListLength(options), 3u);
-}
-
 TEST(Query, ReadsDecimalsAsFarAsTheyGo)
 {
     constexpr std::tuple<const char*, int32_t> kCases[] = {{nullptr, 0},

@@ -46,25 +46,6 @@ TEST_F(RefreshTail, KeepsTheRestOfTheClientText)
     EXPECT_EQ(Text(record_.dmPrivate.wszClientProcess, 32), u"_ther.exe");
 }
 
-TEST_F(RefreshTail, CopiesDatePrintAndFonts)
-{
-    SetAll(record_, "dwDatePrint=0x1286 crDateText=5 crDateBack=6 bTailValid=0");
-    record_.dmPrivate.lfDateFont.lfWeight = 700;
-    psui::RefreshTail(&record_);
-    ExpectFields(record_, "dwTailDatePrint=0x1286 crTailDateText=5 crTailDateBack=6 bTailValid=1");
-    EXPECT_EQ(record_.dmPrivate.lfTailDateFont.lfWeight, 700);
-}
-
-TEST_F(RefreshTail, TellsThePapersOnlyWhenFitting)
-{
-    for (int fit = 0; fit < 3; ++fit) {
-        SetAll(record_, {{"bFitToPaper", fit}, {"wDocumentPaper", 8}, {"wOutputPaper", 11}});
-        psui::RefreshTail(&record_);
-        ExpectFields(record_,
-                     {{"shTailDocPaper", fit == 1 ? 8 : -1}, {"shTailOutPaper", fit == 1 ? 11 : -1}});
-    }
-}
-
 TEST_F(RefreshTail, MarksCallsFromTheMakersApplication)
 {
     Set(record_, "bHostFlags", 0xF0);
