@@ -134,7 +134,7 @@ TEST_F(ButtonTest, OwnerDrawnButtonAsksForEveryChangeOfItsState)
         {[=] { Press(button); }, "selectSF"},
         {[=] { Release(button); }, "selectF click"},
         {[=] { SetFocus(parent_); }, "focus"},
-        {[=] { EnableWindow(button, FALSE), Repaint(button, true); }, "drawD"},
+        {[=] { EnableWindow(button, FALSE), Repaint(button); }, "drawD"},
     };
     for (const auto& [change, told] : kSteps) {
         change();
