@@ -216,8 +216,8 @@ TEST(Dialog, EnterEscapeAndCloseClickTheirButtons)
 TEST(Dialog, EditControlsOfSeveralLinesGiveItsKeysBack)
 {
     DialogWords words(kFrame, 100, 100);
-    words.Add(kEditClass, TEXT(""), ES_MULTILINE | WS_TABSTOP, kLines)
-        .Add(kEditClass, TEXT(""), ES_MULTILINE | ES_WANTRETURN | WS_TABSTOP, kWanting, 20)
+    words.Add(kEditClass, TEXT(""), ES_MULTILINE | ES_AUTOVSCROLL | WS_TABSTOP, kLines)
+        .Add(kEditClass, TEXT(""), ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_TABSTOP, kWanting, 20)
         .Add(kButton, TEXT("OK"), BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, 40);
     const auto type = [](HWND dialog) {
         Key(dialog, VK_RETURN);
