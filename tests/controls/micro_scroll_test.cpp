@@ -1,6 +1,7 @@
 // The library's own window classes.
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include <commctrl.h>
@@ -18,15 +19,7 @@ namespace {
 
 TEST(MicroScroll, StepsInsideOfItsRange)
 {
-    struct Case
-    {
-        DWORD style;
-        uint16_t position;
-        bool first;
-        uint16_t after;
-        bool told;
-    };
-    constexpr Case kCases[] = {
+    const std::tuple<DWORD, uint16_t, bool, uint16_t, bool> cases[] = {
         {0, 5, true, 4, true},
         {0, 5, false, 6, true},
         {0, 0, true, 0, true},
@@ -37,28 +30,26 @@ TEST(MicroScroll, StepsInsideOfItsRange)
         {MUS_INVERT, 5, false, 4, true},
         {MUS_INVERT | MUS_NOPEG, 9, true, 9, false},
     };
-    for (const Case& each : kCases) {
+    for (const auto& [style, position, first, after, told] : cases) {
         MicroScrollRecord record = {};
-        record.style = each.style;
+        record.style = style;
         record.maximum = 9;
-        record.position = each.position;
-        EXPECT_EQ(StepMicroScroll(record, each.first), each.told);
-        EXPECT_EQ(record.position, each.after);
+        record.position = position;
+        EXPECT_EQ(StepMicroScroll(record, first), told);
+        EXPECT_EQ(record.position, after);
     }
 }
 
 TEST(MicroScroll, ReadsItsFieldsFromText)
 {
     uint16_t fields[3];
-    EXPECT_TRUE(ReadThreeFields(TEXT("0,20,50"), fields));
-    EXPECT_EQ(fields[1], 20);
-    EXPECT_EQ(fields[2], 50);
-    EXPECT_TRUE(ReadThreeFields(TEXT("3,x,7y"), fields));
-    EXPECT_EQ(fields[1], 0);
-    EXPECT_EQ(fields[2], 7);
-    EXPECT_FALSE(ReadThreeFields(TEXT("3"), fields));
-    EXPECT_FALSE(ReadThreeFields(TEXT("3,4"), fields));
-    EXPECT_FALSE(ReadThreeFields(TEXT(""), fields));
+    for (const auto& [text, second, third] : {std::tuple{TEXT("0,20,50"), 20, 50}, {TEXT("3,x,7y"), 0, 7}}) {
+        EXPECT_TRUE(ReadThreeFields(text, fields));
+        EXPECT_EQ(fields[1], second);
+        EXPECT_EQ(fields[2], third);
+    }
+    for (const WCHAR* text : {TEXT("3"), TEXT("3,4"), TEXT("")})
+        EXPECT_FALSE(ReadThreeFields(text, fields));
 }
 
 struct Notification
@@ -66,6 +57,8 @@ struct Notification
     UINT message;
     WORD code;
     int position;
+
+    bool operator==(const Notification&) const = default;
 };
 std::vector<Notification> notifications;
 
@@ -73,8 +66,8 @@ LRESULT CALLBACK ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 {
     if (message == WM_VSCROLL || message == WM_HSCROLL)
         notifications.push_back(
-            LOWORD(wParam) == 5 ? Notification{message, LOWORD(wParam), static_cast<int>(lParam)}
-                                : Notification{message, LOWORD(wParam), static_cast<int>(HIWORD(wParam))});
+            {message, LOWORD(wParam),
+             LOWORD(wParam) == SB_THUMBTRACK ? static_cast<int>(lParam) : static_cast<int>(HIWORD(wParam))});
     if (message == WM_COMMAND)
         notifications.push_back({message, HIWORD(lParam), LOWORD(wParam)});
     return DefWindowProcW(window, message, wParam, lParam);
@@ -122,11 +115,9 @@ TEST_F(OwnClasses, MicroScrollTakesRangeAndPosition)
     EXPECT_EQ(SendMessageW(control, MUS_SETRANGE, 0, MAKELONG(5, 5)), -1);
     EXPECT_EQ(SendMessageW(control, MUS_SETRANGE, 0, MAKELONG(0, 10)), MAKELONG(0, 20));
     EXPECT_EQ(SendMessageW(control, MUS_GETPOS, 0, 0), 5);
-    ASSERT_EQ(notifications.size(), 3u) << "position, range, position";
-    EXPECT_EQ(notifications[0].position, 15);
-    EXPECT_EQ(notifications[1].code, 3);
-    EXPECT_EQ(notifications[1].position, 7) << "the control's id";
-    EXPECT_EQ(notifications[2].position, 5);
+    // The position, the range with the control's id, and the position that is left of it.
+    EXPECT_EQ(notifications,
+              (std::vector<Notification>{{WM_VSCROLL, 5, 15}, {WM_COMMAND, 3, 7}, {WM_VSCROLL, 5, 5}}));
     EXPECT_EQ(SendMessageW(control, MUS_SETCOLOR, 5, 1), 0);
     EXPECT_EQ(static_cast<COLORREF>(SendMessageW(control, MUS_SETCOLOR, 2, 0x123456)), kSystemDefault);
     EXPECT_EQ(SendMessageW(control, MUS_GETCOLOR, 2, 0), 0x123456);
@@ -150,17 +141,12 @@ TEST_F(OwnClasses, MicroScrollRepeatsWhileItsHalfIsHeld)
     SendMessageW(control, WM_TIMER, 501, 0);
     SendMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(5, 6));
     EXPECT_EQ(GetCapture(), nullptr);
-    ASSERT_EQ(notifications.size(), 3u);
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(notifications[static_cast<size_t>(i)].message, static_cast<UINT>(WM_VSCROLL));
-        EXPECT_EQ(notifications[static_cast<size_t>(i)].code, 0);
-        EXPECT_EQ(notifications[static_cast<size_t>(i)].position, 4 - i);
-    }
+    EXPECT_EQ(notifications,
+              (std::vector<Notification>{{WM_VSCROLL, 0, 4}, {WM_VSCROLL, 0, 3}, {WM_VSCROLL, 0, 2}}));
     notifications.clear();
     SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 35));
     SendMessageW(control, WM_CANCELMODE, 0, 0);
-    ASSERT_EQ(notifications.size(), 1u);
-    EXPECT_EQ(notifications[0].code, 1);
+    EXPECT_EQ(notifications, (std::vector<Notification>{{WM_VSCROLL, 1, 3}}));
 }
 
 TEST_F(OwnClasses, HooksTellTheDialogWhatIsTouched)

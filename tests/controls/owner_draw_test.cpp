@@ -216,24 +216,6 @@ TEST_F(OwnerDraw, PaintsTheBannerFromItsColumnWithLogoAndModel)
     EXPECT_GT(white, 50) << "pixels of the model's name";
 }
 
-TEST_F(OwnerDraw, PlacesPicturesOfPushButtonsAndMovesThemWhenPressed)
-{
-    struct Case
-    {
-        UINT bitmap;
-        int left, top; // in kItem
-    };
-    constexpr Case kCases[] = {{13047, 4, 4}, {13048, 4, 4}, {13040, 0, 0}, {1, 0, 0}};
-    for (const Case& each : kCases)
-        for (const int shift : {0, 2}) {
-            Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-            Lay(expected, each.bitmap, kItem.left + each.left + shift, kItem.top + each.top + shift,
-                kMagenta);
-            DrawButtonBitmap(test::Request(drawn, ODT_BUTTON, each.bitmap, kItem), shift != 0);
-            EXPECT_TRUE(Same(drawn, expected)) << each.bitmap << ' ' << shift;
-        }
-}
-
 TEST_F(OwnerDraw, DrawsOpaquePixelsInDarkGreyInAnyOtherMode)
 {
     for (const bool dib : {false, true}) {

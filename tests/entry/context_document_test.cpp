@@ -85,17 +85,6 @@ TEST_F(DocumentSettings, FailForAHandleThatIsNoPrinter)
     EXPECT_EQ(Differences(output, untouched), "");
 }
 
-TEST_F(DocumentSettings, AreCancelledWhenNobodyAnswersThePrompt)
-{
-    alignas(8) DriverDevMode output = {};
-    const DriverDevMode untouched = output;
-    EXPECT_EQ(Run(&output.dmPublic, nullptr, DM_PROMPT | DM_COPY), IDCANCEL);
-    EXPECT_EQ(
-        DrvAdvancedDocumentProperties(nullptr, printer_.handle(), printer_.name(), &output.dmPublic, nullptr),
-        0);
-    EXPECT_EQ(Differences(output, untouched), "");
-}
-
 TEST_F(DocumentSettings, CannotBePromptedForWithoutTheCommonSheets)
 {
     alignas(8) DriverDevMode output = {};

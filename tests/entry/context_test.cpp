@@ -140,16 +140,6 @@ TEST_F(ContextTest, LoadsTheTablesOfItsModel)
         EXPECT_EQ(Numbers(values, values + count), expected);
 }
 
-TEST_F(ContextTest, LoadsEmptyTablesForAModelThatSaysNothing)
-{
-    const Printer empty(u"P2", kEmptyModel);
-    const ContextPtr context(CreatePrinterUiContext(empty.handle(), nullptr));
-    ASSERT_TRUE(LoadContextTables(context.get()));
-    EXPECT_EQ(context->cPapers + context->cMediaTypeValues + context->cThicknessValues, 0u);
-    EXPECT_EQ(context->pPaperNames, nullptr);
-    EXPECT_EQ(context->cResolutions, 1u);
-}
-
 /// Every count is 0 and no table is left to be read.
 void ExpectNoTables(const PrinterUiContext& context)
 {

@@ -221,23 +221,6 @@ TEST_P(Lists, OfQualitiesKeepOrTakeTheLevel)
     }
 }
 
-TEST_P(Lists, OfLayoutsAreFilledOnceAndFollowTheRecord)
-{
-    const DialogContext context(kListModel);
-    const TestDialog tab(IDD_BASIC);
-    const std::vector<Expected> layouts = {{8093, 1},  {8094, 2},  {8095, 4}, {8098, 9},
-                                           {8099, 16}, {8096, -4}, {8097, -9}};
-    const std::pair<int, int> cases[] = {{1, 0}, {2, 1}, {4, 2}, {9, 3}, {16, 4}, {-4, 5}, {-9, 6}, {3, 0}};
-    for (const auto& [pages, selected] : cases) {
-        Set(context.record(), "dwPagesPerSheet", pages);
-        BuildMultiplePageList(tab, context);
-        EXPECT_EQ(Entries(tab, IDC_LAYOUT), EntriesOf(layouts, selected)) << pages;
-    }
-    tab.Send(IDC_LAYOUT, CB_SETITEMDATA, 0, 55);
-    BuildMultiplePageList(tab, context);
-    EXPECT_EQ(tab.Send(IDC_LAYOUT, CB_GETITEMDATA, 0), 55) << "filled a second time";
-}
-
 TEST_P(Lists, OfPageOrdersDependOnTheLayout)
 {
     const TestDialog tab(IDD_BASIC);

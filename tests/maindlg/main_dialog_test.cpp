@@ -373,11 +373,16 @@ TEST_F(MainDialog, StartsTheControlCentreOfAKnownModel)
     EXPECT_EQ(host::Recorded()[0].detail, u"open|Office on FILE: /SHOW|C:\\|1");
 }
 
-TEST_F(MainDialog, KeepsKeysForTheButtonsOfItsTab)
+TEST_F(MainDialog, KeepsKeysForTheButtonsOfItsTabAndTakesTheirLookWithTheFocus)
 {
     Open();
-    for (const int button : {IDC_DEFAULT, IDC_DUPLEX_SETTINGS})
-        EXPECT_EQ(SendDlgItemMessageW(context_->hBasicTab, button, WM_GETDLGCODE, 0, 0), 0x2024) << button;
+    for (const int id : {IDC_DEFAULT, IDC_DUPLEX_SETTINGS}) {
+        const HWND button = GetDlgItem(context_->hBasicTab, id);
+        EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), 0x2024) << id;
+        SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+        SendMessageW(button, WM_KILLFOCUS, 0, 0);
+        EXPECT_EQ(GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK, BS_PUSHBUTTON) << id;
+    }
 }
 
 // The pointer selects entries of an open list without a word, and Enter closes it on one of them.

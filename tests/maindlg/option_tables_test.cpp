@@ -50,18 +50,6 @@ TEST(OptionTables, HoldTheNumbersOfTheModelsOptions)
     EXPECT_EQ(OptionValueAt(context, kColorTable, 2, 77), 77u);
 }
 
-TEST(OptionTables, OfferGlossyPostcardsInJapaneseOnly)
-{
-    constexpr std::string_view kModel = "*MediaType Plain_Paper: \"1\"\n*MediaType GlossyHagakiATN: \"272\"\n"
-                                        "*MediaType GlossyHagakiURA: \"273\"\n*MediaType Glossy_C: \"263\"\n";
-    for (const std::string language : {"eng", "jpn"}) {
-        const World world(language);
-        const DialogContext context(kModel);
-        BuildOptionTable(context, kMediaTable);
-        EXPECT_EQ(Rows(context, kMediaTable), language == "jpn" ? "0:1 0:272 0:273 0:263 " : "0:1 0:263 ");
-    }
-}
-
 TEST(OptionTables, AreBuiltInWithoutMemory)
 {
     const World world;

@@ -109,18 +109,6 @@ TEST(Notice, DependsOnModelAndLanguage)
     }
 }
 
-TEST(Borderless, IsExcludedByQualityAndMedia)
-{
-    CheckRule(MediaAndQualityAllowBorderless, "bQualityLevel=2 dmMediaType=1",
-              {{"", true},
-               {"bQualityLevel=0", false},
-               {"bQualityLevel=5", true},
-               {"bQualityLevel=5 wModelType=0x10", false},
-               {"bQualityLevel=4 wModelType=0x10", true},
-               {"dmMediaType=264", false},
-               {"dmMediaType=265", false}});
-}
-
 TEST(Thickness, FollowsThePaperInForce)
 {
     for (const bool fits : {false, true}) {
