@@ -71,21 +71,18 @@ TEST_F(DocumentSheet, TakesItsMode)
 
 TEST_F(DocumentSheet, TakesThePrintersSwitches)
 {
-    const struct
-    {
-        DWORD vsc, wu, type;
-        int flags, shownVsc;
-    } switches[] = {{1, 1, REG_DWORD, 3, 1},    {0, 1, REG_DWORD, 0x82, 0}, {1, 0, REG_DWORD, 0x81, 1},
-                    {0, 0, REG_DWORD, 0x80, 0}, {2, 3, REG_DWORD, 3, 2},    {0x10000, 1, REG_DWORD, 3, 0},
-                    {0, 1, REG_BINARY, 3, 1}}; // a value that cannot be read counts as on
-    for (const auto& c : switches) {
-        SetNumber(TEXT("VSC"), c.vsc, c.type);
-        SetNumber(TEXT("WU"), c.wu);
+    const std::tuple<DWORD, DWORD, DWORD, int, int> switches[] = {
+        {1, 1, REG_DWORD, 3, 1},    {0, 1, REG_DWORD, 0x82, 0}, {1, 0, REG_DWORD, 0x81, 1},
+        {0, 0, REG_DWORD, 0x80, 0}, {2, 3, REG_DWORD, 3, 2},    {0x10000, 1, REG_DWORD, 3, 0},
+        {0, 1, REG_BINARY, 3, 1}}; // a value that cannot be read counts as on
+    for (const auto& [vsc, wu, type, flags, shownVsc] : switches) {
+        SetNumber(TEXT("VSC"), vsc, type);
+        SetNumber(TEXT("WU"), wu);
         SheetCaller sheet(printer, DM_COPY, &output);
         ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
-        EXPECT_EQ(sheet.context()->bWebFlags, c.flags);
-        EXPECT_EQ(sheet.context()->wVscSetting, c.shownVsc);
-        EXPECT_EQ(sheet.context()->wWuSetting, c.wu);
+        EXPECT_EQ(sheet.context()->bWebFlags, flags);
+        EXPECT_EQ(sheet.context()->wVscSetting, shownVsc);
+        EXPECT_EQ(sheet.context()->wWuSetting, wu);
     }
 }
 

@@ -170,19 +170,16 @@ TEST_F(SummaryPage, AppliesTheUsersOwnSize)
     const HWND page = OpenPage(sheet, window);
     NMHDR apply = {};
     apply.code = static_cast<UINT>(-202);
-    const struct
-    {
-        int paper, fields, newFields, width, length;
-    } cases[] = {{256, DM_COPIES, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, 1500, 2500},
-                 {9, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, DM_COPIES, 7, 8}};
-    for (const auto& c : cases) {
+    const std::tuple<int, int, int, int, int> cases[] = {
+        {256, DM_COPIES, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, 1500, 2500},
+        {9, DM_COPIES | DM_PAPERWIDTH | DM_PAPERLENGTH, DM_COPIES, 7, 8}};
+    for (const auto& [paper, fields, newFields, width, length] : cases) {
         DriverDevMode& work = sheet.context()->dmWork;
-        SetAll(work, {{"dmPaperSize", c.paper}, {"dmFields", c.fields}});
+        SetAll(work, {{"dmPaperSize", paper}, {"dmFields", fields}});
         SetAll(work, "wCustomWidth=1500 wCustomLength=2500 dmPaperWidth=7 dmPaperLength=8");
         sheet.calls.clear();
         SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&apply));
-        ExpectFields(work,
-                     {{"dmFields", c.newFields}, {"dmPaperWidth", c.width}, {"dmPaperLength", c.length}});
+        ExpectFields(work, {{"dmFields", newFields}, {"dmPaperWidth", width}, {"dmPaperLength", length}});
         ASSERT_EQ(sheet.calls.size(), 1u);
         EXPECT_EQ(sheet.calls[0].function, 9u);
         EXPECT_EQ(sheet.calls[0].first, 0x77);

@@ -8,48 +8,35 @@ namespace {
 using namespace psui;
 using namespace test;
 
-constexpr uint32_t kAllBits = 0xFFFFFFFF;
-
-struct CountedBits
-{
-    const char* field;
-    uint32_t bits; ///< those that count
-};
+/// Fields of which every bit counts.
+constexpr const char* kCounted =
+    "dwSdPaper dmMediaType bQualityLevel bBorderless dmPaperSize bDocType dmOrientation dmCopies dmCollate "
+    "bTailCollate bTailReverse dwPagesPerSheet bPageOrder bBorderLine wDuplexFlags wBindingOffset "
+    "dmDefaultSource dmColor dwColorAdjust dwDirChoicePlain dwDirChoiceOther wTonerSave bFitToPaper "
+    "wOutputPaper dmScale dwWatermarkFlags dwWatermarkRop bWatermarkOutline wWatermarkScale crDateBack "
+    "bStatusMonitor dwPhotoNotice bJpegPrint bColorHalftone dwColorModeOn bPrintOrderOpt lfDateFont";
 
 // The flags, place and formats of the printed date share a field; a language with formats of its own keeps
 // the formats in the tail's copy.
 constexpr uint32_t kDateFlags = 0x8F;
 constexpr uint32_t kDateFormats = 0xFF00;
 
-constexpr CountedBits kCounted[] = {
-    {"dwSdPaper", kAllBits},        {"dmMediaType", kAllBits},    {"bQualityLevel", kAllBits},
-    {"bBorderless", kAllBits},      {"dmPaperSize", kAllBits},    {"bDocType", kAllBits},
-    {"dmOrientation", kAllBits},    {"dmCopies", kAllBits},       {"dmCollate", kAllBits},
-    {"bTailCollate", kAllBits},     {"bTailReverse", kAllBits},   {"dwPagesPerSheet", kAllBits},
-    {"bPageOrder", kAllBits},       {"bBorderLine", kAllBits},    {"wDuplexFlags", kAllBits},
-    {"bBindingFlags", 3},           {"wBindingOffset", kAllBits}, {"dmDefaultSource", kAllBits},
-    {"dmColor", kAllBits},          {"dwColorAdjust", kAllBits},  {"dwDirChoicePlain", kAllBits},
-    {"dwDirChoiceOther", kAllBits}, {"wTonerSave", kAllBits},     {"bFitToPaper", kAllBits},
-    {"wOutputPaper", kAllBits},     {"dmScale", kAllBits},        {"dwDeviceOptions", 3},
-    {"dwWatermarkFlags", kAllBits}, {"dwWatermarkRop", kAllBits}, {"bWatermarkOutline", kAllBits},
-    {"wWatermarkScale", kAllBits},  {"dwDatePrint", kDateFlags},  {"crDateBack", kAllBits},
-    {"bStatusMonitor", kAllBits},   {"dwPhotoNotice", kAllBits},  {"bJpegPrint", kAllBits},
-    {"bColorHalftone", kAllBits},   {"dwColorModeOn", kAllBits},  {"bPrintOrderOpt", kAllBits},
-    {"lfDateFont", kAllBits},
-};
-
 using RecordBits = std::vector<BYTE>;
 
 RecordBits Counted(const std::string& language)
 {
     RecordBits counted(sizeof(DriverDevMode));
-    const auto count = [&](const char* name, uint32_t bits) {
+    const auto count = [&](const std::string& name, uint32_t bits) {
         const DevModeField& field = FieldNamed(name);
         for (size_t i = 0; i < field.width; ++i)
             counted[field.offset + i] |= static_cast<BYTE>(bits >> i % sizeof(bits) * 8);
     };
-    for (const CountedBits& each : kCounted)
-        count(each.field, each.bits);
+    std::istringstream names(kCounted);
+    for (std::string name; names >> name;)
+        count(name, 0xFFFFFFFF);
+    count("bBindingFlags", 3);
+    count("dwDeviceOptions", 3);
+    count("dwDatePrint", kDateFlags);
     count(language == "jpn" ? "dwTailDatePrint" : "dwDatePrint", kDateFormats);
     // Seven adjustments of two bytes, with one between the fourth and the fifth that is none.
     for (const size_t adjustment : {226, 228, 230, 232, 236, 238, 240})

@@ -57,28 +57,24 @@ TEST(BasicMedia, IsRefusedWhereItExcludesWhatIsSet)
 
 TEST(BasicMedia, SettlesQualityDryingDirectionAndDeviceOptions)
 {
-    constexpr struct
-    {
-        DWORD media;
-        int mediaClass, level, otherDirection, options;
-    } kCases[] = {
+    const std::tuple<DWORD, int, int, int, int> kCases[] = {
         {1, 0, 2, 1, 3},    {261, 1, 4, 0, 3},  {262, 2, 4, 0, 3},  {263, 3, 4, 0, 3}, {264, 4, 2, 0, 0},
         {265, 5, 1, 0, 0},  {266, 0, 1, 1, 3},  {268, 8, 2, 1, 3},  {269, 9, 4, 0, 3}, {270, 10, 4, 0, 3},
         {271, 11, 4, 0, 3}, {272, 12, 3, 1, 3}, {273, 13, 4, 0, 3},
     };
-    for (const auto& each : kCases)
+    for (const auto& [media, mediaClass, level, otherDirection, options] : kCases)
         for (const int slowDrying : {0, 1}) {
-            SCOPED_TRACE(each.media);
+            SCOPED_TRACE(media);
             DriverDevMode record =
                 PlainA4("bQualityLevel=1 dwDirModeOther=1 dwDirChoiceOther=1 dwDeviceOptions=3");
             test::Set(record, "dwSdPaper", slowDrying);
-            TakeMedia(record, each.media);
-            test::ExpectFields(record, {{"wMediaClass", each.mediaClass},
-                                        {"bQualityLevel", each.level},
-                                        {"dwSdPaper", each.media == kMediaHagakiAddress},
-                                        {"dwDirChoiceOther", each.otherDirection},
-                                        {"dwDirModeOther", each.otherDirection},
-                                        {"dwDeviceOptions", each.options}});
+            TakeMedia(record, media);
+            test::ExpectFields(record, {{"wMediaClass", mediaClass},
+                                        {"bQualityLevel", level},
+                                        {"dwSdPaper", media == kMediaHagakiAddress},
+                                        {"dwDirChoiceOther", otherDirection},
+                                        {"dwDirModeOther", otherDirection},
+                                        {"dwDeviceOptions", options}});
         }
 }
 
@@ -209,19 +205,15 @@ TEST(BasicLayout, StoresPagesPosterAndScale)
 
 TEST(BasicPageOrder, KeepsTheOtherOrientationsHalfOfTheField)
 {
-    constexpr struct
-    {
-        int orientation, pages, current, chosen, stored;
-    } kCases[] = {
+    const std::tuple<int, int, int, int, int> kCases[] = {
         {1, 4, 0, 3, 3}, {1, 2, 0, 2, 2}, {1, 2, 3, 2, 3}, {1, 2, 3, 0, 0}, {1, 2, 5, 0, 5},
         {1, 2, 5, 2, 2}, {2, 2, 1, 4, 4}, {2, 2, 5, 0, 0}, {2, 2, 2, 0, 2},
     };
-    for (const auto& each : kCases) {
-        DriverDevMode record = PlainA4({{"dmOrientation", each.orientation},
-                                        {"dwPagesPerSheet", each.pages},
-                                        {"bPageOrder", each.current}});
-        TakePageOrder(record, each.chosen);
-        EXPECT_EQ(record.dmPrivate.bPageOrder, each.stored) << each.current << " -> " << each.chosen;
+    for (const auto& [orientation, pages, current, chosen, stored] : kCases) {
+        DriverDevMode record =
+            PlainA4({{"dmOrientation", orientation}, {"dwPagesPerSheet", pages}, {"bPageOrder", current}});
+        TakePageOrder(record, chosen);
+        EXPECT_EQ(record.dmPrivate.bPageOrder, stored) << current << " -> " << chosen;
     }
 }
 

@@ -226,22 +226,17 @@ TEST_P(Lists, OfPageOrdersDependOnTheLayout)
     const TestDialog tab(IDD_BASIC);
     const std::vector<Expected> many = {{8105, 0}, {8104, 1}, {8107, 2}, {8106, 3}},
                                 two = {{8100, 0}, {8101, 2}}, landscape = {{8102, 0}};
-    const struct
-    {
-        int pages, orientation, order;
-        const std::vector<Expected>& entries;
-        int selected;
-    } cases[] = {{4, 1, 3, many, 3},      {4, 2, 0, many, 0},      {1, 1, 9, many, -1},
-                 {2, 1, 0, two, 0},       {2, 1, 5, two, 0},       {2, 1, 2, two, 1},
-                 {2, 1, 7, two, 1},       {2, 2, 0, landscape, 0}, {2, 2, 3, landscape, 0},
-                 {2, 2, 4, landscape, -1}};
-    for (const auto& c : cases) {
+    const std::tuple<int, int, int, const std::vector<Expected>&, int> cases[] = {
+        {4, 1, 3, many, 3},      {4, 2, 0, many, 0},      {1, 1, 9, many, -1}, {2, 1, 0, two, 0},
+        {2, 1, 5, two, 0},       {2, 1, 2, two, 1},       {2, 1, 7, two, 1},   {2, 2, 0, landscape, 0},
+        {2, 2, 3, landscape, 0}, {2, 2, 4, landscape, -1}};
+    for (const auto& [pages, orientation, order, entries, selected] : cases) {
         const DialogContext context(kListModel);
         SetAll(context.record(),
-               {{"dwPagesPerSheet", c.pages}, {"dmOrientation", c.orientation}, {"bPageOrder", c.order}});
+               {{"dwPagesPerSheet", pages}, {"dmOrientation", orientation}, {"bPageOrder", order}});
         BuildPageOrderList(tab, context);
-        EXPECT_EQ(Entries(tab, IDC_PAGE_ORDER), EntriesOf(c.entries, c.selected))
-            << c.pages << ' ' << c.orientation << ' ' << c.order;
+        EXPECT_EQ(Entries(tab, IDC_PAGE_ORDER), EntriesOf(entries, selected))
+            << pages << ' ' << orientation << ' ' << order;
     }
 }
 

@@ -322,28 +322,25 @@ TEST_F(MainDialog, ExplainsTheControlsOfItsOwn)
     WCHAR file[] = TEXT("C:\\driver.hlp");
     context_->pHelpFile = file;
     Open();
-    const struct
-    {
-        int control;
-        const char16_t* page; ///< null for none
-    } rows[] = {{IDOK, u"html/button.htm#ok"},
-                {IDC_APPLY, u"html/button.htm#apply"},
-                {IDC_CONTROL_CENTRE, u"html/idx_status_monitor_small.htm"},
-                {IDC_WEB_LINK, u"html/idx_web_support_small.htm"},
-                {IDC_TABS, nullptr}};
-    for (const auto& row : rows) {
+    const std::pair<int, const char16_t*> rows[] = {
+        {IDOK, u"html/button.htm#ok"},
+        {IDC_APPLY, u"html/button.htm#apply"},
+        {IDC_CONTROL_CENTRE, u"html/idx_status_monitor_small.htm"},
+        {IDC_WEB_LINK, u"html/idx_web_support_small.htm"},
+        {IDC_TABS, nullptr}};
+    for (const auto& [control, page] : rows) {
         host::ClearRecorded();
         context_->bContextHelpMode = 1;
         HELPINFO info = {};
         info.cbSize = sizeof(info);
-        info.iCtrlId = row.control;
+        info.iCtrlId = control;
         EXPECT_EQ(Ask(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), TRUE);
         EXPECT_EQ(context_->bContextHelpMode, 0u);
-        EXPECT_EQ(context_->hContextHelpWindow != nullptr, row.page != nullptr) << row.control;
+        EXPECT_EQ(context_->hContextHelpWindow != nullptr, page != nullptr) << control;
         const std::vector<host::Event> events = host::Recorded();
-        ASSERT_EQ(events.size(), row.page ? 1u : 0u) << row.control;
-        if (row.page) {
-            EXPECT_EQ(events[0].detail, row.page);
+        ASSERT_EQ(events.size(), page ? 1u : 0u) << control;
+        if (page) {
+            EXPECT_EQ(events[0].detail, page);
         }
     }
 }
@@ -404,18 +401,14 @@ TEST_F(MainDialog, TakesTheEntryThatAListIsClosedOn)
 TEST(SmallHelp, HangsBelowThePointerAndStaysOnTheDesktop)
 {
     constexpr SIZE kDesktop = {1280, 1024};
-    const struct
-    {
-        POINT pointer;
-        POINT place; ///< of the left upper corner
-    } rows[] = {{{640, 300}, {427, 300}},
-                {{1270, 300}, {849, 300}},
-                {{10, 300}, {5, 300}},
-                {{640, 1000}, {427, 678}}};
-    for (const auto& row : rows) {
-        const RECT place = SmallHelpPlace(row.pointer, kDesktop);
-        EXPECT_EQ(place.left, row.place.x);
-        EXPECT_EQ(place.top, row.place.y);
+    const std::pair<POINT, POINT> rows[] = {{{640, 300}, {427, 300}},
+                                            {{1270, 300}, {849, 300}},
+                                            {{10, 300}, {5, 300}},
+                                            {{640, 1000}, {427, 678}}};
+    for (const auto& [pointer, corner] : rows) {
+        const RECT place = SmallHelpPlace(pointer, kDesktop);
+        EXPECT_EQ(place.left, corner.x);
+        EXPECT_EQ(place.top, corner.y);
         EXPECT_EQ(SizeOf(place).cx, 426);
         EXPECT_EQ(SizeOf(place).cy, 341);
     }

@@ -190,27 +190,22 @@ std::string QualityList(const DriverDevMode& record)
 TEST(Quality, DependsOnTheMedia)
 {
     const std::string plain = "3:-4 2:-3 1:-2 0:-1 ", glossy = "5:-4 4:-3 3:-2 ";
-    const struct
-    {
-        DWORD media;
-        std::string list;
-        int level; ///< that the media starts with, -1 for none
-    } cases[] = {
+    const std::tuple<DWORD, std::string, int> cases[] = {
         {1, plain, 2},    {268, plain, 2},  {272, plain, 3},        {261, "4:-4 3:-3 ", 4}, {262, glossy, 4},
         {263, glossy, 4}, {273, glossy, 4}, {269, glossy, 4},       {270, glossy, 4},       {271, glossy, 4},
         {265, "", -1},    {0, "", -1},      {264, "3:-4 2:-3 ", 2},
     };
-    for (const auto& c : cases)
+    for (const auto& [media, list, level] : cases)
         for (const int color : {0, 1, 2}) {
-            SCOPED_TRACE(testing::Message() << "media " << c.media << " colour " << color);
+            SCOPED_TRACE(testing::Message() << "media " << media << " colour " << color);
             DriverDevMode record = {};
-            SetAll(record, {{"dmMediaType", c.media}, {"dmColor", color}, {"bQualityLevel", 77}});
-            EXPECT_EQ(QualityList(record), color ? c.list : "");
+            SetAll(record, {{"dmMediaType", media}, {"dmColor", color}, {"bQualityLevel", 77}});
+            EXPECT_EQ(QualityList(record), color ? list : "");
             EXPECT_FALSE(TakeQualityCode(record));
             EXPECT_EQ(record.dmPublic.dmPrintQuality, 0);
             TakeDefaultQualityLevel(record);
-            const bool known = color && c.level >= 0;
-            EXPECT_EQ(record.dmPrivate.bQualityLevel, known ? c.level : 77);
+            const bool known = color && level >= 0;
+            EXPECT_EQ(record.dmPrivate.bQualityLevel, known ? level : 77);
             EXPECT_EQ(TakeQualityCode(record), known);
             EXPECT_EQ(record.dmPublic.dmPrintQuality, record.dmPrivate.shQuality);
         }

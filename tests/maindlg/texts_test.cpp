@@ -14,11 +14,7 @@ using namespace test;
 
 TEST(FittedText, IsCutLineByLineAndEndsInDotsWhenLongEnough)
 {
-    const struct
-    {
-        int limit; ///< every unit is ten wide, and a line has to be narrower than this
-        const WCHAR *text, *fitted;
-    } cases[] = {
+    const std::tuple<int, const WCHAR*, const WCHAR*> cases[] = {
         {121, u"", u""},
         {121, u"twelve units", u"twelve units"},
         {121, u"thirteen unit", u"thirteen ..."},
@@ -34,12 +30,13 @@ TEST(FittedText, IsCutLineByLineAndEndsInDotsWhenLongEnough)
         {100, u"abcdefghijkl", u"abcdef..."},
         {31, u"ab\U0001F600cd", u"ab"}, // no half of a pair is left
     };
-    for (const auto& c : cases) {
+    for (const auto& [limit, whole, fitted] : cases) {
         WCHAR text[64];
-        lstrcpynW(text, c.text, 64);
+        lstrcpynW(text, whole, 64);
+        // Every unit is ten wide, and a line has to be narrower than the limit.
         FitTextToWidth(
-            text, c.limit, [](void*, const WCHAR*, int length) { return 10 * length; }, nullptr);
-        EXPECT_EQ(std::u16string(text), c.fitted) << c.limit;
+            text, limit, [](void*, const WCHAR*, int length) { return 10 * length; }, nullptr);
+        EXPECT_EQ(std::u16string(text), fitted) << limit;
     }
 }
 

@@ -1,4 +1,5 @@
 #include "tests/psuictl/psuictl_run.h"
+#include <tuple>
 
 namespace {
 
@@ -17,13 +18,7 @@ protected:
 
 TEST_F(ConvertCommand, TellsResultSizeAndErrorOfEveryMode)
 {
-    const struct
-    {
-        std::string options;
-        bool result;
-        int size;
-        int error; ///< of failures only
-    } rows[] = {
+    const std::tuple<std::string, bool, int, int> rows[] = {
         {"--mode 4", true, 1852, 0},
         {"--mode 4 --size 4000", true, 1852, 0},
         {"--mode 4 --size 1851", false, 1852, kTooSmall},
@@ -33,17 +28,17 @@ TEST_F(ConvertCommand, TellsResultSizeAndErrorOfEveryMode)
         {"--mode 1 own.dm --shape 188+112", true, 300, 0},
         {"--mode 1 own.dm --shape 188+112 --size 299", false, 299, kBadArgument},
     };
-    for (const auto& row : rows) {
+    for (const auto& [options, result, size, error] : rows) {
         std::filesystem::remove(Path("out.dm"));
-        const Outcome outcome = Run("convert P --json -o out.dm " + row.options);
+        const Outcome outcome = Run("convert P --json -o out.dm " + options);
         const nlohmann::json json = outcome.Json();
         ASSERT_TRUE(json.is_object()) << outcome;
-        EXPECT_EQ(outcome.code, row.result ? 0 : 1) << outcome;
-        EXPECT_EQ(json["result"], row.result) << outcome;
-        EXPECT_EQ(json["size"], row.size) << outcome;
-        EXPECT_TRUE(row.result || json["error"] == row.error) << outcome;
-        EXPECT_EQ(std::filesystem::exists(Path("out.dm")), row.result) << outcome;
-        EXPECT_EQ(ReadText(Path("out.dm")).size(), static_cast<size_t>(row.result ? row.size : 0));
+        EXPECT_EQ(outcome.code, result ? 0 : 1) << outcome;
+        EXPECT_EQ(json["result"], result) << outcome;
+        EXPECT_EQ(json["size"], size) << outcome;
+        EXPECT_TRUE(result || json["error"] == error) << outcome;
+        EXPECT_EQ(std::filesystem::exists(Path("out.dm")), result) << outcome;
+        EXPECT_EQ(ReadText(Path("out.dm")).size(), static_cast<size_t>(result ? size : 0));
     }
 }
 

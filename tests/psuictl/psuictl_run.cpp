@@ -1,7 +1,5 @@
 #include "tests/psuictl/psuictl_run.h"
 
-#include <fcntl.h>
-#include <spawn.h>
 #include <stdlib.h>
 #include <sys/wait.h>
 
@@ -9,31 +7,24 @@
 #include <fstream>
 #include <sstream>
 
-extern char** environ;
-
 namespace {
 
-/// The program's standard streams are the files `streams`.in, .out and .err.
-int Spawn(const std::filesystem::path& folder, const std::string& streams, std::vector<std::string> words)
+std::string Quoted(std::string word)
 {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    const std::string in = streams + ".in", out = streams + ".out", err = streams + ".err";
-    posix_spawn_file_actions_addopen(&actions, 0, in.c_str(), O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
+    for (size_t at = 0; (at = word.find('\'', at)) != word.npos; at += 4)
+        word.replace(at, 1, "'\\''");
+    return "'" + word + "'";
+}
 
-    std::vector<char*> argv;
-    for (std::string& word : words)
-        argv.push_back(word.data());
-    argv.push_back(nullptr);
-    pid_t child = 0;
-    const int error = posix_spawn(&child, argv[0], &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    if (error != 0 || waitpid(child, &status, 0) != child)
-        return -1;
+/// The program's standard streams are the files `streams`.in, .out and .err.
+int RunInShell(const std::filesystem::path& folder, const std::string& streams, const Words& words)
+{
+    std::string command = "cd " + Quoted(folder) + " && exec";
+    for (const std::string& word : words)
+        command += " " + Quoted(word);
+    command +=
+        " <" + Quoted(streams + ".in") + " >" + Quoted(streams + ".out") + " 2>" + Quoted(streams + ".err");
+    const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
@@ -83,7 +74,7 @@ Outcome PsuictlTest::Run(Words arguments, const std::string& input) const
     WriteText(streams + ".in", input);
     const Words line = arguments;
     arguments.insert(arguments.begin(), {PSUI_PRODUCT_DIR "/psuictl", "--root", folder_ / "root"});
-    const int code = Spawn(folder_, streams, std::move(arguments));
+    const int code = RunInShell(folder_, streams, arguments);
     return {line, code, ReadText(streams + ".out"), ReadText(streams + ".err")};
 }
 

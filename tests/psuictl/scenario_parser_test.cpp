@@ -76,11 +76,7 @@ TEST(ScenarioParser, CountsEveryLineAndKeepsItsText)
 
 TEST(ScenarioParser, SaysWhatIsWrongWithLine)
 {
-    const struct
-    {
-        const char* line;
-        const char* reason; ///< a part of it
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"clack 3032", "'clack' is no step"},
         {"\"click\" 3032", "'click' is no step"},
         {"click", "the form is 'click CONTROL'"},
@@ -99,13 +95,13 @@ TEST(ScenarioParser, SaysWhatIsWrongWithLine)
         {"type \"a\\", "a backslash"},
         {"type \"\\x\"", "a backslash"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [line, reason] : rows) {
         std::vector<Step> steps;
         ScenarioError error;
-        EXPECT_FALSE(ParseScenario(std::string("ok\n") + row.line + "\nok", steps, error)) << row.line;
-        EXPECT_EQ(error.line, 2) << row.line;
-        EXPECT_NE(error.reason.find(row.reason), std::string::npos) << row.line << ": " << error.reason;
-        EXPECT_TRUE(steps.empty()) << row.line;
+        EXPECT_FALSE(ParseScenario(std::string("ok\n") + line + "\nok", steps, error)) << line;
+        EXPECT_EQ(error.line, 2) << line;
+        EXPECT_NE(error.reason.find(reason), std::string::npos) << line << ": " << error.reason;
+        EXPECT_TRUE(steps.empty()) << line;
     }
 }
 

@@ -94,12 +94,7 @@ TEST_F(Scenario, WritesConfirmedRecordOnly)
 
 TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
 {
-    const struct
-    {
-        const char* steps;
-        int code;
-        const char* complaint; ///< a part of it
-    } rows[] = {
+    const std::tuple<const char*, int, const char*> rows[] = {
         {"wait IDC_SUMMARY\nexpect enabled IDC_SETTINGS off\n", 1,
          "s.txt:2: expect enabled IDC_SETTINGS off: expected off, found on"},
         {"wait IDC_SUMMARY\nexpect record dmCopies 2\n", 1,
@@ -115,11 +110,11 @@ TEST_F(Scenario, NamesLineAndWhatWasFoundWhenStepFails)
         {"wait IDC_SUMMARY\n", 1, "the scenario ends while the dialog \"P Properties\" is still open"},
         {"wait IDC_SUMMARY\nclack\n", 2, "s.txt:2: 'clack' is no step"},
     };
-    for (const auto& row : rows) {
-        WriteText(Path("s.txt"), row.steps);
+    for (const auto& [steps, code, complaint] : rows) {
+        WriteText(Path("s.txt"), steps);
         const Outcome outcome = Run(Line("s.txt", "--pages 2"));
-        EXPECT_EQ(outcome.code, row.code) << row.steps << outcome;
-        EXPECT_NE(outcome.err.find(row.complaint), std::string::npos) << row.steps << outcome;
+        EXPECT_EQ(outcome.code, code) << steps << outcome;
+        EXPECT_NE(outcome.err.find(complaint), std::string::npos) << steps << outcome;
     }
 }
 
