@@ -6,37 +6,8 @@
 
 namespace {
 
+using namespace std::literals;
 using test::MonitorWorld;
-
-/// Names that a section may have as they stand.
-const std::u16string kKept[] = {u"P1",
-                                u"Palette 310 (Copy 1)",
-                                u"a=b",
-                                u";remark",
-                                u"%s%n%d",
-                                u"\\\\server\\P1",
-                                u"say \"hello\" now",
-                                u"..\\..\\x",
-                                u"Office \u00C9tage",
-                                std::u16string(255, u'n')};
-
-/// The last two have half a character, and characters that the code page lacks.
-const std::u16string kRefused[] = {u"",
-                                   u" ",
-                                   u" P1",
-                                   u"P1 ",
-                                   u"P1\r\n[LODESTAT]\r\nPrinter=x",
-                                   u"P\t1",
-                                   u"P\x7F",
-                                   u"P[1",
-                                   u"P]1",
-                                   u"\"P1\"",
-                                   u"'P1'",
-                                   u"\"",
-                                   std::u16string(256, u'n'),
-                                   std::u16string(32000, u'n'),
-                                   u"P\xD83D",
-                                   u"\u5370\u5237 P1"};
 
 std::string Show(const std::u16string& text)
 {
@@ -69,7 +40,9 @@ void SyncAs(MonitorWorld& world, std::u16string name)
 
 TEST(PrinterName, IsASectionWhenItReadsBack)
 {
-    for (const std::u16string& name : kKept) {
+    for (const std::u16string& name :
+         {u"P1"s, u"Palette 310 (Copy 1)"s, u"a=b"s, u";remark"s, u"%s%n%d"s, u"\\\\server\\P1"s,
+          u"say \"hello\" now"s, u"..\\..\\x"s, u"Office \u00C9tage"s, std::u16string(255, u'n')}) {
         SCOPED_TRACE(Show(name));
         MonitorWorld world;
         world.Shared().Write(u"LODESTAT", u"Printer=Other");
@@ -86,7 +59,10 @@ TEST(PrinterName, OutsideTheProtocolChangesNothing)
     world.Shared().Write(u"LODESTAT", u"Printer=Other");
     const std::string before = world.Shared().Bytes();
     const psui::DriverDevMode record = world.record;
-    for (const std::u16string& name : kRefused) {
+    for (const std::u16string& name :
+         {u""s, u" "s, u" P1"s, u"P1 "s, u"P1\r\n[LODESTAT]\r\nPrinter=x"s, u"P\t1"s, u"P\x7F"s, u"P[1"s,
+          u"P]1"s, u"\"P1\""s, u"'P1'"s, u"\""s, std::u16string(256, u'n'), std::u16string(32000, u'n'),
+          u"half a character \xD83D"s, u"not in the code page \u5370\u5237"s}) {
         SyncAs(world, name);
         EXPECT_EQ(world.Shared().Bytes(), before) << Show(name);
         EXPECT_EQ(test::Differences(world.record, record), "") << Show(name);

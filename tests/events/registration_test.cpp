@@ -9,6 +9,7 @@ namespace {
 
 using namespace std::literals;
 using test::MonitorWorld;
+using test::WideBytes;
 
 /// A value of the monitor's key as its bytes.
 std::optional<std::string> Value(const char16_t* name, DWORD expectedType)
@@ -29,13 +30,7 @@ std::optional<std::string> Value(const char16_t* name, DWORD expectedType)
 
 void SetValue(const char16_t* name, DWORD type, std::string_view bytes)
 {
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, test::kMonitorKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                              &key, nullptr),
-              ERROR_SUCCESS);
-    RegSetValueExW(key, name, 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                   static_cast<DWORD>(bytes.size()));
-    RegCloseKey(key);
+    test::SetRegistryBytes(HKEY_CURRENT_USER, test::kMonitorKey, name, type, bytes);
 }
 
 std::string Narrow(const std::u16string& text)
@@ -47,12 +42,6 @@ std::string Narrow(const std::u16string& text)
 std::string PathValue(const std::u16string& path)
 {
     return Narrow(path) + '\0';
-}
-
-/// UTF-16 bytes with the terminator.
-std::string WideBytes(const std::u16string& text)
-{
-    return {reinterpret_cast<const char*>(text.c_str()), 2 * (text.size() + 1)};
 }
 
 bool FolderExists()
@@ -75,15 +64,11 @@ TEST(VersionAtLeast, ComparesMajorThenMinorNumbers)
 
 TEST(StatusMonitorIsNew, BelievesTheRegistryBeforeTheProgram)
 {
-    const std::tuple<const char16_t*, const char*, bool> cases[] = {{u"3.10", "", true},
-                                                                    {u"3.0", "", false},
-                                                                    {u"3.0", "3_10", false},
-                                                                    {u"", "", false},
-                                                                    {u"", "3_0", false},
-                                                                    {u"", "3_10", true},
-                                                                    {u"4.0", "3_0", true},
-                                                                    {u"3.1234567890123", "", true},
-                                                                    {u"3.12345678901234567890", "", true}};
+    const std::tuple<const char16_t*, const char*, bool> cases[] = {
+        {u"3.10", "", true},     {u"3.12345678901234567890", "", true},
+        {u"3.0", "3_10", false}, {u"", "", false},
+        {u"", "3_0", false},     {u"", "3_10", true},
+        {u"4.0", "3_0", true}};
     for (const auto& [registered, program, isNew] : cases) {
         MonitorWorld world(registered);
         if (*program)

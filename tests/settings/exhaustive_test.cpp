@@ -21,17 +21,11 @@ constexpr uint16_t kBoundarySizes[] = {
 };
 static_assert(std::size(kBoundarySizes) == 64);
 
-class Exhaustive : public testing::Test
+class Exhaustive : public DefaultRecord
 {
 protected:
-    World world_;
-    Model model_{kFullModel};
     GuardedMemory memory_{2 * 65535};
     GuardedMemory output_{2 * 65535};
-    alignas(8) psui::DriverDevMode default_;
-
-    // Without a device name there is no print processor to look up, which would take nearly all the time.
-    Exhaustive() { psui::BuildDefaultDevMode(&default_, nullptr, model_, true); }
 
     static size_t OwnedBytes(const RecordShape& shape)
     {
@@ -52,18 +46,18 @@ protected:
         LONG size = 300;
         psui::ConvertDevMode(nullptr, record, reinterpret_cast<DEVMODEW*>(output_.Last(300)), &size,
                              psui::kConvertToOldFormat);
-        alignas(8) psui::DriverDevMode whole = default_;
+        alignas(8) psui::DriverDevMode whole = record_;
         size = sizeof(whole);
         psui::ConvertDevMode(nullptr, record, &whole.dmPublic, &size, psui::kConvertRecord);
 
-        whole = default_;
+        whole = record_;
         psui::MergeDevMode(&whole, record, model_);
         ASSERT_EQ(FieldOutOfRange(whole), "")
             << "dmSize " << shape.publicSize << ", dmDriverExtra " << shape.privateSize;
 
         size = static_cast<LONG>(OwnedBytes(shape));
         const BOOL converted =
-            psui::ConvertDevMode(nullptr, &default_.dmPublic, record, &size, psui::kConvertRecord);
+            psui::ConvertDevMode(nullptr, &record_.dmPublic, record, &size, psui::kConvertRecord);
         ASSERT_EQ(converted, shape.publicSize >= psui::kHeaderSize && shape.specVersion != 0)
             << "dmSize " << shape.publicSize << ", dmDriverExtra " << shape.privateSize;
     }
@@ -84,35 +78,35 @@ TEST_F(Exhaustive, BoundarySizesMergeToAStableRecord)
     for (const uint16_t size : kBoundarySizes)
         for (const uint16_t extra : kBoundarySizes)
             for (const uint16_t version : {uint16_t{0}, psui::kSpecVersion})
-                ASSERT_EQ(CheckMerge(default_, Place({version, psui::kDriverVersion, size, extra}), model_),
+                ASSERT_EQ(CheckMerge(record_, Place({version, psui::kDriverVersion, size, extra}), model_),
                           "")
                     << "dmSize " << size << ", dmDriverExtra " << extra << ", version " << version;
 }
 
 TEST_F(Exhaustive, EveryCutOfAnOwnRecordMerges)
 {
-    const BYTE* whole = reinterpret_cast<const BYTE*>(&default_);
-    for (size_t length = psui::kHeaderSize; length <= sizeof(default_) && !HasFatalFailure(); ++length) {
+    const BYTE* whole = reinterpret_cast<const BYTE*>(&record_);
+    for (size_t length = psui::kHeaderSize; length <= sizeof(record_) && !HasFatalFailure(); ++length) {
         BYTE* record = memory_.Last(length);
         std::copy_n(whole, length, record);
         const uint16_t publicSize = static_cast<uint16_t>(std::min<size_t>(length, psui::kPublicSize));
         psui::SetShape(record, {psui::kSpecVersion, psui::kDriverVersion, publicSize,
                                 static_cast<uint16_t>(length - publicSize)});
-        ASSERT_EQ(CheckMerge(default_, reinterpret_cast<DEVMODEW*>(record), model_), "") << length;
+        ASSERT_EQ(CheckMerge(record_, reinterpret_cast<DEVMODEW*>(record), model_), "") << length;
     }
 }
 
 TEST_F(Exhaustive, EveryValueOfEveryByteMergesToARecordInRange)
 {
-    const BYTE* whole = reinterpret_cast<const BYTE*>(&default_);
+    const BYTE* whole = reinterpret_cast<const BYTE*>(&record_);
     // The header states how many bytes the record has; those are the sweeps above.
     constexpr size_t kSizes = offsetof(DEVMODEW, dmSize);
-    BYTE* record = memory_.Last(sizeof(default_));
-    for (size_t at = 0; at < sizeof(default_); ++at) {
-        std::copy_n(whole, sizeof(default_), record);
+    BYTE* record = memory_.Last(sizeof(record_));
+    for (size_t at = 0; at < sizeof(record_); ++at) {
+        std::copy_n(whole, sizeof(record_), record);
         for (int value = 0; value < 256 && !(kSizes <= at && at < psui::kHeaderSize); ++value) {
             record[at] = static_cast<BYTE>(value);
-            ASSERT_EQ(CheckMerge(default_, reinterpret_cast<DEVMODEW*>(record), model_), "")
+            ASSERT_EQ(CheckMerge(record_, reinterpret_cast<DEVMODEW*>(record), model_), "")
                 << "byte " << at << " = " << value;
         }
     }

@@ -6,15 +6,9 @@ namespace {
 using namespace test;
 using psui::ResolvedPaper;
 
-class ResolvePaper : public testing::Test
+struct ResolvePaper : DefaultRecord
 {
-protected:
-    World world_;
-    Model model_{kFullModel};
-    alignas(8) psui::DriverDevMode record_;
     psui::PaperForm form_;
-
-    ResolvePaper() { psui::BuildDefaultDevMode(&record_, nullptr, model_, true); }
 
     ResolvedPaper Resolve() { return psui::ResolvePaper(nullptr, &record_.dmPublic, &form_, model_); }
     std::u16string FormName() const { return Text(record_.dmPublic.dmFormName, 32); }

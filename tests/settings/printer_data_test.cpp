@@ -1,6 +1,7 @@
 #include "psui/settings/printer_data.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <tuple>
 
@@ -245,13 +246,11 @@ TEST_F(PrinterDataTest, ConvertsAnOldTrayFormTable)
     EXPECT_TRUE(psui::ConvertTrayFormTable(handle)) << "there is none";
     EXPECT_EQ(Stored(handle, u"TrayFormSize"), "");
     StoreTable(handle, Bytes(kOld));
-    EXPECT_TRUE(psui::ConvertTrayFormTable(handle));
-    EXPECT_EQ(Stored(handle, u"TrayFormTable"), Bytes(kNew));
-    EXPECT_EQ(Bytes(kNew).size(), Bytes(kOld).size() + 6);
-    EXPECT_EQ(Stored(handle, u"TrayFormSize"), std::string("\x48\0\0\0", 4));
-    EXPECT_TRUE(psui::ConvertTrayFormTable(handle));
-    EXPECT_EQ(Stored(handle, u"TrayFormTable"), Bytes(kNew)) << "it is current";
-
+    for (const char* state : {"it is old", "it is current"}) {
+        EXPECT_TRUE(psui::ConvertTrayFormTable(handle)) << state;
+        EXPECT_EQ(Stored(handle, u"TrayFormTable"), Bytes(kNew)) << state;
+        EXPECT_EQ(Stored(handle, u"TrayFormSize"), std::string("\x48\0\0\0", 4)) << state;
+    }
     StoreTable(handle, Bytes({u"\0", 1}));
     EXPECT_TRUE(psui::ConvertTrayFormTable(handle));
     EXPECT_EQ(Stored(handle, u"TrayFormTable"), Bytes({u"\4\0", 2}));
@@ -277,22 +276,16 @@ TEST_F(PrinterDataTest, LeavesAnOldTrayFormTableThatIsNotSound)
     }
 }
 
-TEST_F(PrinterDataTest, WalksTheEntriesOfATrayFormTable)
+TEST_F(PrinterDataTest, WalksTheWholeEntriesOfATrayFormTable)
 {
     std::u16string units = kNew;
     units[units.size() - 2] = 0xD800; // the second entry's number
-    StoreTable(handle, Bytes(units));
-    EXPECT_EQ(Entries(), std::u16string(u"Upper|A4|A4 sheet|\0 Lower|Letter||\xD800 ", 36));
-}
-
-TEST_F(PrinterDataTest, WalksNoFurtherThanATrayFormTableReaches)
-{
-    const std::string whole = Bytes(kNew);
+    const std::string whole = Bytes(units);
     for (size_t size = 2; size <= whole.size(); ++size) {
         std::string cut = whole.substr(0, size);
         cut[0] = static_cast<char>(size);
         StoreTable(handle, cut);
-        const std::u16string_view both(u"Upper|A4|A4 sheet|\0 Lower|Letter||\0 ", 36);
+        const std::u16string_view both(u"Upper|A4|A4 sheet|\0 Lower|Letter||\xD800 ", 36);
         EXPECT_EQ(Entries(), both.substr(0, size < 40 ? 0 : size < whole.size() - 2 ? 20 : 36)) << size;
     }
 }
@@ -303,14 +296,12 @@ TEST_F(PrinterDataTest, HasNoTrayFormTableWhenItsSizesDisagree)
     EXPECT_FALSE(psui::ReadTrayFormTable(handle));
     Store(handle, u"TrayFormTable", REG_BINARY, table.data(), table.size());
     EXPECT_FALSE(psui::ReadTrayFormTable(handle)) << "no size is stored";
-    for (DWORD stated : {0u, 1u, 2u, 71u, 73u, 0x10048u, 0xFFFFFFFFu}) {
+    for (DWORD stated : {0u, 1u, 2u, 71u, 72u, 73u, 0x10048u, 0xFFFFFFFFu}) {
         Store(handle, u"TrayFormSize", stated);
-        EXPECT_FALSE(psui::ReadTrayFormTable(handle)) << stated;
+        EXPECT_EQ(bool{psui::ReadTrayFormTable(handle)}, stated == 72) << stated;
     }
-    Store(handle, u"TrayFormSize", 72);
-    EXPECT_TRUE(psui::ReadTrayFormTable(handle));
     table[0] = 70;
-    Store(handle, u"TrayFormTable", REG_BINARY, table.data(), table.size());
+    StoreTable(handle, table);
     EXPECT_FALSE(psui::ReadTrayFormTable(handle)) << "it says another size";
 }
 
@@ -328,24 +319,17 @@ TEST_F(PrinterDataTest, NeverLosesATrayFormTableSilently)
             });
 }
 
-/// Flags and sizes of the printer's forms by name.
-struct Form
-{
-    DWORD flags;
-    LONG width, height, right, bottom;
-    bool operator==(const Form&) const = default;
-};
+/// Flags, size and right and bottom of the imageable area.
+using Form = std::array<LONG, 5>;
 
 std::map<std::u16string, Form> Forms(HANDLE printer)
 {
     std::map<std::u16string, Form> result;
     DWORD count = 0;
     const auto forms = psui::EnumPrinterForms(printer, count);
-    for (DWORD i = 0; i < count; ++i) {
-        const FORM_INFO_1W& form = forms.get()[i];
-        result[form.pName] = {form.Flags, form.Size.cx, form.Size.cy, form.ImageableArea.right,
-                              form.ImageableArea.bottom};
-    }
+    for (const FORM_INFO_1W* f = forms.get(); f != forms.get() + count; ++f)
+        result[f->pName] = {static_cast<LONG>(f->Flags), f->Size.cx, f->Size.cy, f->ImageableArea.right,
+                            f->ImageableArea.bottom};
     return result;
 }
 

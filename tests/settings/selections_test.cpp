@@ -8,7 +8,9 @@ namespace {
 
 using namespace test;
 
-TEST(SyncSelectionsFromPublic, FindsTheOptionThatAPublicFieldAsksFor)
+using SyncSelectionsFromPublic = DefaultRecord;
+
+TEST_F(SyncSelectionsFromPublic, FindsTheOptionThatAPublicFieldAsksFor)
 {
     const std::tuple<psui::FeatureIndex, DWORD, FieldValue, int> cases[] = {
         {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 1}, 0},
@@ -24,47 +26,36 @@ TEST(SyncSelectionsFromPublic, FindsTheOptionThatAPublicFieldAsksFor)
         {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 256}, 0},
         {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 7}, 255},
         {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", -1}, 255}};
-    World world;
-    const Model model(kFullModel);
-    alignas(8) psui::DriverDevMode record;
-    psui::BuildDefaultDevMode(&record, nullptr, model, true);
     for (const auto& [feature, mask, field, expected] : cases) {
-        Set(record, field.name, field.value);
-        uint8_t& selection = record.dmPrivate.abFeatureSel[model->featureByIndex[feature]->ordinal];
+        Set(record_, field.name, field.value);
+        uint8_t& selection = record_.dmPrivate.abFeatureSel[model_->featureByIndex[feature]->ordinal];
         selection = 99;
-        psui::SyncSelectionsFromPublic(&record, ~mask, model);
+        psui::SyncSelectionsFromPublic(&record_, ~mask, model_);
         EXPECT_EQ(selection, 99) << field.name << " is not in the mask";
-        psui::SyncSelectionsFromPublic(&record, mask, model);
+        psui::SyncSelectionsFromPublic(&record_, mask, model_);
         EXPECT_EQ(selection, expected) << field.name << " " << field.value;
     }
 }
 
-TEST(SyncSelectionsFromPublic, FindsPageSizesByTranslationAndName)
+TEST_F(SyncSelectionsFromPublic, FindsPageSizesByTranslationAndName)
 {
-    World world;
-    const Model model(kFullModel);
-    alignas(8) psui::DriverDevMode record;
-    psui::BuildDefaultDevMode(&record, nullptr, model, true);
     const uint8_t& selection =
-        record.dmPrivate.abFeatureSel[model->featureByIndex[psui::kFeaturePageSize]->ordinal];
+        record_.dmPrivate.abFeatureSel[model_->featureByIndex[psui::kFeaturePageSize]->ordinal];
     const std::pair<std::u16string, int> cases[] = {
         {u"A4 sheet", 0}, {u"A4", 0}, {u"Letter", 1}, {u"letter", 255}, {std::u16string(32, u'\x8000'), 255}};
     for (const auto& [form, expected] : cases) {
-        std::fill_n(record.dmPublic.dmFormName, 32, u'\0');
-        std::copy(form.begin(), form.end(), record.dmPublic.dmFormName);
-        psui::SyncSelectionsFromPublic(&record, DM_FORMNAME, model);
+        std::fill_n(record_.dmPublic.dmFormName, 32, u'\0');
+        std::copy(form.begin(), form.end(), record_.dmPublic.dmFormName);
+        psui::SyncSelectionsFromPublic(&record_, DM_FORMNAME, model_);
         EXPECT_EQ(selection, expected);
     }
 }
 
-TEST(SyncSelectionsFromPublic, SkipsFeaturesThatTheModelLacks)
+TEST_F(SyncSelectionsFromPublic, SkipsFeaturesThatTheModelLacks)
 {
-    World world;
-    alignas(8) psui::DriverDevMode record;
-    psui::BuildDefaultDevMode(&record, nullptr, Model(kEmptyModel), true);
-    const psui::DriverDevMode before = record;
-    psui::SyncSelectionsFromPublic(&record, ~DWORD{0}, Model(kEmptyModel));
-    EXPECT_EQ(Differences(before, record), "");
+    const psui::DriverDevMode before = record_;
+    psui::SyncSelectionsFromPublic(&record_, ~DWORD{0}, Model(kEmptyModel));
+    EXPECT_EQ(Differences(before, record_), "");
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include "host/host.h"
 #include "psui/base/module.h"
 #include "psui/model/image.h"
+#include "psui/settings/record.h"
 #include "tests/settings/record_fields.h"
 
 namespace test {
@@ -50,16 +51,28 @@ public:
     }
 };
 
-inline void SetRegistryText(HKEY root, const std::u16string& key, const std::u16string& value,
-                            const std::u16string& text, DWORD type = REG_SZ)
+inline void SetRegistryBytes(HKEY root, const std::u16string& key, const std::u16string& value, DWORD type,
+                             std::string_view bytes)
 {
     HKEY handle = nullptr;
     ASSERT_EQ(RegCreateKeyExW(root, key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &handle, nullptr),
               ERROR_SUCCESS);
-    EXPECT_EQ(RegSetValueExW(handle, value.c_str(), 0, type, reinterpret_cast<const BYTE*>(text.c_str()),
-                             static_cast<DWORD>((text.size() + 1) * sizeof(WCHAR))),
+    EXPECT_EQ(RegSetValueExW(handle, value.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                             static_cast<DWORD>(bytes.size())),
               ERROR_SUCCESS);
     RegCloseKey(handle);
+}
+
+/// The text's bytes with its terminator.
+inline std::string WideBytes(const std::u16string& text)
+{
+    return {reinterpret_cast<const char*>(text.c_str()), sizeof(WCHAR) * (text.size() + 1)};
+}
+
+inline void SetRegistryText(HKEY root, const std::u16string& key, const std::u16string& value,
+                            const std::u16string& text, DWORD type = REG_SZ)
+{
+    SetRegistryBytes(root, key, value, type, WideBytes(text));
 }
 
 inline void SetCountry(const std::u16string& country)
@@ -170,5 +183,16 @@ inline constexpr std::string_view kFullModel = R"(*ColorDevice: True
 
 /// A model that says nothing: every default is a fallback.
 inline constexpr std::string_view kEmptyModel = "*NickName: \"Nothing\"\n";
+
+/// A default record of the full model, in a metric country and without a print processor to look up.
+class DefaultRecord : public testing::Test
+{
+protected:
+    World world_;
+    Model model_{kFullModel};
+    alignas(8) psui::DriverDevMode record_;
+
+    DefaultRecord() { psui::BuildDefaultDevMode(&record_, nullptr, model_, true); }
+};
 
 } // namespace test
