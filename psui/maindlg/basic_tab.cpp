@@ -339,6 +339,9 @@ void OnLayout(const Tab& tab)
         }
         EndScaling(record);
         ShowScalingEnded(tab);
+        // Now the document's own paper has to come from the tray.
+        if (record.dmPublic.dmDefaultSource == kSourceTray2 && FailsTray2(record))
+            LeaveTray2(tab, BasicMessage::Tray2Excluded);
     }
     TakeLayout(record, position, true);
     ShowPaper(tab.window, tab.context); // with its scale
