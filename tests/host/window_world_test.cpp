@@ -1,7 +1,5 @@
 // What only hosts see of windows: input, pictures, the idle hook, and the ledger.
-#include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -9,73 +7,86 @@
 
 #include "host/host.h"
 #include "host/window/dialog_template.h"
+#include "tests/host/dialog_words.h"
 #include "tests/host/memory_world.h"
 
 namespace {
 
 using Windows = MemoryWorld;
 
-/// A dialog with a default OK button, an edit control and a push button (100) that opens a message box.
-std::vector<WORD> DialogWords()
+constexpr int kBox = 100;
+constexpr int kField = 101;
+
+/// A dialog with an edit control, a push button that opens a message box, and a default OK button.
+DialogWords Sample()
 {
-    std::vector<WORD> words;
-    const auto add = [&](std::initializer_list<WORD> more) { words.insert(words.end(), more); };
-    const auto text = [&](std::u16string_view value) {
-        words.insert(words.end(), value.begin(), value.end());
-        words.push_back(0);
-    };
-    const DWORD frame = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT | DS_MODALFRAME;
-    add({LOWORD(frame), HIWORD(frame), 0, 0, 3, 10, 10, 120, 80, 0, 0});
-    text(u"Title");
-    add({8});
-    text(u"MS Shell Dlg");
-    const struct
-    {
-        const char16_t* className;
-        const char16_t* label;
-        DWORD style;
-        WORD y;
-        WORD id;
-    } controls[] = {{u"Edit", u"", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, 5, 101},
-                    {u"Button", u"&Box", WS_TABSTOP, 30, 100},
-                    {u"Button", u"OK", WS_TABSTOP | BS_DEFPUSHBUTTON, 50, IDOK}};
-    for (const auto& each : controls) {
-        if (words.size() % 2 != 0)
-            add({0});
-        const DWORD style = each.style | WS_CHILD | WS_VISIBLE;
-        add({LOWORD(style), HIWORD(style), 0, 0, 5, each.y, 60, 14, each.id});
-        text(each.className);
-        text(each.label);
-        add({0});
-    }
+    DialogWords words(WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, 120, 80);
+    words.Add(TEXT("Edit"), TEXT(""), WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, kField, 5)
+        .Add(TEXT("Button"), TEXT("&Box"), WS_TABSTOP, kBox, 30)
+        .Add(TEXT("Button"), TEXT("OK"), WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK, 50);
     return words;
 }
 
 int boxAnswer;
+int helpFor;
 
-INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
+INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_COMMAND && LOWORD(wParam) == 100)
+    if (message == WM_HELP)
+        helpFor = reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId;
+    if (message == WM_INITDIALOG)
+        SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) | WS_EX_CONTEXTHELP);
+    if (message == WM_COMMAND && LOWORD(wParam) == kBox)
         boxAnswer = MessageBoxW(dialog, TEXT("Text of the box"), TEXT("Box"), MB_YESNO | MB_DEFBUTTON2);
     if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL))
         EndDialog(dialog, LOWORD(wParam));
-    return message == WM_INITDIALOG;
+    return message == WM_INITDIALOG || message == WM_HELP;
 }
 
 INT_PTR RunDialog()
 {
-    const std::vector<WORD> words = DialogWords();
-    return DialogBoxIndirectParamW(nullptr, reinterpret_cast<LPCDLGTEMPLATEW>(words.data()), nullptr,
-                                   Procedure, 0);
+    return DialogBoxIndirectParamW(nullptr, Sample().Get(), nullptr, Procedure, 0);
 }
 
-void ClickOn(HWND window)
+HWND Make(LPCWSTR className, DWORD style, RECT place, HWND parent = nullptr)
+{
+    return CreateWindowExW(0, className, nullptr, style, place.left, place.top, place.right - place.left,
+                           place.bottom - place.top, parent, nullptr, nullptr, nullptr);
+}
+
+void ClickAt(int x, int y)
+{
+    host::MoveMouse(x, y);
+    host::PressMouse(host::MouseButton::Left);
+    host::ReleaseMouse(host::MouseButton::Left);
+}
+
+RECT RectOf(HWND window)
 {
     RECT rect;
     GetWindowRect(window, &rect);
-    host::MoveMouse((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
-    host::PressMouse(host::MouseButton::Left);
-    host::ReleaseMouse(host::MouseButton::Left);
+    return rect;
+}
+
+void ClickOn(int id)
+{
+    const RECT rect = RectOf(GetDlgItem(GetActiveWindow(), id));
+    ClickAt((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+}
+
+/// On a button in the caption of the active window.
+void ClickOnCaption(int fromRight)
+{
+    const RECT rect = RectOf(GetActiveWindow());
+    ClickAt(rect.right - fromRight, rect.top + 12);
+}
+
+std::function<void()> Keys(std::vector<unsigned> keys)
+{
+    return [keys] {
+        for (const unsigned key : keys)
+            host::PressKey(key);
+    };
 }
 
 /// Plays one step whenever the queue is empty.
@@ -87,13 +98,6 @@ void Play(std::vector<std::function<void()>> steps)
         steps[next++]();
         return true;
     });
-}
-
-void AltKey(unsigned key)
-{
-    host::PressKeyDown(VK_MENU);
-    host::PressKey(key);
-    host::ReleaseKey(VK_MENU);
 }
 
 TEST_F(Windows, ModalLoopFailsWhenNothingCanFillTheQueue)
@@ -108,19 +112,15 @@ TEST_F(Windows, TypedTextAndClicksReachTheControls)
 {
     WCHAR typed[20] = {};
     Play({[] { host::TypeText(u"Ab1! \u3042"); }, [&] { GetWindowTextW(GetFocus(), typed, 20); },
-          [] { ClickOn(GetDlgItem(GetActiveWindow(), IDOK)); }});
+          [] { ClickOn(IDOK); }});
     EXPECT_EQ(RunDialog(), IDOK);
     EXPECT_EQ(std::u16string(typed), u"Ab1! \u3042");
 }
 
 TEST_F(Windows, FiltersLeaveOtherWindowsInput)
 {
-    const auto make = [](int left) {
-        return CreateWindowExW(0, TEXT("EDIT"), nullptr, WS_POPUP | WS_VISIBLE, left, 0, 100, 100, nullptr,
-                               nullptr, nullptr, nullptr);
-    };
-    const HWND other = make(0);
-    const HWND typedInto = make(200);
+    const HWND other = Make(TEXT("EDIT"), WS_POPUP | WS_VISIBLE, {0, 0, 100, 100});
+    const HWND typedInto = Make(TEXT("EDIT"), WS_POPUP | WS_VISIBLE, {200, 0, 300, 100});
     SetFocus(typedInto);
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
@@ -145,21 +145,16 @@ TEST_F(Windows, MessageBoxIsAnsweredByKeysAndItsOwnerWaits)
         const char* name;
         std::function<void()> answer;
         int expected;
-    } cases[] = {{"mnemonic", [] { host::PressKey('Y'); }, IDYES},
-                 {"default", [] { host::PressKey(VK_RETURN); }, IDNO},
-                 {"Esc does not answer",
-                  [] {
-                      host::PressKey(VK_ESCAPE);
-                      host::PressKey('N');
-                  },
-                  IDNO},
-                 {"mouse", [] { ClickOn(GetDlgItem(GetActiveWindow(), IDYES)); }, IDYES}};
+    } cases[] = {{"mnemonic", Keys({'Y'}), IDYES},
+                 {"default", Keys({VK_RETURN}), IDNO},
+                 {"Esc does not answer", Keys({VK_ESCAPE, 'N'}), IDNO},
+                 {"mouse", [] { ClickOn(IDYES); }, IDYES}};
     for (const auto& each : cases) {
         boxAnswer = 0;
         bool ownerEnabled = true;
-        Play({[] { AltKey('B'); },
+        Play({[] { host::PressKeyDown(VK_MENU), host::PressKey('B'), host::ReleaseKey(VK_MENU); },
               [&] { ownerEnabled = IsWindowEnabled(GetWindow(GetActiveWindow(), GW_OWNER)); }, each.answer,
-              [] { host::PressKey(VK_TAB); }, [] { ClickOn(GetDlgItem(GetActiveWindow(), IDOK)); }});
+              Keys({VK_TAB}), [] { ClickOn(IDOK); }});
         EXPECT_EQ(RunDialog(), IDOK) << each.name;
         EXPECT_EQ(boxAnswer, each.expected) << each.name;
         EXPECT_FALSE(ownerEnabled) << each.name;
@@ -168,13 +163,7 @@ TEST_F(Windows, MessageBoxIsAnsweredByKeysAndItsOwnerWaits)
 
 TEST_F(Windows, CloseButtonCancelsWhenReleasedOnIt)
 {
-    Play({[] {
-        RECT rect;
-        GetWindowRect(GetActiveWindow(), &rect);
-        host::MoveMouse(rect.right - 20, rect.top + 12);
-        host::PressMouse(host::MouseButton::Left);
-        host::ReleaseMouse(host::MouseButton::Left);
-    }});
+    Play({[] { ClickOnCaption(20); }});
     EXPECT_EQ(RunDialog(), IDCANCEL);
 }
 
@@ -182,8 +171,7 @@ TEST_F(Windows, LoopsThatFollowTheMouseHandQuitOn)
 {
     constexpr int kExitCode = 7;
     const HWND window =
-        CreateWindowExW(0, TEXT("STATIC"), nullptr, WS_POPUP | WS_CAPTION | WS_VSCROLL | WS_VISIBLE, 0, 0,
-                        200, 200, nullptr, nullptr, nullptr, nullptr);
+        Make(TEXT("Static"), WS_POPUP | WS_CAPTION | WS_VSCROLL | WS_VISIBLE, {0, 0, 200, 200});
     const HMENU menu = CreatePopupMenu();
     AppendMenuW(menu, MF_STRING, 1, TEXT("Item"));
     const auto pressFrame = [&](WPARAM part) {
@@ -214,44 +202,22 @@ TEST_F(Windows, LoopsThatFollowTheMouseHandQuitOn)
     DestroyWindow(window);
 }
 
-int helpFor;
-
-INT_PTR CALLBACK HelpedProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_HELP)
-        helpFor = reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId;
-    if (message == WM_INITDIALOG)
-        SetWindowLongW(dialog, GWL_EXSTYLE, GetWindowLongW(dialog, GWL_EXSTYLE) | WS_EX_CONTEXTHELP);
-    return message == WM_HELP || Procedure(dialog, message, wParam, lParam);
-}
-
 TEST_F(Windows, HelpIsAskedForByKeyAndByTheCaptionsButton)
 {
-    const std::vector<WORD> words = DialogWords();
     int byKey = 0;
-    int byButton = 0;
-    Play({[] { host::PressKey(VK_F1); },
+    Play({Keys({VK_F1}),
           [&] {
               byKey = std::exchange(helpFor, 0);
-              RECT rect;
-              GetWindowRect(GetActiveWindow(), &rect);
-              host::MoveMouse(rect.right - 56, rect.top + 12);
-              host::PressMouse(host::MouseButton::Left);
-              host::ReleaseMouse(host::MouseButton::Left);
+              ClickOnCaption(56);
           },
           [] {
-              EnableWindow(GetDlgItem(GetActiveWindow(), 100), FALSE);
-              ClickOn(GetDlgItem(GetActiveWindow(), 100));
+              EnableWindow(GetDlgItem(GetActiveWindow(), kBox), FALSE);
+              ClickOn(kBox);
           },
-          [&] {
-              byButton = helpFor;
-              host::PressKey(VK_RETURN);
-          }});
-    EXPECT_EQ(DialogBoxIndirectParamW(nullptr, reinterpret_cast<LPCDLGTEMPLATEW>(words.data()), nullptr,
-                                      HelpedProcedure, 0),
-              IDOK);
-    EXPECT_EQ(byKey, 101);
-    EXPECT_EQ(byButton, 100) << "a disabled control, too";
+          Keys({VK_RETURN})});
+    EXPECT_EQ(RunDialog(), IDOK);
+    EXPECT_EQ(byKey, kField);
+    EXPECT_EQ(helpFor, kBox) << "a disabled control, too";
 }
 
 TEST_F(Windows, ThousandDialogsLeaveNothing)
@@ -269,8 +235,7 @@ TEST_F(Windows, ThousandDialogsLeaveNothing)
 
 TEST_F(Windows, ShortcutMenuReturnsWhatWasChosen)
 {
-    const HWND owner = CreateWindowExW(0, TEXT("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 200, 200,
-                                       nullptr, nullptr, nullptr, nullptr);
+    const HWND owner = Make(TEXT("Static"), WS_POPUP | WS_VISIBLE, {0, 0, 200, 200});
     SetActiveWindow(owner);
     const HMENU menu = CreatePopupMenu();
     const HMENU inner = CreatePopupMenu();
@@ -279,42 +244,22 @@ TEST_F(Windows, ShortcutMenuReturnsWhatWasChosen)
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(inner), TEXT("&More"));
     AppendMenuW(inner, MF_STRING, 21, TEXT("&Inner"));
-    const auto click = [](int x, int y) {
-        host::MoveMouse(x, y);
-        host::PressMouse(host::MouseButton::Left);
-        host::ReleaseMouse(host::MouseButton::Left);
-    };
     const struct
     {
         const char* name;
         std::function<void()> act;
         int chosen;
-    } cases[] = {{"mouse", [&] { click(60, 65); }, 11},
-                 {"outside", [&] { click(500, 500); }, 0},
-                 {"keys",
-                  [] {
-                      host::PressKey(VK_DOWN);
-                      host::PressKey(VK_RETURN);
-                  },
-                  11},
-                 {"mnemonic", [] { host::PressKey('F'); }, 11},
-                 {"grayed",
-                  [] {
-                      host::PressKey('G');
-                      host::PressKey(VK_ESCAPE);
-                  },
-                  0},
-                 {"inner",
-                  [] {
-                      host::PressKey('M');
-                      host::PressKey('I');
-                  },
-                  21},
-                 {"Esc", [] { host::PressKey(VK_ESCAPE); }, 0}};
+    } cases[] = {{"mouse", [] { ClickAt(60, 65); }, 11},
+                 {"outside", [] { ClickAt(500, 500); }, 0},
+                 {"keys", Keys({VK_DOWN, VK_RETURN}), 11},
+                 {"mnemonic", Keys({'F'}), 11},
+                 {"grayed", Keys({'G', VK_ESCAPE}), 0},
+                 {"inner", Keys({'M', 'I'}), 21},
+                 {"Esc", Keys({VK_ESCAPE}), 0}};
     const int64_t windows = host::OpenObjects().windows;
     for (const auto& each : cases) {
         Play({each.act});
-        EXPECT_EQ(TrackPopupMenuEx(menu, TPM_RETURNCMD, 50, 50, owner, nullptr), each.chosen) << each.name;
+        EXPECT_EQ(TrackPopupMenu(menu, TPM_RETURNCMD, 50, 50, 0, owner, nullptr), each.chosen) << each.name;
         EXPECT_EQ(host::OpenObjects().windows, windows) << each.name;
     }
     DestroyMenu(menu);
@@ -322,52 +267,24 @@ TEST_F(Windows, ShortcutMenuReturnsWhatWasChosen)
     EXPECT_EQ(host::OpenObjects().menus, 0);
 }
 
-TEST_F(Windows, TimersRunWithTheHostsClock)
-{
-    const HWND window = CreateWindowExW(0, TEXT("Static"), nullptr, WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
-                                        nullptr, nullptr);
-    SetTimer(window, 5, 3600 * 1000, nullptr);
-    MSG message;
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
-    host::AdvanceTime(3600 * 1000);
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
-    DestroyWindow(window);
-}
-
-LRESULT CALLBACK PaintsRed(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message != WM_PAINT)
-        return DefWindowProcW(window, message, wParam, lParam);
-    PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
-    const RECT everywhere = {-100, -100, 1000, 1000};
-    const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
-    FillRect(dc, &everywhere, red);
-    DeleteObject(red);
-    EndPaint(window, &paint);
-    return 0;
-}
-
 TEST_F(Windows, ChildrenCannotPaintOutsideOfThemselves)
 {
-    WNDCLASSW description = {};
-    description.lpfnWndProc = PaintsRed;
-    description.lpszClassName = TEXT("Red");
-    RegisterClassW(&description);
-    const HWND top = CreateWindowExW(0, TEXT("Static"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 100, 100,
-                                     nullptr, nullptr, nullptr, nullptr);
-    CreateWindowExW(0, TEXT("Static"), nullptr, WS_CHILD | WS_VISIBLE | SS_WHITERECT, 0, 0, 30, 30, top,
-                    nullptr, nullptr, nullptr);
-    const HWND red = CreateWindowExW(0, TEXT("Red"), nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 20, 20,
-                                     40, 40, top, nullptr, nullptr, nullptr);
+    const HWND top = Make(TEXT("Static"), WS_POPUP | WS_VISIBLE, {0, 0, 100, 100});
+    Make(TEXT("Static"), WS_CHILD | WS_VISIBLE | SS_WHITERECT, {0, 0, 30, 30}, top);
+    const HWND red = Make(TEXT("Static"), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, {20, 20, 60, 60}, top);
     const std::filesystem::path file = std::filesystem::path(host::RootFolder()) / "picture.png";
     EXPECT_TRUE(host::ShootWindow(top, file));
     EXPECT_GT(std::filesystem::file_size(file), 50u);
+    const HDC inside = GetDC(red);
+    const RECT everywhere = {-100, -100, 1000, 1000};
+    const HBRUSH brush = CreateSolidBrush(RGB(255, 0, 0));
+    FillRect(inside, &everywhere, brush);
+    DeleteObject(brush);
+    ReleaseDC(red, inside);
     const HDC dc = GetDC(top);
     constexpr struct
     {
-        int x;
-        int y;
+        int x, y;
         bool red;
     } kPixels[] = {{25, 25, false}, {19, 40, false}, {35, 35, true}, {59, 59, true}, {60, 40, false}};
     for (const auto& each : kPixels)
@@ -380,8 +297,8 @@ TEST_F(Windows, ChildrenCannotPaintOutsideOfThemselves)
 
 TEST_F(Windows, CutTemplatesAreRefusedAtEveryLength)
 {
-    const std::vector<WORD> words = DialogWords();
-    const auto bytes = std::as_bytes(std::span(words));
+    const DialogWords words = Sample();
+    const auto bytes = std::as_bytes(std::span(words.Words()));
     host::DialogTemplate whole;
     ASSERT_TRUE(host::ReadDialogTemplate(bytes, whole));
     EXPECT_EQ(whole.items.size(), 3u);
