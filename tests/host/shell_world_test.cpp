@@ -39,12 +39,6 @@ protected:
     {
         std::ofstream(host::NativePath(path), std::ios::binary) << content;
     }
-
-    template <class Function>
-    static Function* Procedure(HMODULE module, const char* name)
-    {
-        return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-    }
 };
 
 constexpr char16_t kFile[] = u"C:\\shared.ini";
@@ -69,12 +63,16 @@ std::u16string NumberText(int number)
     return {digits.begin(), digits.end()};
 }
 
-void WriteEntries(const std::u16string& section)
+std::u16string Number(int value)
 {
-    for (int i = 0; i < kEntries; ++i) {
-        const std::u16string number = NumberText(i);
-        EXPECT_TRUE(WritePrivateProfileStringW(section.c_str(), number.c_str(), number.c_str(), kFile));
-    }
+    const std::string digits = std::to_string(value);
+    return {digits.begin(), digits.end()};
+}
+
+void WriteEntries(const char16_t* section)
+{
+    for (int i = 0; i < kEntries; ++i)
+        EXPECT_TRUE(WritePrivateProfileStringW(section, Number(i).c_str(), Number(i).c_str(), kFile));
 }
 
 TEST_F(Shell, WritersOfOneProfileFileLoseNothingOfEachOther)
@@ -169,12 +167,7 @@ TEST_F(Shell, LaunchesAreRecordedInOrder)
     EXPECT_EQ(WinExec("tool.exe", 1), static_cast<UINT>(ERROR_FILE_NOT_FOUND));
     EXPECT_EQ(open(u"http://example.test/", nullptr, nullptr), SE_ERR_ACCESSDENIED);
 
-    const struct
-    {
-        const char* kind;
-        const char16_t* text;
-        const char16_t* detail;
-    } expected[] = {
+    const host::Event expected[] = {
         {"launch", u"C:\\windows\\tool one.exe 1 \"C:\\x y\"", u"5"},
         {"launch", u"\"tool one\" 2", u"0"},
         {"failed launch", u"", u"0"},
@@ -188,9 +181,10 @@ TEST_F(Shell, LaunchesAreRecordedInOrder)
     const std::vector<host::Event> events = host::Recorded();
     ASSERT_EQ(events.size(), std::size(expected));
     for (size_t i = 0; i < events.size(); ++i) {
-        EXPECT_EQ(events[i].kind, expected[i].kind) << i;
-        EXPECT_EQ(events[i].text, expected[i].text) << i;
-        EXPECT_EQ(events[i].detail, expected[i].detail) << i;
+        const auto told = [](const host::Event& event) {
+            return std::tie(event.kind, event.text, event.detail);
+        };
+        EXPECT_EQ(told(events[i]), told(expected[i])) << i;
     }
     host::ClearRecorded();
     EXPECT_TRUE(host::Recorded().empty());
@@ -235,8 +229,11 @@ TEST_F(Shell, FoldersFollowTheUser)
 TEST_F(Shell, SpoolerImpersonationPairsUpByThread)
 {
     const HMODULE module = LoadLibraryW(u"spoolss.dll");
-    const auto revert = Procedure<HANDLE()>(module, "RevertToPrinterSelf");
-    const auto impersonate = Procedure<BOOL(HANDLE)>(module, "ImpersonatePrinterClient");
+    const auto find = [module](const char* name) {
+        return reinterpret_cast<void*>(GetProcAddress(module, name));
+    };
+    const auto revert = reinterpret_cast<HANDLE (*)()>(find("RevertToPrinterSelf"));
+    const auto impersonate = reinterpret_cast<BOOL (*)(HANDLE)>(find("ImpersonatePrinterClient"));
     ASSERT_TRUE(revert != nullptr && impersonate != nullptr);
     const auto user = [] {
         WCHAR name[16];
