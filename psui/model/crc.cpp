@@ -1,57 +1,62 @@
 #include "psui/model/crc.h"
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 namespace psui::compiler {
 
 namespace {
 
-// A byte at a time, the check would cost more than all the rest of a compilation. Sixteen bytes at a time,
-// only the first two wait for the block before (M. E. Kounavis, F. L. Berry: A Systematic Approach to
-// Building High Performance Software-Based CRC Generators, 2005).
-constexpr size_t kSlices = 16;
+// The check is the remainder of a division by x^16 + x^12 + x^5 + 1, in which every bit of the text is a
+// coefficient, 0 or 1. Such a polynomial keeps its terms when it is squared, only their exponents double. So
+// units of 8 and of 64 bits divide just as bits do: a unit may be taken away where it stands if it is added
+// 4, 11 and 16 units further on. Of a long text only its last units are left then, and they cost next to
+// nothing.
+constexpr size_t kUnits = 16;
 
-using Slice = std::array<uint16_t, 256>;
+// Divides on with the text from `at` to `end`, a multiple of the units' size; `rest` is what the text before
+// it has left.
+template <typename Unit>
+void Divide(const uint8_t* at, const uint8_t* end, Unit (&rest)[kUnits])
+{
+    for (; at != end; at += sizeof(rest)) {
+        for (size_t i = 0; i < kUnits; ++i) {
+            const Unit first = rest[i];
+            rest[(i + 4) % kUnits] ^= first;
+            rest[(i + 11) % kUnits] ^= first;
+            Unit next;
+            std::memcpy(&next, at + i * sizeof(Unit), sizeof(next));
+            rest[i] = first ^ next;
+        }
+    }
+}
 
-constexpr uint16_t ShiftIn(unsigned crc)
+unsigned ShiftIn(unsigned crc, uint8_t byte)
 {
     constexpr unsigned kPolynomial = 0x1021;
+    crc ^= static_cast<unsigned>(byte) << 8;
     for (int bit = 0; bit < 8; ++bit)
         crc = (crc & 0x8000) ? (crc << 1) ^ kPolynomial : crc << 1;
-    return static_cast<uint16_t>(crc);
+    return crc;
 }
-
-/// Slice n holds the check of each byte when n zero bytes follow it.
-constexpr std::array<Slice, kSlices> MakeSlices()
-{
-    std::array<Slice, kSlices> slices{};
-    for (unsigned byte = 0; byte < slices[0].size(); ++byte) {
-        slices[0][byte] = ShiftIn(byte << 8);
-        for (size_t n = 1; n < kSlices; ++n)
-            slices[n][byte] = ShiftIn(slices[n - 1][byte]);
-    }
-    return slices;
-}
-
-constexpr std::array<Slice, kSlices> kSliceTables = MakeSlices();
 
 } // namespace
 
 uint16_t CrcOf(std::string_view bytes)
 {
-    const auto* at = reinterpret_cast<const uint8_t*>(bytes.data());
-    const auto* const end = at + bytes.size();
+    // Zeros in front of a text do not count.
+    uint64_t wide[kUnits]{};
+    const size_t head = bytes.size() % sizeof(wide);
+    const auto* begin = reinterpret_cast<const uint8_t*>(bytes.data());
+    std::copy_n(begin, head, reinterpret_cast<uint8_t*>(wide + kUnits) - head);
+    Divide(begin + head, begin + bytes.size(), wide);
+    uint8_t narrow[kUnits]{};
+    const auto* rest = reinterpret_cast<const uint8_t*>(wide);
+    Divide(rest, rest + sizeof(wide), narrow);
     unsigned crc = 0;
-    for (; static_cast<size_t>(end - at) >= kSlices; at += kSlices) {
-        unsigned next =
-            kSliceTables[kSlices - 1][at[0] ^ (crc >> 8)] ^ kSliceTables[kSlices - 2][at[1] ^ (crc & 0xFF)];
-        for (size_t i = 2; i < kSlices; ++i)
-            next ^= kSliceTables[kSlices - 1 - i][at[i]];
-        crc = next;
-    }
-    for (; at != end; ++at)
-        crc = kSliceTables[0][(crc >> 8) ^ *at] ^ (crc << 8 & 0xFFFF);
+    for (uint8_t byte : narrow)
+        crc = ShiftIn(crc, byte);
     return static_cast<uint16_t>(crc);
 }
 
