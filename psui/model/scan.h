@@ -2,6 +2,7 @@
 // Walks over characters eight at a time. Cutting statements is mostly this, and where a run ends cannot be
 // foretold: a test for every character would be mispredicted once a run.
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -20,15 +21,13 @@ class EightCharacters
 public:
     explicit EightCharacters(const char* at) { std::memcpy(&bytes_, at, sizeof(bytes_)); }
 
-    // Each result has the top bit of the bytes that are meant. Bytes above the first one that is meant may
-    // have it too, so results may be united but not negated.
-    uint64_t Below(uint8_t limit) const { return (bytes_ - InAllBytes(limit)) & ~bytes_ & kTops; }
-    uint64_t AboveTilde() const { return (bytes_ | (bytes_ + InAllBytes(1))) & kTops; }
-    uint64_t EqualTo(char c) const
-    {
-        const uint64_t difference = bytes_ ^ InAllBytes(static_cast<uint8_t>(c));
-        return (difference - InAllBytes(1)) & ~difference & kTops;
-    }
+    // Each result has the top bit of the bytes that are meant. Bytes above the first one of them may have it
+    // too, and so may bytes beyond ASCII; results may be united, and about the latter the end decides.
+    uint64_t Below(char limit) const { return bytes_ - InAllBytes(static_cast<uint8_t>(limit)); }
+    uint64_t EqualTo(char c) const { return (bytes_ ^ InAllBytes(static_cast<uint8_t>(c))) - InAllBytes(1); }
+
+    uint64_t WithNonAscii(uint64_t result) const { return (result | bytes_) & kTops; }
+    uint64_t WithoutNonAscii(uint64_t result) const { return result & ~bytes_ & kTops; }
 
     static constexpr size_t kCount = sizeof(uint64_t);
     /// Position of the first byte of a result that is not 0.
@@ -41,47 +40,60 @@ private:
 };
 static_assert(std::endian::native == std::endian::little);
 
-/// Marks at least every character outside `Class`; the class decides about those that are marked.
+/// What a run of characters may end with. `Marked` has the top bit of at least the first such character, but
+/// perhaps of others too, about which `Is` decides.
 template <CharacterClass Class>
-uint64_t MayBeOutside(EightCharacters text)
+struct Outside
 {
     static_assert(Class == kKeywordCharacter || Class == kOptionCharacter || Class == kTranslationCharacter);
-    constexpr uint8_t kFirst = Class == kTranslationCharacter ? ' ' : ' ' + 1;
-    const uint64_t marked = text.Below(kFirst) | text.AboveTilde() | text.EqualTo(':');
-    return Class == kOptionCharacter ? marked | text.EqualTo('/') : marked;
-}
 
-/// The first character from `at` on that is not in `Class`, or `end`.
-template <CharacterClass Class>
-const char* SkipAll(const char* at, const char* end)
+    static bool Is(char c) { return !IsA(c, Class); }
+    static uint64_t Marked(EightCharacters text)
+    {
+        constexpr char kFirst = Class == kTranslationCharacter ? ' ' : ' ' + 1;
+        constexpr char kBehindLast = '~' + 1;
+        const uint64_t marked = text.Below(kFirst) | text.EqualTo(':') | text.EqualTo(kBehindLast);
+        return text.WithNonAscii(Class == kOptionCharacter ? marked | text.EqualTo('/') : marked);
+    }
+};
+
+struct LineEnd
+{
+    static bool Is(char c) { return IsA(c, kLineEnd); }
+    static uint64_t Marked(EightCharacters text) { return text.WithoutNonAscii(text.Below('\r' + 1)); }
+};
+
+struct BareValueEnd
+{
+    static bool Is(char c) { return IsA(c, kLineEnd) || c == '/'; }
+    static uint64_t Marked(EightCharacters text)
+    {
+        return text.WithoutNonAscii(text.Below('\r' + 1) | text.EqualTo('/'));
+    }
+};
+
+struct Blank
+{
+    static bool Is(char c) { return IsA(c, kBlank); }
+    static uint64_t Marked(EightCharacters text) { return text.WithoutNonAscii(text.Below(' ' + 1)); }
+};
+
+/// The first of those characters from `at` on, or `end`.
+template <typename End>
+const char* Find(const char* at, const char* end)
 {
     while (static_cast<size_t>(end - at) >= EightCharacters::kCount) {
-        const uint64_t marked = MayBeOutside<Class>(EightCharacters(at));
+        const uint64_t marked = End::Marked(EightCharacters(at));
         if (!marked) {
             at += EightCharacters::kCount;
             continue;
         }
         at += EightCharacters::First(marked);
-        if (!IsA(*at, Class))
+        if (End::Is(*at))
             return at;
         ++at;
     }
-    while (at != end && IsA(*at, Class))
-        ++at;
-    return at;
-}
-
-/// The first of `Characters` from `at` on, or `end`.
-template <char... Characters>
-const char* FindFirst(const char* at, const char* end)
-{
-    while (static_cast<size_t>(end - at) >= EightCharacters::kCount) {
-        const EightCharacters text(at);
-        if (const uint64_t marked = (text.EqualTo(Characters) | ...))
-            return at + EightCharacters::First(marked);
-        at += EightCharacters::kCount;
-    }
-    while (at != end && ((*at != Characters) && ...))
+    while (at != end && !End::Is(*at))
         ++at;
     return at;
 }

@@ -1,6 +1,5 @@
 #include "psui/model/statement.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "psui/model/scan.h"
@@ -16,125 +15,145 @@ constexpr char kColon = ':';
 constexpr char kSlash = '/';
 constexpr char kSymbolMark = '^';
 
-} // namespace
-
-TokenStatus Tokenizer::Next(ModelStatement& statement)
+// Reading changes a copy of the tokenizer's place, which the processor keeps at hand.
+struct Place
 {
-    statement = {};
-    if (!FindStar())
-        return TokenStatus::EndOfText;
-    statement.star = at_++;
-    TokenStatus status = ReadField<kKeywordCharacter>(statement.keyword);
-    if (status != TokenStatus::Statement)
-        return status;
-    SkipBlanks();
-    if (at_ == end_)
-        return TokenStatus::EndOfText;
-    if (IsA(*at_, kLineEnd)) {
-        ++at_;
-        return TokenStatus::Statement;
-    }
-    if (*at_ != kColon) {
-        status = ReadOption(statement);
-        if (status != TokenStatus::Statement)
-            return status;
-    }
-    ++at_;
-    SkipBlanks();
-    return ReadValue(statement);
+    const char* at;
+    const char* end;
+
+    bool IsAtEnd() const { return at == end; }
+};
+
+// Moves behind the next line end; false when the text ends first.
+bool SkipLine(Place& text)
+{
+    if (!text.IsAtEnd() && !LineEnd::Is(*text.at)) // values mostly end with their line
+        text.at = Find<LineEnd>(text.at, text.end);
+    if (text.IsAtEnd())
+        return false;
+    if (*text.at++ == '\r' && !text.IsAtEnd() && *text.at == '\n')
+        ++text.at;
+    return true;
 }
 
 // Moves to the next line that begins a statement; false when there is none.
-bool Tokenizer::FindStar()
+bool FindStar(Place& text)
 {
-    while (at_ != end_) {
-        if (*at_ == kStar && (at_ + 1 == end_ || at_[1] != kCommentMark))
+    while (!text.IsAtEnd()) {
+        if (*text.at == kStar && (text.at + 1 == text.end || text.at[1] != kCommentMark))
             return true;
-        if (!SkipLine())
+        if (!SkipLine(text))
             return false;
     }
     return false;
 }
 
-// Moves behind the next line end; false when the text ends first.
-bool Tokenizer::SkipLine()
+void SkipBlanks(Place& text)
 {
-    at_ = FindFirst<'\n', '\r'>(at_, end_);
-    if (at_ == end_)
-        return false;
-    if (*at_++ == '\r' && at_ != end_ && *at_ == '\n')
-        ++at_;
-    return true;
-}
-
-void Tokenizer::SkipBlanks()
-{
-    while (at_ != end_ && IsA(*at_, kBlank))
-        ++at_;
+    while (!text.IsAtEnd() && IsA(*text.at, kBlank))
+        ++text.at;
 }
 
 // Reading resumes behind the character that does not fit, as if a line began there.
-TokenStatus Tokenizer::Reject()
+TokenStatus Reject(Place& text)
 {
-    ++at_;
+    ++text.at;
     return TokenStatus::Rejected;
 }
 
 template <CharacterClass Class>
-TokenStatus Tokenizer::ReadField(std::string_view& field)
+TokenStatus ReadField(Place& text, std::string_view& field)
 {
-    const char* begin = at_;
-    const size_t limit = std::min(static_cast<size_t>(end_ - begin), kMaxFieldLength + 1);
-    at_ = SkipAll<Class>(begin, begin + limit);
-    if (static_cast<size_t>(at_ - begin) > kMaxFieldLength)
+    const char* begin = text.at;
+    text.at = Find<Outside<Class>>(begin, text.end);
+    const size_t length = static_cast<size_t>(text.at - begin);
+    if (length > kMaxFieldLength)
         return TokenStatus::FieldTooLong;
-    if (at_ == end_)
+    if (text.IsAtEnd())
         return TokenStatus::EndOfText;
-    if (at_ == begin)
-        return Reject();
-    field = {begin, static_cast<size_t>(at_ - begin)};
+    if (length == 0)
+        return Reject(text);
+    field = {begin, length};
     return TokenStatus::Statement;
 }
 
 // Reads the option keyword and its translation and stops at the colon.
-TokenStatus Tokenizer::ReadOption(ModelStatement& statement)
+TokenStatus ReadOption(Place& text, ModelStatement& statement)
 {
-    TokenStatus status = ReadField<kOptionCharacter>(statement.option);
+    TokenStatus status = ReadField<kOptionCharacter>(text, statement.option);
     if (status != TokenStatus::Statement)
         return status;
-    SkipBlanks();
-    if (at_ != end_ && *at_ == kSlash) {
-        ++at_;
-        status = ReadField<kTranslationCharacter>(statement.translation);
+    SkipBlanks(text);
+    if (!text.IsAtEnd() && *text.at == kSlash) {
+        ++text.at;
+        status = ReadField<kTranslationCharacter>(text, statement.translation);
         if (status != TokenStatus::Statement)
             return status;
     }
-    if (at_ == end_)
+    if (text.IsAtEnd())
         return TokenStatus::EndOfText;
-    return *at_ == kColon ? TokenStatus::Statement : Reject();
+    return *text.at == kColon ? TokenStatus::Statement : Reject(text);
 }
 
-TokenStatus Tokenizer::ReadValue(ModelStatement& statement)
+TokenStatus ReadValue(Place& text, ModelStatement& statement)
 {
-    if (at_ == end_)
+    if (text.IsAtEnd())
         return TokenStatus::EndOfText;
-    const char* begin = at_;
+    const char* begin = text.at;
     if (*begin == kQuote) {
         ++begin;
-        at_ = static_cast<const char*>(std::memchr(begin, kQuote, static_cast<size_t>(end_ - begin)));
-        if (!at_) {
-            at_ = end_;
+        const auto* close =
+            static_cast<const char*>(std::memchr(begin, kQuote, static_cast<size_t>(text.end - begin)));
+        text.at = close ? close : text.end;
+        if (!close)
             return TokenStatus::EndOfText;
-        }
         statement.kind = ValueKind::Quoted;
     } else {
-        at_ = FindFirst<kSlash, '\n', '\r'>(begin, end_);
+        text.at = Find<BareValueEnd>(begin, text.end);
         statement.kind = *begin == kSymbolMark ? ValueKind::Symbol : ValueKind::Bare;
     }
-    statement.value = {begin, static_cast<size_t>(at_ - begin)};
+    statement.value = {begin, static_cast<size_t>(text.at - begin)};
+    if (statement.kind == ValueKind::Quoted)
+        ++text.at;
+    return SkipLine(text) ? TokenStatus::Statement : TokenStatus::EndOfText;
+}
+
+TokenStatus ReadStatement(Place& text, ModelStatement& statement)
+{
+    statement = {};
+    if (!FindStar(text))
+        return TokenStatus::EndOfText;
+    statement.star = text.at++;
+    TokenStatus status = ReadField<kKeywordCharacter>(text, statement.keyword);
+    if (status != TokenStatus::Statement)
+        return status;
+    SkipBlanks(text);
+    if (text.IsAtEnd())
+        return TokenStatus::EndOfText;
+    if (IsA(*text.at, kLineEnd)) {
+        ++text.at;
+        return TokenStatus::Statement;
+    }
+    if (*text.at != kColon) {
+        status = ReadOption(text, statement);
+        if (status != TokenStatus::Statement)
+            return status;
+    }
+    ++text.at;
+    SkipBlanks(text);
+    return ReadValue(text, statement);
+}
+
+} // namespace
+
+TokenStatus Tokenizer::Next(ModelStatement& statement)
+{
+    Place text{at_, end_};
+    const TokenStatus status = ReadStatement(text, statement);
+    at_ = text.at;
     if (hasZeros_)
         statement.value = statement.value.substr(0, statement.value.find('\0'));
-    return SkipLine() ? TokenStatus::Statement : TokenStatus::EndOfText;
+    return status;
 }
 
 } // namespace psui::compiler

@@ -52,15 +52,6 @@ public:
     TokenStatus Next(ModelStatement& statement);
 
 private:
-    bool FindStar();
-    bool SkipLine();
-    void SkipBlanks();
-    TokenStatus Reject();
-    template <CharacterClass Class>
-    TokenStatus ReadField(std::string_view& field);
-    TokenStatus ReadOption(ModelStatement& statement);
-    TokenStatus ReadValue(ModelStatement& statement);
-
     const char* at_;
     const char* end_;
     bool hasZeros_; ///< somewhere in the text, so that values have to be searched for one

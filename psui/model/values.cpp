@@ -1,5 +1,7 @@
 #include "psui/model/values.h"
 
+#include <algorithm>
+
 #include "psui/model/scan.h"
 
 namespace psui::compiler {
@@ -71,14 +73,11 @@ bool ReadReal(std::string_view text, uint32_t& value)
 
 std::string_view WordReader::Next()
 {
-    const char* begin = rest_.data();
-    const char* const listEnd = begin + rest_.size();
-    while (begin != listEnd && IsA(*begin, kBlank))
-        ++begin;
-    const char* end = FindFirst<' ', '\t'>(begin, listEnd);
-    const std::string_view word(begin, static_cast<size_t>(end - begin));
-    rest_ = {end, static_cast<size_t>(listEnd - end)};
-    return word.substr(0, kMaxWordLength);
+    while (at_ != end_ && IsA(*at_, kBlank))
+        ++at_;
+    const char* begin = at_;
+    at_ = Find<Blank>(begin, end_);
+    return {begin, std::min(static_cast<size_t>(at_ - begin), kMaxWordLength)};
 }
 
 bool IsWord(std::string_view text, std::string_view word)

@@ -21,13 +21,14 @@ constexpr size_t kMaxWordLength = 39;
 class WordReader
 {
 public:
-    explicit WordReader(std::string_view list) : rest_(list) {}
+    explicit WordReader(std::string_view list) : at_(list.data()), end_(at_ + list.size()) {}
 
     /// The next word, never empty; an empty view at the end of the list.
     std::string_view Next();
 
 private:
-    std::string_view rest_;
+    const char* at_;
+    const char* end_;
 };
 
 struct VocabularyWord

@@ -92,12 +92,16 @@ TEST(Tokenizer, EndsRunsAtTheSameCharactersWhereverTheyStand)
             const char* const begin = text.data();
             const char* const end = begin + text.size();
             const auto stop = [&](bool stops) { return stops ? begin + place : end; };
-            EXPECT_EQ(SkipAll<kKeywordCharacter>(begin, end), stop(!IsA(character, kKeywordCharacter))) << c;
-            EXPECT_EQ(SkipAll<kOptionCharacter>(begin, end), stop(!IsA(character, kOptionCharacter))) << c;
-            EXPECT_EQ(SkipAll<kTranslationCharacter>(begin, end),
+            EXPECT_EQ(Find<Outside<kKeywordCharacter>>(begin, end), stop(!IsA(character, kKeywordCharacter)))
+                << c;
+            EXPECT_EQ(Find<Outside<kOptionCharacter>>(begin, end), stop(!IsA(character, kOptionCharacter)))
+                << c;
+            EXPECT_EQ(Find<Outside<kTranslationCharacter>>(begin, end),
                       stop(!IsA(character, kTranslationCharacter)))
                 << c;
-            EXPECT_EQ((FindFirst<'\n', '/'>(begin, end)), stop(character == '\n' || character == '/')) << c;
+            EXPECT_EQ(Find<LineEnd>(begin, end), stop(IsA(character, kLineEnd))) << c;
+            EXPECT_EQ(Find<BareValueEnd>(begin, end), stop(IsA(character, kLineEnd) || c == '/')) << c;
+            EXPECT_EQ(Find<Blank>(begin, end), stop(IsA(character, kBlank))) << c;
         }
     }
 }
@@ -154,7 +158,7 @@ TEST(Crc, IsTheBitwiseOneForEveryLength)
     EXPECT_EQ(CrcOf("123456789"), 0x31C3);
     std::string text;
     unsigned expected = 0;
-    for (unsigned i = 0; i < 100; ++i) {
+    for (unsigned i = 0; i < 300; ++i) {
         ASSERT_EQ(CrcOf(text), expected) << i;
         text += static_cast<char>(i * 89 + 7);
         expected ^= static_cast<uint8_t>(text.back()) << 8;
