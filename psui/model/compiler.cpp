@@ -6,6 +6,7 @@
 #include "psui/model/crc.h"
 #include "psui/model/image.h"
 #include "psui/model/keywords.h"
+#include "psui/model/names.h"
 
 namespace psui {
 
@@ -37,7 +38,7 @@ bool HasValueOf(const ModelStatement& statement, uint32_t rule)
 
 bool IsDefaultOf(std::string_view keyword, std::string_view feature)
 {
-    return keyword.starts_with(kDefaultPrefix) && keyword.substr(kDefaultPrefix.size()) == feature;
+    return keyword.starts_with(kDefaultPrefix) && IsSameName(keyword.substr(kDefaultPrefix.size()), feature);
 }
 
 using SeenKeywords = std::bitset<kKeywordCount>;
@@ -51,7 +52,7 @@ struct DispatchState
 
     const KeywordEntry* Find(std::string_view wanted)
     {
-        if (wanted != keyword) {
+        if (!IsSameName(wanted, keyword)) {
             keyword = wanted;
             entry = FindKeyword(wanted);
         }
@@ -86,7 +87,7 @@ Outcome Dispatch(Compilation& c, DispatchState& state)
         return Outcome::Done;
     if (c.root.openBlock) {
         const std::string_view block = c.root.openBlock->Name();
-        if (keyword == block)
+        if (IsSameName(keyword, block))
             return RecordOpenBlockOption(c);
         if (IsDefaultOf(keyword, block))
             return RecordOpenBlockDefault(c);
@@ -130,7 +131,7 @@ bool CopyPath(CompileRoot& root, const WCHAR* path)
     auto* copy = static_cast<WCHAR*>(root.pool->Allocate((length + 1) * sizeof(WCHAR)));
     if (!copy)
         return false;
-    std::copy(path, path + length, copy);
+    std::copy(path, path + length + 1, copy);
     root.sourcePath = copy;
     root.sourcePathLength = length;
     return true;

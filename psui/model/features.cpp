@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "psui/model/names.h"
+
 namespace psui::compiler {
 
 namespace {
@@ -56,6 +58,8 @@ constexpr bool RowsStandAtTheirIndex()
 }
 static_assert(RowsStandAtTheirIndex());
 
+constexpr NameTable kBuiltinNames(kBuiltinFeatures, &BuiltinFeature::name);
+
 Option* NewOption(ParsePool& pool, uint16_t featureIndex)
 {
     switch (featureIndex) {
@@ -94,10 +98,8 @@ const BuiltinFeature& BuiltinRow(uint16_t index)
 
 BuiltinFeature DescribeFeature(std::string_view name)
 {
-    for (const BuiltinFeature& row : kBuiltinFeatures)
-        if (row.name == name)
-            return row;
-    return Row(name, kFeatureGeneric);
+    const BuiltinFeature* row = kBuiltinNames.Find(name);
+    return row ? *row : Row(name, kFeatureGeneric);
 }
 
 Feature* FindFeature(const CompileRoot& root, const BuiltinFeature& description)
@@ -127,9 +129,9 @@ Feature* CreateFeature(CompileRoot& root, const BuiltinFeature& description)
 Option* FindOption(const CompileRoot& root, Feature& feature, std::string_view name)
 {
     Option* guess = feature.lastFound ? feature.lastFound->next : feature.options.first;
-    if (!guess || guess->Name() != name)
+    if (!guess || !IsSameName(guess->Name(), name))
         guess = feature.lastFound;
-    if (!guess || guess->Name() != name)
+    if (!guess || !IsSameName(guess->Name(), name))
         guess = static_cast<Option*>(root.names.Find(OwnerNumber(feature), name));
     if (guess)
         feature.lastFound = guess;

@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "psui/model/handlers.h"
+#include "psui/model/names.h"
 
 namespace psui::compiler {
 
@@ -31,81 +32,88 @@ constexpr VocabularyWord kExtensions[] = {
 constexpr uint32_t kMaxCustomPageOrder = 5;
 
 // A resident font's number is 1 + its position.
-constexpr std::string_view kResidentFonts[] = {
-    "PC-Brussels",
-    "PC-Brussels-Bold",
-    "PC-Brussels-Italic",
-    "PC-Brussels-BoldItalic",
-    "PC-Tennessee",
-    "PC-Tennessee-Bold",
-    "PC-Tennessee-Italic",
-    "PC-Tennessee-BoldItalic",
-    "Utah",
-    "Utah-Bold",
-    "Utah-Italic",
-    "Utah-BoldItalic",
-    "Brougham",
-    "Brougham-Bold",
-    "Brougham-Italic",
-    "Brougham-BoldItalic",
-    "Atlanta",
-    "Atlanta-Bold",
-    "Atlanta-Italic",
-    "Atlanta-BoldItalic",
-    "Calgary",
-    "Copenhagen",
-    "Copenhagen-Bold",
-    "Copenhagen-Italic",
-    "Copenhagen-BoldItalic",
-    "Portugal",
-    "Portugal-Bold",
-    "Portugal-Italic",
-    "Portugal-BoldItalic",
-    "Alaska",
-    "Alaska-Extrabold",
-    "Antique-Oakland",
-    "Antique-Oakland-Bold",
-    "Antique-Oakland-italic",
-    "Cleveland-Condensed",
-    "Connecticut",
-    "Guatemala",
-    "Guatemala-Bold",
-    "Guatemala-Italic",
-    "Guatemala-BoldItalic",
-    "Letter-Gothic",
-    "Letter-Gothic-Bold",
-    "Letter-Gothic-Italic",
-    "Maryland",
-    "Oklahoma",
-    "Oklahoma-Bold",
-    "Oklahoma-Italic",
-    "Oklahoma-BoldItalic",
-    "Utah-Condensed",
-    "Utah-Condensed-Bold",
-    "Utah-Condensed-Italic",
-    "Utah-Condensed-BoldItalic",
-    "Arial",
-    "Arial-Bold",
-    "Arial-Italic",
-    "Arial-BoldItalic",
-    "Times-New-Roman",
-    "Times-New-Roman-Bold",
-    "Times-New-Roman-Italic",
-    "Times-New-Roman-BoldItalic",
-    "Symbol",
-    "Wingdings",
-    "OCR-A",
-    "OCR-B",
-    "Bermuda-Script",
-    "Germany",
-    "San-Diego",
-    "US-Roman",
-    "Letter-Goth16.6",
-    "Letter-Goth16.6-Italic",
-    "Letter-Goth16.6-Bold",
-    "Letter-Goth16.6-BoldItalic",
+struct ResidentFontName
+{
+    std::string_view name;
+};
+
+constexpr ResidentFontName kResidentFonts[] = {
+    {"PC-Brussels"},
+    {"PC-Brussels-Bold"},
+    {"PC-Brussels-Italic"},
+    {"PC-Brussels-BoldItalic"},
+    {"PC-Tennessee"},
+    {"PC-Tennessee-Bold"},
+    {"PC-Tennessee-Italic"},
+    {"PC-Tennessee-BoldItalic"},
+    {"Utah"},
+    {"Utah-Bold"},
+    {"Utah-Italic"},
+    {"Utah-BoldItalic"},
+    {"Brougham"},
+    {"Brougham-Bold"},
+    {"Brougham-Italic"},
+    {"Brougham-BoldItalic"},
+    {"Atlanta"},
+    {"Atlanta-Bold"},
+    {"Atlanta-Italic"},
+    {"Atlanta-BoldItalic"},
+    {"Calgary"},
+    {"Copenhagen"},
+    {"Copenhagen-Bold"},
+    {"Copenhagen-Italic"},
+    {"Copenhagen-BoldItalic"},
+    {"Portugal"},
+    {"Portugal-Bold"},
+    {"Portugal-Italic"},
+    {"Portugal-BoldItalic"},
+    {"Alaska"},
+    {"Alaska-Extrabold"},
+    {"Antique-Oakland"},
+    {"Antique-Oakland-Bold"},
+    {"Antique-Oakland-italic"},
+    {"Cleveland-Condensed"},
+    {"Connecticut"},
+    {"Guatemala"},
+    {"Guatemala-Bold"},
+    {"Guatemala-Italic"},
+    {"Guatemala-BoldItalic"},
+    {"Letter-Gothic"},
+    {"Letter-Gothic-Bold"},
+    {"Letter-Gothic-Italic"},
+    {"Maryland"},
+    {"Oklahoma"},
+    {"Oklahoma-Bold"},
+    {"Oklahoma-Italic"},
+    {"Oklahoma-BoldItalic"},
+    {"Utah-Condensed"},
+    {"Utah-Condensed-Bold"},
+    {"Utah-Condensed-Italic"},
+    {"Utah-Condensed-BoldItalic"},
+    {"Arial"},
+    {"Arial-Bold"},
+    {"Arial-Italic"},
+    {"Arial-BoldItalic"},
+    {"Times-New-Roman"},
+    {"Times-New-Roman-Bold"},
+    {"Times-New-Roman-Italic"},
+    {"Times-New-Roman-BoldItalic"},
+    {"Symbol"},
+    {"Wingdings"},
+    {"OCR-A"},
+    {"OCR-B"},
+    {"Bermuda-Script"},
+    {"Germany"},
+    {"San-Diego"},
+    {"US-Roman"},
+    {"Letter-Goth16.6"},
+    {"Letter-Goth16.6-Italic"},
+    {"Letter-Goth16.6-Bold"},
+    {"Letter-Goth16.6-BoldItalic"},
 };
 static_assert(std::size(kResidentFonts) == 72);
+
+constexpr NameTable kResidentFontNames(kResidentFonts, &ResidentFontName::name);
 
 Outcome StoreWord(Compilation& c, Vocabulary vocabulary, uint16_t ModelDescription::*field)
 {
@@ -292,8 +300,8 @@ Outcome RecordCustomPageParam(Compilation& c)
 Outcome RecordFont(Compilation& c)
 {
     const std::string_view name = c.statement.option;
-    const auto* row = std::find(std::begin(kResidentFonts), std::end(kResidentFonts), name);
-    if (row == std::end(kResidentFonts)) {
+    const ResidentFontName* row = kResidentFontNames.Find(name);
+    if (!row) {
         Note(c, DiagnosticKind::UnknownWord, name);
         return Outcome::Done;
     }

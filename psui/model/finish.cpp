@@ -2,6 +2,7 @@
 
 #include "psui/model/compiler.h"
 #include "psui/model/features.h"
+#include "psui/model/names.h"
 #include "psui/model/queries.h"
 #include "psui/model/review.h"
 
@@ -103,34 +104,69 @@ void ResolveDefaults(CompileRoot& root)
     }
 }
 
-// Finds features and options for entries that name them. Entries often name one feature after another, so
-// the last one is tried first.
+// Finds features and options for entries that name them. Rules are written feature by feature, and most of
+// them a second time with their sides exchanged: one of the last two answers is often the next one, too.
 class Resolver
 {
 public:
-    explicit Resolver(const CompileRoot& root) : root_(root), last_(nullptr) {}
+    explicit Resolver(const CompileRoot& root) : root_(root) {}
 
     /// Number of the feature and index of its option (kAnyOption for a view without data). What is not found,
     /// or has a number that an entry cannot hold, is kUnresolved; then the result is false.
     bool Resolve(std::string_view featureName, std::string_view optionName, uint16_t& number, uint16_t& index)
     {
-        number = kUnresolved;
-        index = optionName.data() ? kUnresolved : kAnyOption;
-        if (!last_ || last_->Name() != featureName)
-            last_ = static_cast<Feature*>(root_.names.Find(0, featureName));
-        if (!last_)
-            return false;
-        number = static_cast<uint16_t>(last_->number);
-        const Option* option = optionName.data() ? FindOption(root_, *last_, optionName) : nullptr;
-        // An option at the index that means any option cannot be told from it.
-        if (option && option->index != kAnyOption && option->index < kUnresolved)
-            index = static_cast<uint16_t>(option->index);
-        return index != kUnresolved;
+        const Answer& answer = AnswerFor(featureName, optionName);
+        number = answer.number;
+        index = answer.index;
+        return number != kUnresolved && index != kUnresolved;
     }
 
 private:
+    struct Answer
+    {
+        std::string_view featureName; ///< empty before there is an answer
+        std::string_view optionName;
+        Feature* feature = nullptr; ///< null when there is none of that name
+        uint16_t number = kUnresolved;
+        uint16_t index = kUnresolved;
+    };
+
+    const Answer& AnswerFor(std::string_view featureName, std::string_view optionName)
+    {
+        const Answer* sameFeature = nullptr;
+        for (Answer& answer : answers_) {
+            if (!IsSameName(answer.featureName, featureName))
+                continue;
+            if (IsSameName(answer.optionName, optionName)) {
+                latest_ = &answer;
+                return answer;
+            }
+            sameFeature = &answer;
+        }
+        Feature* feature =
+            sameFeature ? sameFeature->feature : static_cast<Feature*>(root_.names.Find(0, featureName));
+        latest_ = latest_ == answers_ ? answers_ + 1 : answers_;
+        *latest_ = {featureName, optionName, feature, kUnresolved, kUnresolved};
+        if (feature)
+            latest_->number = static_cast<uint16_t>(feature->number);
+        latest_->index = IndexOf(feature, optionName);
+        return *latest_;
+    }
+
+    uint16_t IndexOf(Feature* feature, std::string_view optionName) const
+    {
+        if (!optionName.data())
+            return kAnyOption;
+        const Option* option = feature ? FindOption(root_, *feature, optionName) : nullptr;
+        // An option at the index that means any option cannot be told from it.
+        return option && option->index != kAnyOption && option->index < kUnresolved
+                   ? static_cast<uint16_t>(option->index)
+                   : kUnresolved;
+    }
+
     const CompileRoot& root_;
-    Feature* last_;
+    Answer answers_[2];
+    Answer* latest_ = answers_;
 };
 
 void ResolveOrders(CompileRoot& root)
@@ -144,14 +180,13 @@ void ResolveOrders(CompileRoot& root)
 
 void ResolveConstraints(CompileRoot& root)
 {
-    Resolver first(root);
-    Resolver second(root);
+    Resolver resolver(root);
     for (PendingConstraint* pending = root.constraints.first; pending; pending = pending->next) {
         const PendingChoice& a = pending->sides[0];
         const PendingChoice& b = pending->sides[1];
         ConstraintEntry& entry = pending->entry;
-        const bool firstKnown = first.Resolve(a.Feature(), a.Option(), entry.feature1, entry.option1);
-        const bool secondKnown = second.Resolve(b.Feature(), b.Option(), entry.feature2, entry.option2);
+        const bool firstKnown = resolver.Resolve(a.Feature(), a.Option(), entry.feature1, entry.option1);
+        const bool secondKnown = resolver.Resolve(b.Feature(), b.Option(), entry.feature2, entry.option2);
         if (!firstKnown || !secondKnown)
             entry.feature1 = kUnresolved;
     }

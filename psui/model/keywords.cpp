@@ -1,9 +1,8 @@
 #include "psui/model/keywords.h"
 
-#include <array>
 #include <iterator>
 
-#include "psui/model/queries.h"
+#include "psui/model/names.h"
 
 namespace psui::compiler {
 
@@ -136,49 +135,13 @@ constexpr KeywordEntry kKeywords[] = {
 };
 static_assert(std::size(kKeywords) == kKeywordCount);
 
-// Most keywords of a description are no keywords of ours, so a look-up has to miss quickly: the table is
-// mostly empty. The multiplication spreads the name hash, whose upper bits say little.
-constexpr unsigned kBucketBits = 10;
-constexpr size_t kBucketCount = 1u << kBucketBits;
-
-constexpr size_t BucketOf(uint32_t hash)
-{
-    return hash * 0x9E3779B1u >> (32 - kBucketBits);
-}
-
-struct Bucket
-{
-    uint32_t hash;
-    uint16_t entry; ///< kKeywordCount in an empty bucket
-};
-
-constexpr std::array<Bucket, kBucketCount> HashKeywords()
-{
-    std::array<Bucket, kBucketCount> buckets{};
-    buckets.fill({0, kKeywordCount});
-    for (uint16_t entry = 0; entry < kKeywordCount; ++entry) {
-        const uint32_t hash = NameHash(kKeywords[entry].keyword);
-        size_t at = BucketOf(hash);
-        while (buckets[at].entry != kKeywordCount)
-            at = (at + 1) % kBucketCount;
-        buckets[at] = {hash, entry};
-    }
-    return buckets;
-}
-
-constexpr std::array<Bucket, kBucketCount> kBuckets = HashKeywords();
+constexpr NameTable kTable(kKeywords, &KeywordEntry::keyword);
 
 } // namespace
 
 const KeywordEntry* FindKeyword(std::string_view keyword)
 {
-    const uint32_t hash = NameHash(keyword);
-    for (size_t at = BucketOf(hash); kBuckets[at].entry != kKeywordCount; at = (at + 1) % kBucketCount) {
-        const KeywordEntry& entry = kKeywords[kBuckets[at].entry];
-        if (kBuckets[at].hash == hash && entry.keyword == keyword)
-            return &entry;
-    }
-    return nullptr;
+    return kTable.Find(keyword);
 }
 
 uint16_t KeywordNumber(const KeywordEntry& entry)

@@ -1,58 +1,25 @@
 #include "psui/model/name_index.h"
 
-#include <cstring>
-
 #include "psui/base/memory.h"
 #include "psui/model/compile_root.h"
+#include "psui/model/names.h"
 
 namespace psui::compiler {
 
 namespace {
 
-constexpr size_t kFirstCapacity = 128;
-constexpr size_t kSlotsPerName = 2; // at least
-constexpr uint64_t kMultiplier = 0x9E3779B97F4A7C15;
+constexpr size_t kFirstCapacity = 512;     // what common descriptions need
+constexpr size_t kSlotsPerName = 2;        // at least
 constexpr uint32_t kNeighbours = 15;       // names that differ in these bits of their end share a line
 constexpr uint32_t kUsedSlot = 0x80000000; // keeps the hash of a used slot from being 0
-
-uint64_t Mix(uint64_t hash, uint64_t word)
-{
-    hash = (hash ^ word) * kMultiplier;
-    return hash ^ (hash >> 32);
-}
-
-template <typename Word>
-uint64_t Load(const char* at)
-{
-    Word word;
-    std::memcpy(&word, at, sizeof(word));
-    return word;
-}
-
-// The last eight bytes of a name, or all that it has, with the last one on top. Bytes may occur twice.
-uint64_t LoadEnd(std::string_view name)
-{
-    const char* end = name.data() + name.size();
-    if (name.size() >= sizeof(uint64_t))
-        return Load<uint64_t>(end - sizeof(uint64_t));
-    if (name.size() >= sizeof(uint32_t))
-        return Load<uint32_t>(end - sizeof(uint32_t)) << 32 | Load<uint32_t>(name.data());
-    if (name.empty())
-        return 0;
-    return Load<uint8_t>(end - 1) << 56 | Load<uint8_t>(name.data() + name.size() / 2) << 8 |
-           Load<uint8_t>(name.data());
-}
 
 uint32_t HashOf(uint16_t owner, std::string_view name)
 {
     constexpr unsigned kLastByte = 56;
-    uint64_t hash = Mix(owner, name.size());
-    for (size_t at = 0; at + sizeof(uint64_t) < name.size(); at += sizeof(uint64_t))
-        hash = Mix(hash, Load<uint64_t>(name.data() + at));
+    const uint64_t front = MixFront(uint64_t{owner} << 8 | name.size(), name);
     const uint64_t end = LoadEnd(name);
     const uint64_t neighbour = end & (uint64_t{kNeighbours} << kLastByte);
-    // Only the upper bits of a product depend on all of its factors' bits.
-    hash = Mix(hash, end ^ neighbour) * kMultiplier >> 32;
+    const uint64_t hash = MixHash(front, end ^ neighbour) * kHashMultiplier >> 32;
     return (static_cast<uint32_t>(hash) & ~kNeighbours) | static_cast<uint32_t>(neighbour >> kLastByte) |
            kUsedSlot;
 }
@@ -66,7 +33,7 @@ NamedRecord* NameIndex::Find(uint16_t owner, std::string_view name) const
     const uint32_t hash = HashOf(owner, name);
     for (size_t slot = hash & (capacity_ - 1); hashes_[slot] != 0; slot = (slot + 1) & (capacity_ - 1)) {
         NamedRecord* record = records_[slot];
-        if (hashes_[slot] == hash && record->owner == owner && record->Name() == name)
+        if (hashes_[slot] == hash && record->owner == owner && IsSameName(record->Name(), name))
             return record;
     }
     return nullptr;
