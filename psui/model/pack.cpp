@@ -13,47 +13,20 @@ namespace {
 
 static_assert(std::size(kHeaderTexts) == kHeaderTextCount);
 
-// Places records and texts one behind the other. Without a block it only counts, so that one walk over the
-// model serves to size the image and to fill it.
-class ImageWriter
+// Where records and texts stand, one behind the other.
+class ImagePlaces
 {
 public:
-    explicit ImageWriter(uint8_t* block) : block_(block), at_(sizeof(ModelDescription)) {}
-
     /// Where the next part will stand. 64 bits wide, so an image that is too long shows after counting.
     uint64_t Position() const { return at_; }
 
-    /// Makes room for a part and returns its offset. The room is zero.
+    /// Makes room for a part and returns its offset.
     uint64_t Reserve(uint64_t bytes)
     {
         const uint64_t offset = at_;
         at_ += (bytes + kImageAlignment - 1) & ~(kImageAlignment - 1);
         return offset;
     }
-
-    void Write(uint64_t offset, const void* bytes, size_t size)
-    {
-        if (block_ && size > 0)
-            std::memcpy(block_ + offset, bytes, size);
-    }
-
-    template <typename Record>
-    void WriteRecord(uint64_t offset, const Record& record)
-    {
-        Write(offset, &record, sizeof(record));
-    }
-
-    /// Places a text and returns its reference; none for a view without data.
-    TextRef PlaceText(std::string_view text)
-    {
-        if (!text.data())
-            return {0};
-        const uint64_t offset = Reserve(text.size() + 1);
-        Write(offset, text.data(), text.size());
-        return {offset};
-    }
-
-    uint32_t HashOf(std::string_view name) const { return block_ ? NameHash(name) : 0; }
 
     /// Reference to the record that is placed next, if there is one.
     template <typename Record, typename Node>
@@ -63,11 +36,53 @@ public:
     }
 
 private:
-    uint8_t* block_;
-    uint64_t at_;
+    uint64_t at_ = sizeof(ModelDescription);
 };
 
-Ref<WCHAR> PlaceSourcePath(ImageWriter& writer, const CompileRoot& root)
+// One walk over the model serves to count an image's bytes and to write them: the walk is told which.
+class ImageCounter : public ImagePlaces
+{
+public:
+    void Write(uint64_t, const void*, size_t) {}
+    uint32_t HashOf(std::string_view) const { return 0; }
+};
+
+class ImageWriter : public ImagePlaces
+{
+public:
+    /// `block` is zero and as long as the counter says.
+    explicit ImageWriter(uint8_t* block) : block_(block) {}
+
+    void Write(uint64_t offset, const void* bytes, size_t size)
+    {
+        if (size > 0)
+            std::memcpy(block_ + offset, bytes, size);
+    }
+    uint32_t HashOf(std::string_view name) const { return NameHash(name); }
+
+private:
+    uint8_t* block_;
+};
+
+template <typename Writer, typename Record>
+void WriteRecord(Writer& writer, uint64_t offset, const Record& record)
+{
+    writer.Write(offset, &record, sizeof(record));
+}
+
+/// Places a text and returns its reference; none for a view without data.
+template <typename Writer>
+TextRef PlaceText(Writer& writer, std::string_view text)
+{
+    if (!text.data())
+        return {0};
+    const uint64_t offset = writer.Reserve(text.size() + 1);
+    writer.Write(offset, text.data(), text.size());
+    return {offset};
+}
+
+template <typename Writer>
+Ref<WCHAR> PlaceSourcePath(Writer& writer, const CompileRoot& root)
 {
     const size_t bytes = (root.sourcePathLength + 1) * sizeof(WCHAR);
     const uint64_t offset = writer.Reserve(bytes);
@@ -75,36 +90,37 @@ Ref<WCHAR> PlaceSourcePath(ImageWriter& writer, const CompileRoot& root)
     return {offset};
 }
 
-template <typename Entry, typename Pending>
-Ref<PackedArray<Entry>> PlaceArray(ImageWriter& writer, const List<Pending>& pending)
+template <typename Entry, typename Writer, typename Pending>
+Ref<PackedArray<Entry>> PlaceArray(Writer& writer, const List<Pending>& pending)
 {
     const PackedArray<Entry> head{static_cast<uint16_t>(pending.count), sizeof(Entry)};
     const uint64_t offset = writer.Reserve(sizeof(head) + pending.count * kArrayBytesPerEntry);
-    writer.WriteRecord(offset, head);
+    WriteRecord(writer, offset, head);
     uint64_t at = offset + sizeof(head);
     for (const Pending* node = pending.first; node; node = node->next, at += sizeof(Entry))
-        writer.WriteRecord(at, node->entry);
+        WriteRecord(writer, at, node->entry);
     return {offset};
 }
 
-void PlaceOptionTexts(ImageWriter& writer, const Option& option, ModelOption& record)
+template <typename Writer>
+void PlaceOptionTexts(Writer& writer, const Option& option, ModelOption& record)
 {
-    record.name = writer.PlaceText({option.name ? option.name : "", option.nameLength});
+    record.name = PlaceText(writer, {option.name ? option.name : "", option.nameLength});
     record.nameHash = writer.HashOf(option.Name());
-    record.translation = writer.PlaceText(option.Translation());
-    record.invocation = writer.PlaceText(option.Text());
+    record.translation = PlaceText(writer, option.Translation());
+    record.invocation = PlaceText(writer, option.Text());
 }
 
 // Places one option with its texts; `fill` places and sets what its kind has beyond the base.
-template <typename Record, typename Fill>
-void PlaceOption(ImageWriter& writer, const Option& option, Fill fill)
+template <typename Record, typename Writer, typename Fill>
+void PlaceOption(Writer& writer, const Option& option, Fill fill)
 {
     Record record{};
     const uint64_t offset = writer.Reserve(sizeof(record));
     PlaceOptionTexts(writer, option, record.base);
     fill(record);
-    record.base.next = writer.RefToNext<ModelOption>(option.next);
-    writer.WriteRecord(offset, record);
+    record.base.next = writer.template RefToNext<ModelOption>(option.next);
+    WriteRecord(writer, offset, record);
 }
 
 struct PlainOption
@@ -113,11 +129,12 @@ struct PlainOption
 };
 static_assert(sizeof(PlainOption) == sizeof(ModelOption));
 
-void PlacePageSize(ImageWriter& writer, const PageSize& size)
+template <typename Writer>
+void PlacePageSize(Writer& writer, const PageSize& size)
 {
     PlaceOption<PageSizeOption>(writer, size, [&](PageSizeOption& record) {
-        record.pageSizeLInvocation = writer.PlaceText(size.pageSizeLInvocation);
-        record.pageRegionInvocation = writer.PlaceText(size.pageRegionInvocation);
+        record.pageSizeLInvocation = PlaceText(writer, size.pageSizeLInvocation);
+        record.pageRegionInvocation = PlaceText(writer, size.pageRegionInvocation);
         record.width = size.width;
         record.height = size.height;
         record.imageableArea = size.imageableArea;
@@ -125,17 +142,19 @@ void PlacePageSize(ImageWriter& writer, const PageSize& size)
     });
 }
 
-void PlaceResolution(ImageWriter& writer, const Resolution& resolution)
+template <typename Writer>
+void PlaceResolution(Writer& writer, const Resolution& resolution)
 {
     PlaceOption<ResolutionOption>(writer, resolution, [&](ResolutionOption& record) {
-        record.jclInvocation = writer.PlaceText(resolution.jclInvocation);
-        record.setResolutionInvocation = writer.PlaceText(resolution.setResolutionInvocation);
+        record.jclInvocation = PlaceText(writer, resolution.jclInvocation);
+        record.setResolutionInvocation = PlaceText(writer, resolution.setResolutionInvocation);
         record.screenAngle = resolution.screenAngle;
         record.screenFreq = resolution.screenFreq;
     });
 }
 
-void PlaceOptionOf(ImageWriter& writer, uint16_t featureIndex, const Option& option)
+template <typename Writer>
+void PlaceOptionOf(Writer& writer, uint16_t featureIndex, const Option& option)
 {
     switch (featureIndex) {
     case kFeaturePageSize:
@@ -159,13 +178,14 @@ void PlaceOptionOf(ImageWriter& writer, uint16_t featureIndex, const Option& opt
     }
 }
 
-void PlaceFeature(ImageWriter& writer, const Feature& feature)
+template <typename Writer>
+void PlaceFeature(Writer& writer, const Feature& feature)
 {
     ModelFeature record{};
     const uint64_t offset = writer.Reserve(sizeof(record));
-    record.keyword = writer.PlaceText(feature.Name());
+    record.keyword = PlaceText(writer, feature.Name());
     record.nameHash = writer.HashOf(feature.Name());
-    record.translation = writer.PlaceText(feature.Translation());
+    record.translation = PlaceText(writer, feature.Translation());
     record.defaultOption = feature.defaultOption;
     record.optionRecordSize = feature.optionRecordSize;
     record.featureIndex = feature.featureIndex;
@@ -173,42 +193,44 @@ void PlaceFeature(ImageWriter& writer, const Feature& feature)
     record.uiType = feature.uiType;
     record.ordinal = feature.ordinal;
     record.installable = feature.installable;
-    record.options = writer.RefToNext<ModelOption>(feature.options.first);
+    record.options = writer.template RefToNext<ModelOption>(feature.options.first);
     for (const Option* option = feature.options.first; option; option = option->next)
         PlaceOptionOf(writer, feature.featureIndex, *option);
-    record.next = writer.RefToNext<ModelFeature>(feature.next);
-    writer.WriteRecord(offset, record);
+    record.next = writer.template RefToNext<ModelFeature>(feature.next);
+    WriteRecord(writer, offset, record);
 }
 
-void PlaceFont(ImageWriter& writer, const Font& font)
+template <typename Writer>
+void PlaceFont(Writer& writer, const Font& font)
 {
     ResidentFont record{};
     const uint64_t offset = writer.Reserve(sizeof(record));
-    record.name = writer.PlaceText(font.name);
+    record.name = PlaceText(writer, font.name);
     record.nameHash = writer.HashOf(font.name);
-    record.value = writer.PlaceText(font.value);
+    record.value = PlaceText(writer, font.value);
     record.fontNumber = font.number;
-    record.next = writer.RefToNext<ResidentFont>(font.next);
-    writer.WriteRecord(offset, record);
+    record.next = writer.template RefToNext<ResidentFont>(font.next);
+    WriteRecord(writer, offset, record);
 }
 
-void PlaceModel(ImageWriter& writer, const CompileRoot& root)
+template <typename Writer>
+void PlaceModel(Writer& writer, const CompileRoot& root)
 {
     ModelDescription header = root.header;
     header.formatVersion = kImageFormatVersion;
     header.sourcePath = PlaceSourcePath(writer, root);
     for (size_t i = 0; i < std::size(kHeaderTexts); ++i)
-        header.*kHeaderTexts[i] = writer.PlaceText(root.texts[i]);
+        header.*kHeaderTexts[i] = PlaceText(writer, root.texts[i]);
     header.orderDependencies = PlaceArray<OrderEntry>(writer, root.orders);
     header.constraints = PlaceArray<ConstraintEntry>(writer, root.constraints);
-    header.features = writer.RefToNext<ModelFeature>(root.features.first);
+    header.features = writer.template RefToNext<ModelFeature>(root.features.first);
     for (const Feature* feature = root.features.first; feature; feature = feature->next)
         PlaceFeature(writer, *feature);
-    header.residentFonts = writer.RefToNext<ResidentFont>(root.fonts.first);
+    header.residentFonts = writer.template RefToNext<ResidentFont>(root.fonts.first);
     for (const Font* font = root.fonts.first; font; font = font->next)
         PlaceFont(writer, *font);
     header.imageSize = static_cast<uint32_t>(writer.Position());
-    writer.WriteRecord(0, header);
+    WriteRecord(writer, 0, header);
 }
 
 } // namespace
@@ -217,7 +239,7 @@ void PlaceModel(ImageWriter& writer, const CompileRoot& root)
 
 ModelDescription* PackModelDescription(CompileRootPtr root)
 {
-    compiler::ImageWriter counter(nullptr);
+    compiler::ImageCounter counter;
     compiler::PlaceModel(counter, *root);
     if (counter.Position() > UINT32_MAX)
         return nullptr;

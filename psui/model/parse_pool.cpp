@@ -54,8 +54,7 @@ void* ParsePool::Allocate(size_t bytes)
 
 ParsePool::Block* ParsePool::NewBlock(uint32_t capacity)
 {
-    auto* block =
-        static_cast<Block*>(HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(Block) + capacity));
+    auto* block = static_cast<Block*>(HeapAlloc(GetProcessHeap(), 0, sizeof(Block) + capacity));
     if (block)
         *block = {capacity, capacity, reinterpret_cast<char*>(block + 1), nullptr};
     return block;

@@ -19,7 +19,7 @@ public:
     /// Frees the pool and all that came from it. Null is ignored.
     static void Release(ParsePool* pool);
 
-    /// `bytes` zero bytes at a multiple of 8, or null without memory.
+    /// `bytes` bytes of any content at a multiple of 8, or null without memory.
     void* Allocate(size_t bytes);
 
     /// A zero-filled record, or null without memory.
