@@ -105,25 +105,6 @@ TEST(LangCheck, FindsTheFaultOfEachDialogAndNoOther)
     EXPECT_EQ(findings.size(), std::size(kFaults)) << testing::PrintToString(findings);
 }
 
-TEST(LangCheck, ReadsBothTemplateFormatsAlike)
-{
-    const Dialog *extended = Faulty().Find(1), *old = Faulty().Find(2);
-    ASSERT_TRUE(extended && old);
-    EXPECT_EQ(extended->controls.size(), 13u);
-    ASSERT_EQ(extended->controls.size(), old->controls.size());
-    EXPECT_EQ(extended->caption, TEXT("Sound"));
-    EXPECT_EQ(extended->face, old->face);
-    EXPECT_EQ(extended->points, old->points);
-    for (size_t i = 0; i < extended->controls.size(); ++i) {
-        const Control &one = extended->controls[i], &other = old->controls[i];
-        EXPECT_EQ(KindOf(one), KindOf(other)) << i;
-        EXPECT_EQ(one.id, other.id) << i;
-        EXPECT_EQ(one.text, other.text) << i;
-        EXPECT_EQ(one.style, other.style) << i;
-        EXPECT_TRUE(one.box.Holds(other.box) && other.box.Holds(one.box)) << i;
-    }
-}
-
 TEST(LangCheck, FindsMissingNamesAndWrongPlaces)
 {
     Ids ids;
@@ -166,17 +147,22 @@ TEST(LangCheck, RefusesAModuleCutWithinAResource)
 }
 
 // A template that promises more than its bytes hold must not be read past them.
-TEST(LangCheck, RefusesADialogThatPromisesMoreControlsThanItHolds)
+TEST(LangCheck, RefusesADialogOfMoreControlsThanItHoldsAndOneOfTheOldFormat)
 {
-    Bytes module = FaultyModule();
+    const Bytes sound = FaultyModule();
     constexpr uint8_t count[] = {13, 0, 0, 0, 0, 0, 200, 0, 120, 0}; // controls, place and size of dialog 1
-    const auto found = std::search(module.begin(), module.end(), std::begin(count), std::end(count));
-    ASSERT_NE(found, module.end());
-    *found = 14;
-    Language language;
-    std::string complaint;
-    EXPECT_FALSE(ReadLanguage(module, language, complaint));
-    EXPECT_EQ(complaint, "malformed dialog 1");
+    const auto found = std::search(sound.begin(), sound.end(), std::begin(count), std::end(count));
+    ASSERT_NE(found, sound.end());
+    const auto place = static_cast<size_t>(found - sound.begin());
+    constexpr size_t kMarkBeforeCount = 14; // what tells the extended format
+    for (const auto& [changed, value] : {std::pair{place, 14}, {place - kMarkBeforeCount, 0}}) {
+        Bytes module = sound;
+        module[changed] = static_cast<uint8_t>(value);
+        Language language;
+        std::string complaint;
+        EXPECT_FALSE(ReadLanguage(module, language, complaint)) << value;
+        EXPECT_EQ(complaint, "malformed dialog 1");
+    }
 }
 
 } // namespace

@@ -23,16 +23,14 @@ DEVMODEW* AsRecord(std::vector<BYTE>& bytes)
     return reinterpret_cast<DEVMODEW*>(bytes.data());
 }
 
-struct CopyCase
+TEST(CopyDevMode, CopiesWhatBothHaveAndKeepsTheShapeOrChangesNothing)
 {
-    RecordShape from, to;
-    int copied;
-    uint16_t version; ///< of the destination afterwards
-};
-
-TEST(CopyDevMode, CopiesWhatBothHaveAndKeepsTheShape)
-{
-    const CopyCase cases[] = {
+    const struct
+    {
+        RecordShape from, to;
+        int copied;
+        uint16_t version; ///< of the destination afterwards
+    } cases[] = {
         {{0x0401, 1301, 220, 1632}, {0x0401, 1301, 220, 1632}, 1852, 0x0401},
         {{0x0401, 1301, 220, 1632}, {0, 848, 188, 112}, 300, 0x0320},
         {{0x0320, 848, 188, 112}, {0, 7, 220, 1632}, 300, 0x0401},
@@ -40,36 +38,21 @@ TEST(CopyDevMode, CopiesWhatBothHaveAndKeepsTheShape)
         {{0x0300, 1, 156, 9}, {0x0500, 2, 300, 4}, 160, 0x0500},
         {{0x0300, 1, 72, 9}, {0x0500, 2, 72, 20}, 81, 0x0500},
         {{0x0300, 1, 3, 0}, {0, 2, 220, 0}, 3, 0x0401},
+        {{0, 1, 156, 0}, {0x0401, 1, 220, 0}, -1, 0x0401},
+        {{0x0401, 1, 220, 0}, {0, 1, 156, 0}, -1, 0},
+        {{0x0401, 1, 220, 0}, {0x0401, 1, 71, 0}, -1, 0x0401},
+        {{0x0401, 1, 220, 8}, {0x0401, 1, 0, 2000}, -1, 0x0401},
     };
-    for (const CopyCase& c : cases) {
-        std::vector<BYTE> source = RecordOf(c.from, 1), destination = RecordOf(c.to, 101);
-        std::vector<BYTE> expected = destination;
-        const size_t publicBytes = std::min(c.from.publicSize, c.to.publicSize);
-        std::copy_n(source.begin(), publicBytes, expected.begin());
-        std::copy_n(source.begin() + c.from.publicSize, std::min(c.from.privateSize, c.to.privateSize),
-                    expected.begin() + c.to.publicSize);
-        RecordShape shape = c.to;
-        shape.specVersion = c.version;
-        psui::SetShape(expected.data(), shape);
-
-        EXPECT_EQ(psui::CopyDevMode(AsRecord(source), AsRecord(destination)), c.copied);
-        EXPECT_EQ(destination, expected) << c.from.publicSize << " to " << c.to.publicSize;
-    }
-}
-
-TEST(CopyDevMode, RefusesRecordsWithoutUsableShapeAndChangesNothing)
-{
-    const std::pair<RecordShape, RecordShape> cases[] = {
-        {{0, 1, 156, 0}, {0x0401, 1, 220, 0}},
-        {{0x0401, 1, 220, 0}, {0, 1, 156, 0}},
-        {{0x0401, 1, 220, 0}, {0x0401, 1, 71, 0}},
-        {{0x0401, 1, 220, 8}, {0x0401, 1, 0, 2000}},
-    };
-    for (const auto& [from, to] : cases) {
-        std::vector<BYTE> source = RecordOf(from, 1), destination = RecordOf(to, 101);
-        const std::vector<BYTE> before = destination;
-        EXPECT_EQ(psui::CopyDevMode(AsRecord(source), AsRecord(destination)), -1);
-        EXPECT_EQ(destination, before);
+    for (const auto& [from, to, copied, version] : cases) {
+        std::vector<BYTE> source = RecordOf(from, 1), destination = RecordOf(to, 101), expected = destination;
+        if (copied > 0) {
+            std::copy_n(source.begin(), std::min(from.publicSize, to.publicSize), expected.begin());
+            std::copy_n(source.begin() + from.publicSize, std::min(from.privateSize, to.privateSize),
+                        expected.begin() + to.publicSize);
+        }
+        psui::SetShape(expected.data(), {version, to.driverVersion, to.publicSize, to.privateSize});
+        EXPECT_EQ(psui::CopyDevMode(AsRecord(source), AsRecord(destination)), copied);
+        EXPECT_EQ(destination, expected) << from.publicSize << " to " << to.publicSize;
     }
     std::vector<BYTE> record = RecordOf({0x0401, 1, 220, 0}, 1);
     EXPECT_EQ(psui::CopyDevMode(nullptr, AsRecord(record)), -1);

@@ -41,28 +41,24 @@ Box ReadBox(Reader& reader)
     return box;
 }
 
-Control ReadControl(Reader& reader, bool extended)
+Control ReadControl(Reader& reader)
 {
     Control control{};
     reader.Align();
-    if (extended)
-        reader.Skip(2 * sizeof(DWORD)); // help id, extended style
+    reader.Skip(2 * sizeof(DWORD)); // help id, extended style
     control.style = reader.Read<DWORD>();
-    if (!extended)
-        reader.Skip(sizeof(DWORD)); // extended style
     control.box = ReadBox(reader);
-    control.id = extended ? reader.Read<DWORD>() & 0xFFFF : reader.Read<uint16_t>();
+    control.id = reader.Read<DWORD>() & 0xFFFF;
     control.className = ReadClass(reader);
     control.text = ReadName(reader);
     reader.Skip(reader.Read<uint16_t>()); // creation data
     return control;
 }
 
-void ReadFont(Reader& reader, bool extended, Dialog& dialog)
+void ReadFont(Reader& reader, Dialog& dialog)
 {
     dialog.points = reader.Read<uint16_t>();
-    if (extended)
-        reader.Skip(sizeof(uint16_t) + 2); // weight, italic, character set
+    reader.Skip(sizeof(uint16_t) + 2); // weight, italic, character set
     dialog.face = reader.ReadText();
 }
 
@@ -70,23 +66,20 @@ void ReadFont(Reader& reader, bool extended, Dialog& dialog)
 
 bool ReadDialog(Reader& reader, Dialog& dialog)
 {
-    Reader ahead = reader;
-    ahead.Skip(sizeof(uint16_t));
-    const bool extended = ahead.Read<uint16_t>() == kExtendedMark;
-    if (extended)
-        reader.Skip(2 * sizeof(uint16_t) + 2 * sizeof(DWORD)); // version, mark, help id, extended style
+    reader.Skip(sizeof(uint16_t)); // version
+    if (reader.Read<uint16_t>() != kExtendedMark)
+        return false;
+    reader.Skip(2 * sizeof(DWORD)); // help id, extended style
     dialog.style = reader.Read<DWORD>();
-    if (!extended)
-        reader.Skip(sizeof(DWORD)); // extended style
     const auto count = reader.Read<uint16_t>();
     dialog.box = ReadBox(reader);
     ReadName(reader); // menu
     ReadName(reader); // class
     dialog.caption = ReadName(reader);
     if (dialog.style & DS_SETFONT)
-        ReadFont(reader, extended, dialog);
+        ReadFont(reader, dialog);
     for (unsigned i = 0; i < count && reader.Good(); ++i)
-        dialog.controls.push_back(ReadControl(reader, extended));
+        dialog.controls.push_back(ReadControl(reader));
     return reader.Good();
 }
 

@@ -61,7 +61,7 @@ struct Language
     const Dialog* Find(unsigned id) const;
 };
 
-/// Reads a compiled resource file (.res): string tables and dialog templates of both formats.
+/// Reads a compiled resource file (.res): string tables and extended dialog templates.
 /// Returns false and says why in `complaint` when the file or a template is cut short or malformed; then
 /// `language` is of no use.
 bool ReadLanguage(const Bytes& file, Language& language, std::string& complaint);
