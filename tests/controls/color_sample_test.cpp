@@ -11,6 +11,8 @@
 namespace psui {
 namespace {
 
+using namespace test;
+
 // Adjustments whose traces can be told apart.
 constexpr ColorAdjustment kTraced = {
     [](std::span<RGBQUAD> colors, const DriverDevMode&) {
@@ -33,7 +35,7 @@ TEST(ColorSample, AdjustsAndGreysColoursAsTheSettingsSay)
         {0, 0, {32, 48, 64}},
     };
     for (const auto& [adjust, color, blueGreenRed] : kCases) {
-        DriverDevMode record = test::Record(1, 1);
+        DriverDevMode record = Record(1, 1);
         record.dmPublic.dmColor = color;
         record.dmPrivate.dwColorAdjust = adjust;
         const int16_t adjustments[] = {7, 9, 1, 1}; // saturation, white balance, brightness, contrast
@@ -50,36 +52,28 @@ TEST(ColorSample, AdjustsAndGreysColoursAsTheSettingsSay)
 
 TEST(ColorSample, ShowsThePictureInItsColoursOrInGreys)
 {
-    const test::PictureWorld world;
-    const HBITMAP bitmap = LoadBitmapW(hOwnModule, MAKEINTRESOURCEW(IDB_COLOR_SAMPLE));
-    BITMAP shape = {};
-    ASSERT_EQ(GetObjectW(bitmap, sizeof shape, &shape), static_cast<int>(sizeof shape));
-    const int right = shape.bmWidth + 2, bottom = shape.bmHeight + 1; // the picture lies at (2, 1)
+    const PictureWorld world;
     for (const bool monochrome : {false, true}) {
-        Canvas expected(right + 3, bottom + 3), drawn(right + 3, bottom + 3);
-        const HDC source = CreateCompatibleDC(nullptr);
-        const HGDIOBJ previous = SelectObject(source, bitmap);
-        BitBlt(expected.Dc(), 2, 1, shape.bmWidth, shape.bmHeight, source, 0, 0, SRCCOPY);
-        SelectObject(source, previous);
-        DeleteDC(source);
-        DriverDevMode record = test::Record(1, 1);
+        Canvas expected(kWidth, kHeight), drawn(kWidth, kHeight);
+        expected.Clear(kMagenta);
+        Lay(expected, IDB_COLOR_SAMPLE, 2, 1, kMagenta);
+        for (int y = 0; y < kHeight; ++y)
+            for (int x = 0; x < kWidth; ++x) {
+                const COLORREF color = expected.Color(x, y);
+                const uint32_t grey =
+                    (5 * GetRValue(color) + 9 * GetGValue(color) + 2 * GetBValue(color)) / 16;
+                if (monochrome && color != kMagenta)
+                    expected.At(x, y) = grey << 16 | grey << 8 | grey;
+            }
+        drawn.Clear(kMagenta);
+        DriverDevMode record = Record(1, 1);
         record.dmPublic.dmColor = monochrome ? DMCOLOR_MONOCHROME : DMCOLOR_COLOR;
         const host::Ledger before = host::OpenObjects();
-        DrawColorSample(test::Request(drawn, ODT_BUTTON, 4024, {2, 1, 9, 9}), record);
+        DrawColorSample(Request(drawn, ODT_BUTTON, 4024, {2, 1, 9, 9}), record);
         EXPECT_EQ(host::OpenObjects(), before);
         EXPECT_EQ(GetCurrentObject(drawn.Dc(), OBJ_PAL), GetStockObject(DEFAULT_PALETTE));
-        for (int y = 0; y < bottom + 3; ++y)
-            for (int x = 0; x < right + 3; ++x) {
-                COLORREF wanted = expected.Color(x, y);
-                if (monochrome && x >= 2 && x < right && y >= 1 && y < bottom) {
-                    const int grey =
-                        (5 * GetRValue(wanted) + 9 * GetGValue(wanted) + 2 * GetBValue(wanted)) / 16;
-                    wanted = RGB(grey, grey, grey);
-                }
-                ASSERT_EQ(drawn.Color(x, y), wanted) << x << ", " << y;
-            }
+        EXPECT_TRUE(Same(drawn, expected)) << monochrome;
     }
-    DeleteObject(bitmap);
 }
 
 // An image of 3 x 2 pixels with `colors` entries behind its header, and room for more behind its pixels.

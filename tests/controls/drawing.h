@@ -1,5 +1,7 @@
 #pragma once
 // What tests of painters share: the pictures of the built library, and draw requests on a small picture.
+#include <cstring>
+
 #include "psui/settings/devmode.h"
 #include "tests/host/gdi_canvas.h"
 #include "tests/settings/support.h"
@@ -45,6 +47,44 @@ inline psui::DriverDevMode Record(short orientation, int pages)
     record.dmPublic.dmCopies = 1;
     record.dmPrivate.dwPagesPerSheet = pages;
     return record;
+}
+
+constexpr int kWidth = 200, kHeight = 150; // of the pictures that are compared
+constexpr COLORREF kMagenta = RGB(255, 0, 255);
+
+/// Lays the pixels of a bitmap but those of the key on a picture, without any of the library's painters.
+inline void Lay(Canvas& canvas, UINT bitmap, int left, int top, COLORREF key)
+{
+    const HBITMAP picture = LoadBitmapW(psui::hOwnModule, MAKEINTRESOURCEW(bitmap));
+    if (!picture)
+        return;
+    BITMAP shape = {};
+    GetObjectW(picture, sizeof shape, &shape);
+    Canvas copy(shape.bmWidth, shape.bmHeight);
+    const HDC source = CreateCompatibleDC(nullptr);
+    const HGDIOBJ previous = SelectObject(source, picture);
+    BitBlt(copy.Dc(), 0, 0, shape.bmWidth, shape.bmHeight, source, 0, 0, SRCCOPY);
+    SelectObject(source, previous);
+    DeleteDC(source);
+    DeleteObject(picture);
+    const uint32_t keyPixel =
+        static_cast<uint32_t>(GetRValue(key) << 16 | GetGValue(key) << 8 | GetBValue(key));
+    for (int y = 0; y < shape.bmHeight && top + y < kHeight; ++y)
+        for (int x = 0; x < shape.bmWidth && left + x < kWidth; ++x)
+            if (copy.At(x, y) != keyPixel)
+                canvas.At(left + x, top + y) = copy.At(x, y);
+}
+
+inline testing::AssertionResult Same(Canvas& drawn, Canvas& expected)
+{
+    if (std::memcmp(&drawn.At(0, 0), &expected.At(0, 0), sizeof(uint32_t) * kWidth * kHeight) == 0)
+        return testing::AssertionSuccess();
+    for (int y = 0; y < kHeight; ++y)
+        for (int x = 0; x < kWidth; ++x)
+            if (drawn.At(x, y) != expected.At(x, y))
+                return testing::AssertionFailure() << "pixel " << x << ", " << y << " is " << std::hex
+                                                   << drawn.At(x, y) << " instead of " << expected.At(x, y);
+    return testing::AssertionSuccess();
 }
 
 } // namespace test

@@ -1,6 +1,4 @@
 // What each owner-drawn control shows, pixel by pixel against the bitmaps themselves.
-#include <cstring>
-
 #include "psui/controls/edges.h"
 #include "psui/controls/owner_draw.h"
 #include "psui/controls/pictures.h"
@@ -11,53 +9,18 @@
 namespace psui {
 namespace {
 
-constexpr COLORREF kMagenta = RGB(255, 0, 255);
+using namespace test;
+
 constexpr COLORREF kOlive = RGB(128, 128, 0);
 constexpr COLORREF kGround = RGB(10, 200, 30); // in no picture
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 constexpr RECT kItem = {3, 2, 190, 140};
-constexpr int kWidth = 200, kHeight = 150;
-
-/// The pixels of a bitmap but those of the key, without any of the library's painters.
-void Lay(Canvas& canvas, UINT bitmap, int left, int top, COLORREF key)
-{
-    const HBITMAP picture = LoadBitmapW(hOwnModule, MAKEINTRESOURCEW(bitmap));
-    if (!picture)
-        return;
-    BITMAP shape = {};
-    GetObjectW(picture, sizeof shape, &shape);
-    Canvas copy(shape.bmWidth, shape.bmHeight);
-    const HDC source = CreateCompatibleDC(nullptr);
-    const HGDIOBJ previous = SelectObject(source, picture);
-    BitBlt(copy.Dc(), 0, 0, shape.bmWidth, shape.bmHeight, source, 0, 0, SRCCOPY);
-    SelectObject(source, previous);
-    DeleteDC(source);
-    DeleteObject(picture);
-    const uint32_t keyPixel =
-        static_cast<uint32_t>(GetRValue(key) << 16 | GetGValue(key) << 8 | GetBValue(key));
-    for (int y = 0; y < shape.bmHeight && top + y < kHeight; ++y)
-        for (int x = 0; x < shape.bmWidth && left + x < kWidth; ++x)
-            if (copy.At(x, y) != keyPixel)
-                canvas.At(left + x, top + y) = copy.At(x, y);
-}
 
 void Fill(Canvas& canvas, const RECT& rect, COLORREF color)
 {
     const HBRUSH brush = CreateSolidBrush(color);
     FillRect(canvas.Dc(), &rect, brush);
     DeleteObject(brush);
-}
-
-testing::AssertionResult Same(Canvas& drawn, Canvas& expected)
-{
-    if (std::memcmp(&drawn.At(0, 0), &expected.At(0, 0), sizeof(uint32_t) * kWidth * kHeight) == 0)
-        return testing::AssertionSuccess();
-    for (int y = 0; y < kHeight; ++y)
-        for (int x = 0; x < kWidth; ++x)
-            if (drawn.At(x, y) != expected.At(x, y))
-                return testing::AssertionFailure() << "pixel " << x << ", " << y << " is " << std::hex
-                                                   << drawn.At(x, y) << " instead of " << expected.At(x, y);
-    return testing::AssertionSuccess();
 }
 
 class OwnerDraw : public testing::Test
@@ -70,7 +33,7 @@ protected:
         EXPECT_EQ(host::OpenObjects(), before) << request.CtlID;
     }
 
-    test::PictureWorld world_;
+    PictureWorld world_;
     OwnerDrawSource source_ = {
         .language = hLangModule,
         .deviceName = TEXT("Velmora Palette 940 Printer"),
@@ -139,7 +102,7 @@ constexpr PictureRow kPictures[] = {
 TEST_F(OwnerDraw, ShowsThePictureOfTheSettings)
 {
     for (unsigned bits = 0; bits < 32; ++bits) {
-        DriverDevMode record = test::Record(bits & 1 ? 2 : 1, bits & 2 ? 2 : 1);
+        DriverDevMode record = Record(bits & 1 ? 2 : 1, bits & 2 ? 2 : 1);
         record.dmPublic.dmColor = bits & 4 ? 1 : 2;
         record.dmPrivate.dwColorModeOn = bits & 8;
         record.dmPrivate.bFitToPaper = bits & 16 ? 1 : 0;
@@ -152,7 +115,7 @@ TEST_F(OwnerDraw, ShowsThePictureOfTheSettings)
                 Fill(expected, kItem, row.ground == kWhiteGround ? kWhite : GetSysColor(COLOR_BTNFACE));
             if (const UINT bitmap = row.bitmap(record))
                 Lay(expected, bitmap, kItem.left, kItem.top, row.key);
-            Draw(test::Request(drawn, ODT_BUTTON, row.control, kItem), record);
+            Draw(Request(drawn, ODT_BUTTON, row.control, kItem), record);
             ASSERT_TRUE(Same(drawn, expected)) << row.control << " with " << bits;
         }
     }
@@ -160,14 +123,14 @@ TEST_F(OwnerDraw, ShowsThePictureOfTheSettings)
 
 TEST_F(OwnerDraw, LeavesOtherControlsAlone)
 {
-    const DriverDevMode record = test::Record(1, 1);
+    const DriverDevMode record = Record(1, 1);
     constexpr std::pair<UINT, UINT> kOthers[] = {
         {ODT_BUTTON, 4024}, {ODT_BUTTON, 3056},  {ODT_LISTBOX, 3056}, {ODT_COMBOBOX, 6001},
         {ODT_STATIC, 3033}, {ODT_BUTTON, 13003}, {ODT_MENU, 3030},    {ODT_BUTTON, 0},
     };
     for (const auto& [type, control] : kOthers) {
         Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-        Draw(test::Request(drawn, type, control, kItem), record);
+        Draw(Request(drawn, type, control, kItem), record);
         EXPECT_TRUE(Same(drawn, expected)) << type << ' ' << control;
     }
 }
@@ -183,16 +146,16 @@ TEST_F(OwnerDraw, ShowsWhetherTheWebLinkIsPressedOrPointedAt)
             const RECT focus = {kItem.left + 4, kItem.top + 3, kItem.right - 3, kItem.bottom - 3};
             if (state & ODS_FOCUS)
                 DrawFocusRect(expected.Dc(), &focus);
-            DRAWITEMSTRUCT request = test::Request(drawn, ODT_BUTTON, 3016, kItem);
+            DRAWITEMSTRUCT request = Request(drawn, ODT_BUTTON, 3016, kItem);
             request.itemState = state;
-            Draw(request, test::Record(1, 1));
+            Draw(request, Record(1, 1));
             EXPECT_TRUE(Same(drawn, expected)) << state << ' ' << hover;
         }
 }
 
 TEST_F(OwnerDraw, PaintsTheBannerFromItsColumnWithLogoAndModel)
 {
-    const DriverDevMode record = test::Record(1, 1);
+    const DriverDevMode record = Record(1, 1);
     const RECT banner = {0, 0, kWidth, SizeOfBitmap(13013).cy};
     Canvas column(kWidth, kHeight), expected(kWidth, kHeight), plain(kWidth, kHeight), named(kWidth, kHeight);
     Lay(column, 13013, 0, 0, kMagenta);
@@ -200,10 +163,10 @@ TEST_F(OwnerDraw, PaintsTheBannerFromItsColumnWithLogoAndModel)
         std::fill_n(&expected.At(0, y), kWidth, column.At(0, y));
     Lay(expected, 13010, 0, 0, kMagenta);
     source_.bannerDiagnostics = true;
-    Draw(test::Request(plain, ODT_BUTTON, 3013, banner), record);
+    Draw(Request(plain, ODT_BUTTON, 3013, banner), record);
     EXPECT_TRUE(Same(plain, expected));
     source_.bannerDiagnostics = false;
-    Draw(test::Request(named, ODT_BUTTON, 3013, banner), record);
+    Draw(Request(named, ODT_BUTTON, 3013, banner), record);
     int left = kWidth, white = 0;
     for (int y = 0; y < banner.bottom; ++y)
         for (int x = 0; x < kWidth; ++x)
@@ -257,11 +220,11 @@ TEST_F(OwnerDraw, FramesPushButtonsByActionAndState)
                     Lay(expected, bitmap, kItem.left + in, kItem.top + in, kMagenta);
                 else
                     Fill(expected, kItem, GetSysColor(COLOR_BTNFACE));
-                DrawItemEdge(test::Request(expected, ODT_BUTTON, 0, kItem), ExpectedEdge(action, state));
-                DRAWITEMSTRUCT request = test::Request(drawn, ODT_BUTTON, control, kItem);
+                DrawItemEdge(Request(expected, ODT_BUTTON, 0, kItem), ExpectedEdge(action, state));
+                DRAWITEMSTRUCT request = Request(drawn, ODT_BUTTON, control, kItem);
                 request.itemAction = action;
                 request.itemState = state;
-                Draw(request, test::Record(1, 1));
+                Draw(request, Record(1, 1));
                 EXPECT_TRUE(Same(drawn, expected)) << control << ' ' << action << ' ' << state;
             }
 }
@@ -304,7 +267,7 @@ TEST_F(OwnerDraw, DrawsEdgesOfEightStyles)
         const int size = static_cast<int>(picture.size());
         Canvas canvas(size, size);
         canvas.Clear(kGround);
-        DrawItemEdge(test::Request(canvas, ODT_BUTTON, 0, {0, 0, size, size}), style);
+        DrawItemEdge(Request(canvas, ODT_BUTTON, 0, {0, 0, size, size}), style);
         EXPECT_EQ(EdgeLetters(canvas, size, size), picture) << static_cast<int>(style);
     }
 }
@@ -317,7 +280,7 @@ TEST_F(OwnerDraw, DrawsSeparatorsAsLines)
     const auto rows = [&](UINT control) {
         Canvas drawn(4, 4);
         drawn.Clear(kGround);
-        Draw(test::Request(drawn, ODT_BUTTON, control, {0, 0, 4, 4}), test::Record(1, 1));
+        Draw(Request(drawn, ODT_BUTTON, control, {0, 0, 4, 4}), Record(1, 1));
         return EdgeLetters(drawn, 4, 4);
     };
     for (const UINT control : kSeparators)
@@ -342,12 +305,12 @@ protected:
     void DrawItem(Canvas& canvas, UINT type, UINT control, ULONG_PTR data, UINT state = 0,
                   UINT action = ODA_DRAWENTIRE, HWND list = nullptr)
     {
-        DRAWITEMSTRUCT request = test::Request(canvas, type, control, kRow);
+        DRAWITEMSTRUCT request = Request(canvas, type, control, kRow);
         request.itemAction = action;
         request.itemState = state;
         request.itemData = data;
         request.hwndItem = list;
-        Draw(request, test::Record(1, 1));
+        Draw(request, Record(1, 1));
     }
     /// The columns, from the item's left edge, that hold pixels of a colour in the rows from..to of the item.
     std::vector<int> Columns(Canvas& canvas, COLORREF color, int from, int to)

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <tuple>
 
-#include "lang/ids/basic_tab.h"
 #include "psui/maindlg/basic_rules.h"
 #include "psui/maindlg/placement.h"
 #include "psui/maindlg/preview_clicks.h"
@@ -148,41 +147,20 @@ TEST(BasicPaper, BringsAllThatHangsOnIt)
 
 TEST(BasicPaper, IsFollowedByTheNoticeThatFits)
 {
-    const char* const notice = "dwPhotoNotice=1 wModelType=0x100";
-    const struct
-    {
-        const char* record;
-        short former, paper;
-        bool tray2Failed, photoDialog;
-        BasicMessage message;
-    } cases[] = {
-        {notice, 9, 278, false, true, BasicMessage::None},
-        // From photo size to photo size.
-        {notice, 272, 278, false, false, BasicMessage::BorderlessOn},
-        {notice, 9, 274, false, false, BasicMessage::BorderlessOn},
-        {notice, 274, 275, false, false, BasicMessage::None},
-        {notice, 9, 274, true, false, BasicMessage::None},
-        {"wModelType=0x100", 9, 278, false, false, BasicMessage::BorderlessOn},
+    const std::tuple<bool, short, short, bool, bool, BasicMessage> cases[] = {
+        {true, 9, 278, false, true, BasicMessage::None},
+        {true, 272, 278, false, false, BasicMessage::BorderlessOn}, // from photo size to photo size
+        {true, 9, 274, false, false, BasicMessage::BorderlessOn},
+        {true, 274, 275, false, false, BasicMessage::None},
+        {true, 9, 274, true, false, BasicMessage::None},
+        {false, 9, 278, false, false, BasicMessage::BorderlessOn},
     };
-    for (const auto& each : cases) {
-        const PaperNotice given =
-            NoticeAfterPaper(PlainA4(each.record), each.former, each.paper, each.tray2Failed);
-        EXPECT_EQ(given.photoDialog, each.photoDialog) << each.former << " to " << each.paper;
-        EXPECT_EQ(given.message, each.message) << each.former << " to " << each.paper;
+    for (const auto& [wanted, former, paper, tray2Failed, photoDialog, message] : cases) {
+        const DriverDevMode record = PlainA4({{"dwPhotoNotice", wanted}, {"wModelType", kModelNotice}});
+        const PaperNotice given = NoticeAfterPaper(record, former, paper, tray2Failed);
+        EXPECT_EQ(given.photoDialog, photoDialog) << former << " to " << paper;
+        EXPECT_EQ(given.message, message) << former << " to " << paper;
     }
-}
-
-TEST(BasicSource, GivesTray2UpWhereItCannotServe)
-{
-    const std::pair<const char*, BasicMessage> cases[] = {
-        {"dmPaperSize=11", BasicMessage::None},
-        {"dmDefaultSource=2", BasicMessage::None},
-        {"dmDefaultSource=2 dmPaperSize=11", BasicMessage::Tray2Excluded},
-        {"dmDefaultSource=2 dmPaperSize=11 wDuplexFlags=0x100", BasicMessage::Tray2PrintsSimply},
-        {"dmDefaultSource=2 dmPaperSize=11 bBorderless=1", BasicMessage::Tray2PrintsSimply},
-    };
-    for (const auto& [record, refusal] : cases)
-        EXPECT_EQ(SourceRefusal(PlainA4(record)), refusal) << record;
 }
 
 template <int position, bool byUser = false>
@@ -232,19 +210,14 @@ TEST(BasicDuplex, DerivesThePublicField)
             }
 }
 
-TEST(BasicDuplex, EndsBookletsAndFollowsTheOrientationWhereThePrinterHasIt)
+TEST(BasicDuplex, FollowsTheOrientationWhereThePrinterHasIt)
 {
-    const char* const landscape = "wDuplexFlags=0x104 dmOrientation=2 dmDuplex=1";
-    CheckChoices({{"wDuplexFlags=0x103 bBookletFlags=1 dwPagesPerSheet=2 dwSavedNup=4",
-                   [](DriverDevMode& record) { TakeDuplex(record, false); },
-                   "wDuplexFlags=3 bBookletFlags=0 dwPagesPerSheet=4 dmDuplex=1"},
-                  {landscape, UpdateDuplex, "dmDuplex=1"},
-                  {landscape,
-                   [](DriverDevMode& record) {
-                       record.dmPublic.dmFields = DM_DUPLEX;
-                       UpdateDuplex(record);
-                   },
-                   "dmDuplex=3"}});
+    DriverDevMode record = PlainA4("wDuplexFlags=0x104 dmOrientation=2 dmDuplex=1");
+    UpdateDuplex(record);
+    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_SIMPLEX);
+    record.dmPublic.dmFields = DM_DUPLEX;
+    UpdateDuplex(record);
+    EXPECT_EQ(record.dmPublic.dmDuplex, DMDUP_HORIZONTAL);
 }
 
 // A record that never had them in its fields lost both with its next merge.
@@ -258,44 +231,6 @@ TEST(BasicCopies, StayChosenThroughAMerge)
     TakeCollate(record, true);
     ASSERT_EQ(MergeDevMode(&context.record(), &record.dmPublic, context->pModel), 1);
     test::ExpectFields(context.record(), "dmCopies=7 dmCollate=1 dwCollate=1");
-}
-
-TEST(BasicEnables, FollowTheRecord)
-{
-    const std::tuple<int, bool, const char*> cases[] = {
-        {IDC_BORDERLESS, true, ""},
-        {IDC_BORDERLESS, false, "dmPaperSize=11"},
-        {IDC_BORDERLESS, false, "bQualityLevel=0"},
-        {IDC_BORDERLESS, false, "dmMediaType=264"},
-        {IDC_BORDERLESS, true, "bQualityLevel=5"},
-        {IDC_BORDERLESS, false, "bQualityLevel=5 wModelType=0x10"},
-        {IDC_BORDERLESS, false, "bBookletFlags=1"},
-        {IDC_LAYOUT, false, "bBookletFlags=1"},
-        {IDC_LAYOUT, false, "dmPaperSize=274"},
-        {IDC_PAGE_ORDER, false, "bBookletFlags=1 dwPagesPerSheet=2"},
-        {IDC_PAGE_ORDER, false, "dwPagesPerSheet=-4"},
-        {IDC_BORDER_LINE, true, "dwPagesPerSheet=9"},
-        {IDC_SLOW_DRYING, false, "dmMediaType=261"},
-        {IDC_DUPLEX, false, "dmMediaType=261"},
-        {IDC_DUPLEX, true, "dmMediaType=272"},
-        {IDC_DUPLEX, false, "dmPaperSize=8"},
-        {IDC_DUPLEX_SETTINGS, false, ""},
-        {IDC_DUPLEX_SETTINGS, true, "wDuplexFlags=0x100"},
-        {IDC_DUPLEX_SETTINGS, false, "wDuplexFlags=0x100 dmPaperSize=8"},
-        {IDC_COLLATE, false, ""},
-        {IDC_COLLATE, true, "dmCopies=3"},
-        {IDC_COLLATE, false, "dmCopies=3 dmDefaultSource=4"},
-        {IDC_REVERSE_ORDER, false, "dmDefaultSource=4"},
-        {IDC_NATURAL, false, "dmColor=1"},
-        {IDC_VIVID, false, "dwColorModeOn=0"},
-    };
-    for (const auto& [control, enabled, record] : cases) {
-        PrinterUiContext context = {};
-        context.bPermission = 1;
-        context.dmWork = PlainA4("dwColorModeOn=1");
-        test::SetAll(context.dmWork, record);
-        EXPECT_EQ(IsBasicEnabled(&context, control), enabled) << control << record;
-    }
 }
 
 TEST(PreviewClicks, HitThePageThatIsShown)

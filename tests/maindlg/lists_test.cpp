@@ -191,36 +191,6 @@ TEST_P(Lists, OfThicknessStandOnlyInTheirDialog)
     EXPECT_EQ(Entries(paperDialog, IDC_THICKNESS), EntriesOf({{1280, 0}, {1284, 4}}, 1));
 }
 
-TEST_P(Lists, OfQualitiesKeepOrTakeTheLevel)
-{
-    const TestDialog tab(IDD_BASIC);
-    const std::vector<Expected> plain = {{8086, 0}, {8085, 1}, {8084, 2}, {8083, 3}};
-    const struct
-    {
-        const char* name;
-        void (*build)(HWND tab, PrinterUiContext* context);
-        int media, level;
-        std::vector<Expected> entries;
-        int selected, newLevel, code;
-    } cases[] = {
-        {"kept", BuildQualityList, 1, 1, plain, 2, 1, -2},
-        {"not offered", BuildQualityList, 261, 1, {{8087, 0}, {8086, 1}}, -1, 1, 77},
-        {"media's own", BuildDefaultQualityList, 1, 5, plain, 1, 2, -3},
-        {"photo's own", BuildDefaultQualityList, 263, 0, {{8088, 0}, {8087, 1}, {8086, 2}}, 1, 4, -3},
-        {"no such media", BuildDefaultQualityList, 265, 1, {}, -1, 1, 77},
-        {"single", BuildSingleQualityList, 1, 1, {{8086, 0}}, 0, 3, -4},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        const DialogContext context(kListModel);
-        SetAll(context.record(), "dmColor=2 shQuality=77");
-        SetAll(context.record(), {{"dmMediaType", c.media}, {"bQualityLevel", c.level}});
-        c.build(tab, context);
-        EXPECT_EQ(Entries(tab, IDC_QUALITY), EntriesOf(c.entries, c.selected));
-        ExpectFields(context.record(), {{"bQualityLevel", c.newLevel}, {"shQuality", c.code}});
-    }
-}
-
 TEST_P(Lists, OfPageOrdersDependOnTheLayout)
 {
     const TestDialog tab(IDD_BASIC);

@@ -21,24 +21,6 @@ namespace {
 using namespace psui;
 using namespace test;
 
-RECT PlaceOf(HWND dialog, int control)
-{
-    RECT place = {};
-    GetWindowRect(GetDlgItem(dialog, control), &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
-SIZE SizeOf(const RECT& place)
-{
-    return {place.right - place.left, place.bottom - place.top};
-}
-
-bool IsShown(HWND dialog, int control)
-{
-    return (GetWindowLongPtrW(GetDlgItem(dialog, control), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
 void WorkOffMessages()
 {
     MSG message;

@@ -14,18 +14,6 @@ namespace {
 using namespace psui;
 using namespace test;
 
-bool IsShown(HWND window)
-{
-    return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-LONG WidthOf(HWND window)
-{
-    RECT box = {};
-    GetWindowRect(window, &box);
-    return box.right - box.left;
-}
-
 TEST(SidePanel, HidesAWebLinkThatIsOff)
 {
     const World world;
@@ -35,15 +23,15 @@ TEST(SidePanel, HidesAWebLinkThatIsOff)
         SCOPED_TRACE(testing::Message() << noWebLink << ' ' << flags);
         const DialogContext context;
         const TestDialog dialog(IDD_MAIN);
-        const LONG banner = WidthOf(dialog.Item(IDC_BANNER));
+        const LONG banner = SizeOf(PlaceOf(dialog, IDC_BANNER)).cx;
         Set(context.record(), "bNoWebLink", noWebLink);
         context->bWebFlags = static_cast<BYTE>(flags);
         RefreshSidePanel(dialog, context);
-        EXPECT_EQ(IsShown(dialog.Item(IDC_WEB_LINK)), shown);
+        EXPECT_EQ(IsShown(dialog, IDC_WEB_LINK), shown);
         EXPECT_EQ(IsWindowEnabled(dialog.Item(IDC_WEB_LINK)) != FALSE, shown);
         RECT client = {};
         GetClientRect(dialog, &client);
-        EXPECT_EQ(WidthOf(dialog.Item(IDC_BANNER)), shown ? banner : client.right);
+        EXPECT_EQ(SizeOf(PlaceOf(dialog, IDC_BANNER)).cx, shown ? banner : client.right);
     }
 }
 
@@ -55,35 +43,31 @@ TEST(PaperLines, ShowThePaperAndItsScaling)
     const DialogContext context(kModel);
     const TestDialog dialog(IDD_MAIN);
     BuildOptionTable(context, kPaperTable);
-    const std::u16string custom = LanguageText(1215), scaledTo = LanguageText(IDS_SCALED_TO);
-    const struct
-    {
-        size_t position;
-        int fit, output, scale;
-        const WCHAR* name;
-        std::u16string paper, size, from, to, figure;
-    } cases[] = {
-        {0, 0, 13, 80, u"", LanguageText(9130), LanguageText(9202), u"", u"", u""},
-        {0, 1, 13, 80, u"", LanguageText(9130), LanguageText(9202), LanguageText(9022), scaledTo,
-         LanguageText(9026)},
-        {0, 1, 256, 80, u"Mine", LanguageText(9130), LanguageText(9202), LanguageText(9022), scaledTo,
-         u"Mine"},
-        {1, 0, 13, 80, u"", custom, u" \n", u"", u"", u""},
-        {1, 2, 13, 80, u"Mine", u"Mine", u" \n", u"Mine", scaledTo, LanguageText(8133) + u" 80 %"},
-        {2, 1, 256, 80, u"", u"", u"", u"", scaledTo, custom},
-        {3, 1, 13, 80, u"", u"", u"", u"", scaledTo, custom},
+    const std::u16string a4 = LanguageText(9130), size = LanguageText(9202), from = LanguageText(9022),
+                         custom = LanguageText(1215), to = LanguageText(IDS_SCALED_TO);
+    constexpr int kLines[] = {IDC_LINE_PAPER, IDC_LINE_PAPER_SIZE, IDC_LINE_FIT_PAPER, IDC_LINE_SCALED_TO,
+                              IDC_LINE_FIGURE};
+    // The paper's place in its list, the record, the name of the user's size, and the lines.
+    const std::tuple<size_t, const char*, const WCHAR*, std::vector<std::u16string>> cases[] = {
+        {0, "bFitToPaper=0", u"", {a4, size, u"", u"", u""}},
+        {0, "bFitToPaper=1 wOutputPaper=13", u"", {a4, size, from, to, LanguageText(9026)}},
+        {0, "bFitToPaper=1 wOutputPaper=256", u"Mine", {a4, size, from, to, u"Mine"}},
+        {1, "bFitToPaper=0", u"", {custom, u" \n", u"", u"", u""}},
+        {1,
+         "bFitToPaper=2 dmScale=80",
+         u"Mine",
+         {u"Mine", u" \n", u"Mine", to, LanguageText(8133) + u" 80 %"}},
+        {2, "bFitToPaper=1 wOutputPaper=256", u"", {u"", u"", u"", to, custom}},
+        {3, "bFitToPaper=1 wOutputPaper=256", u"", {u"", u"", u"", to, custom}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.position << ' ' << c.fit);
-        auto& priv = context.record().dmPrivate;
-        lstrcpynW(priv.wszCustomName, c.name, 17);
-        SetAll(context.record(), {{"bFitToPaper", c.fit}, {"wOutputPaper", c.output}, {"dmScale", c.scale}});
-        ShowPaperOnMainDialog(dialog, context, c.position);
-        EXPECT_EQ(dialog.Text(IDC_LINE_PAPER), c.paper);
-        EXPECT_EQ(dialog.Text(IDC_LINE_PAPER_SIZE), c.size);
-        EXPECT_EQ(dialog.Text(IDC_LINE_FIT_PAPER), c.from);
-        EXPECT_EQ(dialog.Text(IDC_LINE_SCALED_TO), c.to);
-        EXPECT_EQ(dialog.Text(IDC_LINE_FIGURE), c.figure);
+    for (const auto& [position, fields, name, expected] : cases) {
+        lstrcpynW(context.record().dmPrivate.wszCustomName, name, 17);
+        SetAll(context.record(), fields);
+        ShowPaperOnMainDialog(dialog, context, position);
+        std::vector<std::u16string> shown;
+        for (const int line : kLines)
+            shown.push_back(dialog.Text(line));
+        EXPECT_EQ(shown, expected) << position << ' ' << fields;
     }
 }
 

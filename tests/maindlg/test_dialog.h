@@ -9,6 +9,25 @@
 
 namespace test {
 
+/// Where a control lies in the client area of its dialog.
+inline RECT PlaceOf(HWND dialog, int control)
+{
+    RECT place = {};
+    GetWindowRect(GetDlgItem(dialog, control), &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+inline SIZE SizeOf(const RECT& place)
+{
+    return {place.right - place.left, place.bottom - place.top};
+}
+
+inline bool IsShown(HWND dialog, int control)
+{
+    return (GetWindowLongPtrW(GetDlgItem(dialog, control), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 class TestDialog
 {
 public:
