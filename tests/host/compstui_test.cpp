@@ -1,6 +1,5 @@
 // The common property-sheet UI: what sheet functions and pages see. Pages act by posting to their sheet, as
 // the drivers' own do, so that the sheet's loop runs and ends by itself.
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -13,6 +12,8 @@
 #include <compstui.h>
 #include <prsht.h>
 
+#include "tests/host/dialog_words.h"
+
 namespace {
 
 using Text = std::basic_string<WCHAR>;
@@ -21,18 +22,7 @@ constexpr WORD kBeforeInitialise = 5;
 constexpr int kApplyButton = 0x3021;
 constexpr ULONG_PTR kPrinterIcon = 64062;
 
-/// A page's template without controls.
-struct EmptyPage
-{
-    DWORD style = WS_POPUP | WS_CAPTION;
-    DWORD extendedStyle = 0;
-    WORD itemCount = 0;
-    SHORT left = 0, top = 0, width = 200, height = 100;
-    WORD menu = 0, windowClass = 0;
-    WCHAR title[5] = TEXT("Page");
-};
-static_assert(offsetof(EmptyPage, menu) == sizeof(DLGTEMPLATE));
-const EmptyPage kEmptyPage;
+const DialogWords kEmptyPage(WS_POPUP | WS_CAPTION, 200, 100);
 
 /// A page under test: what it was told, and what it does when it is told it.
 struct Page
@@ -67,7 +57,7 @@ PROPSHEETPAGEW RecordOf(Page& page)
     PROPSHEETPAGEW record = {};
     record.dwSize = sizeof(record);
     record.dwFlags = PSP_DLGINDIRECT;
-    record.pResource = reinterpret_cast<decltype(record.pResource)>(&kEmptyPage);
+    record.pResource = kEmptyPage.Get();
     record.pfnDlgProc = PageProc;
     record.lParam = reinterpret_cast<LPARAM>(&page);
     return record;

@@ -6,13 +6,7 @@ namespace {
 class ButtonTest : public ControlTest
 {
 protected:
-    ButtonTest()
-    {
-        codes_ = {{BN_CLICKED, "click"},
-                  {BN_DOUBLECLICKED, "double"},
-                  {BN_SETFOCUS, "focus"},
-                  {BN_KILLFOCUS, "blur"}};
-    }
+    ButtonTest() { codes_ = {{BN_CLICKED, "click"}, {BN_SETFOCUS, "focus"}, {BN_KILLFOCUS, "blur"}}; }
 
     static HWND MakeButton(DWORD style) { return Make(TEXT("Button"), style, 100, 24, "text"); }
     static bool IsPushed(HWND button) { return (Send(button, BM_GETSTATE) & BST_PUSHED) != 0; }
@@ -58,26 +52,6 @@ TEST_F(ButtonTest, SpaceClicksWhenItIsLetGo)
     EXPECT_EQ(Told(), "click");
     Key(button, VK_RETURN);
     EXPECT_EQ(Told(), "") << "Enter is the dialog's";
-}
-
-TEST_F(ButtonTest, SecondOfTwoClicksIsTold)
-{
-    constexpr std::pair<DWORD, const char*> kCases[] = {
-        {BS_PUSHBUTTON, "click click"},
-        {BS_PUSHBUTTON | BS_NOTIFY, "focus click double"},
-        {BS_AUTOCHECKBOX, "click click"},
-        {BS_RADIOBUTTON, "click double"},
-        {BS_OWNERDRAW, "focusF selectSF selectF click double"},
-    };
-    for (const auto& [style, told] : kCases) {
-        const HWND button = MakeButton(style);
-        Told();
-        Click(button);
-        PressAgain(button);
-        Release(button);
-        EXPECT_EQ(Told(), told) << style;
-        DestroyWindow(button);
-    }
 }
 
 TEST_F(ButtonTest, ClicksGoThroughTheCheckStatesOfTheKind)

@@ -198,24 +198,6 @@ TEST_F(EditTest, UndoOfASingleLineGoesBackAndForth)
     EXPECT_EQ(SelectionOf(edit), Span(0, 0));
 }
 
-TEST_F(EditTest, LinesAreFoundByNumberAndByPosition)
-{
-    const HWND edit = MakeEdit("zero\r\n\r\ntwo\r\nthree", kMulti);
-    EXPECT_EQ(Send(edit, EM_GETLINECOUNT), 4);
-    constexpr std::pair<int, const char*> kLines[] = {{0, "zero"}, {6, ""}, {8, "two"}, {13, "three"}};
-    for (int i = 0; i < 4; ++i) {
-        const auto& [start, text] = kLines[i];
-        EXPECT_EQ(Send(edit, EM_LINEINDEX, static_cast<WPARAM>(i)), start);
-        EXPECT_EQ(Send(edit, EM_LINEFROMCHAR, static_cast<WPARAM>(start)), i);
-        EXPECT_EQ(LineOf(edit, i), text);
-        EXPECT_EQ(Send(edit, EM_CHARFROMPOS, 0, MAKELPARAM(PlaceOf(edit, start).x, PlaceOf(edit, start).y)),
-                  MAKELONG(start, i));
-    }
-    EXPECT_EQ(LineOf(edit, 9), "");
-    EXPECT_EQ(PlaceOf(edit, 8).x, PlaceOf(edit, 0).x);
-    EXPECT_GT(PlaceOf(edit, 8).y, PlaceOf(edit, 6).y);
-}
-
 TEST_F(EditTest, LongLinesWrapUnlessTheControlScrollsSideways)
 {
     const char* const text = "some words that do not fit into the width of one line of this narrow control";

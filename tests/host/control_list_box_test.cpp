@@ -3,7 +3,7 @@
 
 namespace {
 
-class ListBoxTest : public OwnerDrawTest
+class ListBoxTest : public ControlTest
 {
 protected:
     ListBoxTest()
@@ -33,64 +33,25 @@ protected:
     static constexpr int kEntryHeight = 12;
 };
 
-TEST_F(ListBoxTest, MessagesKeepEntriesDataAndSelectionTogether)
-{
-    const struct
-    {
-        UINT message;
-        int about;
-        const char* text;
-        int answer;
-    } kSteps[] = {
-        {LB_ADDSTRING, 0, "pear", 0},
-        {LB_ADDSTRING, 0, "apple", 1},
-        {LB_INSERTSTRING, 1, "plum", 1},
-        {LB_INSERTSTRING, -1, "fig", 3},
-        {LB_INSERTSTRING, 9, "nut", LB_ERR},
-        {LB_GETTEXTLEN, 2, nullptr, 5},
-        {LB_GETCURSEL, 0, nullptr, LB_ERR},
-        {LB_SETCURSEL, 2, nullptr, 2},
-        {LB_SETCURSEL, 99, nullptr, LB_ERR},
-        {LB_DELETESTRING, 0, nullptr, 3},
-        {LB_GETCURSEL, 0, nullptr, 1},
-        {LB_INSERTSTRING, 0, "ape", 0},
-        {LB_GETCURSEL, 0, nullptr, 2},
-        {LB_FINDSTRING, -1, "AP", 0},
-        {LB_FINDSTRING, 0, "ap", 2},
-        {LB_FINDSTRING, 2, "ap", 0},
-        {LB_FINDSTRINGEXACT, -1, "fi", LB_ERR},
-        {LB_FINDSTRINGEXACT, -1, "FIG", 3},
-        {LB_DELETESTRING, 2, nullptr, 3},
-        {LB_GETCURSEL, 0, nullptr, LB_ERR},
-        {LB_SETCURSEL, 1, nullptr, 1},
-        {LB_SETCURSEL, -1, nullptr, LB_ERR},
-        {LB_GETCURSEL, 0, nullptr, LB_ERR},
-        {LB_GETTEXTLEN, 3, nullptr, LB_ERR},
-        {LB_GETITEMDATA, -1, nullptr, LB_ERR},
-        {LB_SETITEMDATA, 3, nullptr, LB_ERR},
-        {LB_DELETESTRING, 0x7FFFFFFF, nullptr, LB_ERR},
-        {LB_RESETCONTENT, 0, nullptr, LB_OKAY},
-        {LB_GETCOUNT, 0, nullptr, 0},
-    };
-    const HWND list = MakeList();
-    for (const auto& step : kSteps) {
-        const auto about = static_cast<WPARAM>(step.about);
-        EXPECT_EQ(step.text ? Send(list, step.message, about, step.text) : Send(list, step.message, about),
-                  step.answer)
-            << "row " << &step - kSteps;
-    }
-    EXPECT_EQ(Told(), "") << "what the program does it is not told";
-}
-
-TEST_F(ListBoxTest, DataGoesWithItsEntry)
+TEST_F(ListBoxTest, EntriesKeepTextDataAndSelection)
 {
     const HWND list = MakeList({"one", "two"});
-    Send(list, LB_SETITEMDATA, 1, 42);
-    Send(list, LB_DELETESTRING, 0);
-    EXPECT_EQ(Send(list, LB_GETITEMDATA, 0), 42);
+    EXPECT_EQ(Send(list, LB_ADDSTRING, 0, "three"), 2);
+    EXPECT_NE(Send(list, LB_SETITEMDATA, 1, 42), LB_ERR);
+    EXPECT_EQ(Send(list, LB_GETITEMDATA, 1), 42);
     WCHAR text[8];
-    EXPECT_EQ(Send(list, LB_GETTEXT, 0, text), 3);
+    EXPECT_EQ(Send(list, LB_GETTEXTLEN, 1), 3);
+    EXPECT_EQ(Send(list, LB_GETTEXT, 1, text), 3);
     EXPECT_EQ(Narrowed(text), "two");
+    EXPECT_EQ(Send(list, LB_GETCURSEL), LB_ERR);
+    for (const auto& [index, answer] : {std::pair{2, 2}, {3, LB_ERR}, {0, 0}, {-1, LB_ERR}})
+        EXPECT_EQ(Send(list, LB_SETCURSEL, static_cast<WPARAM>(index)), answer);
+    EXPECT_EQ(Send(list, LB_GETCURSEL), LB_ERR);
+    for (const int index : {-1, 3, 0x7FFFFFFF}) {
+        for (const UINT message : {LB_GETTEXTLEN, LB_GETITEMDATA, LB_SETITEMDATA, LB_DELETESTRING})
+            EXPECT_EQ(Send(list, message, static_cast<WPARAM>(index)), LB_ERR) << message << " of " << index;
+    }
+    EXPECT_EQ(Told(), "") << "what the program does it is not told";
 }
 
 TEST_F(ListBoxTest, KeysMoveTheSelectionAndTellIt)

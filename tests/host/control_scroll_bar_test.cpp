@@ -49,23 +49,6 @@ protected:
 constexpr std::pair<int, const char*> kPresses[] = {
     {3, "lineup end"}, {kLength - 3, "linedown end"}, {25, "pageup end"}, {kLength - 25, "pagedown end"}};
 
-TEST_F(ScrollBarTest, KeepsRangePageAndPositionWithinTheirBounds)
-{
-    const HWND bar = MakeBar(SBS_HORZ);
-    SCROLLINFO info = {sizeof(info), SIF_ALL, -20, 20, 5, 100, 0};
-    EXPECT_EQ(SetScrollInfo(bar, SB_CTL, &info, FALSE), 16);
-    SCROLLINFO found = {sizeof(found), SIF_ALL, 0, 0, 0, 0, 0};
-    EXPECT_TRUE(GetScrollInfo(bar, SB_CTL, &found));
-    EXPECT_EQ(found.nMin, -20);
-    EXPECT_EQ(found.nMax, 20);
-    EXPECT_EQ(found.nPage, 5u);
-    EXPECT_EQ(found.nPos, 16);
-    info.fMask = SIF_POS;
-    info.nPos = -7;
-    EXPECT_EQ(SetScrollInfo(bar, SB_CTL, &info, TRUE), -7);
-    EXPECT_EQ(Told(), "");
-}
-
 TEST_F(ScrollBarTest, PressTellsTheCodeOfThePartAndReleaseEndsIt)
 {
     for (const DWORD style : {SBS_HORZ, SBS_VERT}) {

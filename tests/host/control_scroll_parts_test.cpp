@@ -36,25 +36,6 @@ TEST(ScrollParts, PageAndPositionAreBroughtIntoTheirBounds)
     EXPECT_TRUE(ChangeScrollRange(range, {0, SIF_POS, 0, 0, 0, 4, 0}));
 }
 
-TEST(ScrollParts, EveryPlaceIsOnePartInOrder)
-{
-    const ScrollLayout layout = LayOutScrollBar({0, 99, 20, 40}, 134, 17);
-    EXPECT_EQ(layout.thumbLength, 20);
-    EXPECT_EQ(layout.thumb, 17 + 40);
-    constexpr struct
-    {
-        int place;
-        ScrollPart part;
-    } kCases[] = {
-        {-1, ScrollPart::none},      {0, ScrollPart::lineUp},     {16, ScrollPart::lineUp},
-        {17, ScrollPart::pageUp},    {56, ScrollPart::pageUp},    {57, ScrollPart::thumb},
-        {76, ScrollPart::thumb},     {77, ScrollPart::pageDown},  {116, ScrollPart::pageDown},
-        {117, ScrollPart::lineDown}, {133, ScrollPart::lineDown}, {134, ScrollPart::none},
-    };
-    for (const auto& each : kCases)
-        EXPECT_EQ(ScrollPartAt(layout, each.place), each.part) << each.place;
-}
-
 TEST(ScrollParts, ThumbReachesBothEndsAndEveryPositionInBetween)
 {
     for (const UINT page : {0u, 1u, 11u}) {

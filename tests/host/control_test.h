@@ -1,5 +1,6 @@
 #pragma once
 // A window to put controls on, which writes down what they tell it. For tests that run on both systems.
+#include <climits>
 #include <functional>
 #include <string>
 #include <type_traits>
@@ -33,6 +34,7 @@ protected:
         WNDCLASSW description = {};
         description.lpfnWndProc = Procedure;
         description.hInstance = GetModuleHandleW(nullptr);
+        description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
         description.lpszClassName = kClass;
         RegisterClassW(&description);
         parent_ = CreateWindowExW(0, kClass, TEXT("test"), WS_POPUP | WS_VISIBLE, 50, 50, 600, 500, nullptr,
@@ -200,10 +202,25 @@ protected:
         case WM_DRAWITEM:
             NoteDrawing(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
             return TRUE;
+        case WM_MEASUREITEM: {
+            auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+            Note("measure" + std::to_string(static_cast<int>(item.itemID)));
+            item.itemHeight = item.itemID == UINT_MAX ? kFieldHeight : kFirstHeight + item.itemID;
+            return TRUE;
+        }
+        case WM_DELETEITEM: {
+            const auto& item = *reinterpret_cast<const DELETEITEMSTRUCT*>(lParam);
+            Note("delete" + std::to_string(item.itemID) + "=" + std::to_string(item.itemData));
+            return TRUE;
+        }
         }
         return DefWindowProcW(window, message, wParam, lParam);
     }
 
+    // What owner drawing is answered for a combo box's field, and for its first entry: every other is a pixel
+    // higher.
+    static constexpr UINT kFieldHeight = 23;
+    static constexpr UINT kFirstHeight = 20;
     static constexpr LPCWSTR kClass = TEXT("ControlTest");
     static inline HWND parent_ = nullptr;
     std::vector<CodeName> codes_;
@@ -247,30 +264,4 @@ private:
     }
 
     std::string log_;
-};
-
-/// Answers the questions of owner drawing, too: an entry is 20 pixels high and its index more, the field of a
-/// combo box 23.
-class OwnerDrawTest : public ControlTest
-{
-protected:
-    LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override
-    {
-        switch (message) {
-        case WM_MEASUREITEM: {
-            auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
-            const int index = static_cast<int>(item.itemID);
-            EXPECT_EQ(item.CtlID, UINT{kId});
-            Note("measure" + std::to_string(index));
-            item.itemHeight = index == -1 ? 23u : 20u + item.itemID;
-            return TRUE;
-        }
-        case WM_DELETEITEM: {
-            const auto& item = *reinterpret_cast<const DELETEITEMSTRUCT*>(lParam);
-            Note("delete" + std::to_string(item.itemID) + "=" + std::to_string(item.itemData));
-            return TRUE;
-        }
-        }
-        return ControlTest::OnMessage(window, message, wParam, lParam);
-    }
 };

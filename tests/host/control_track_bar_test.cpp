@@ -38,16 +38,6 @@ TEST_F(TrackBarTest, PositionStaysInTheRange)
     EXPECT_EQ(Told(), "") << "a program that moves the thumb is not told";
 }
 
-TEST_F(TrackBarTest, PageIsAFifthOfTheRangeUntilItIsSet)
-{
-    const HWND bar = Make(TRACKBAR_CLASSW, 0, 200, 30);
-    EXPECT_EQ(Send(bar, TBM_GETPAGESIZE), 20);
-    Send(bar, TBM_SETRANGE, TRUE, MAKELPARAM(-20, 20));
-    EXPECT_EQ(Send(bar, TBM_SETPAGESIZE, 0, 10), 8);
-    Send(bar, TBM_SETRANGE, TRUE, MAKELPARAM(0, 1000));
-    EXPECT_EQ(Send(bar, TBM_GETPAGESIZE), 10);
-}
-
 TEST_F(TrackBarTest, TicksAreTheEndsAndTheSteps)
 {
     for (const auto& [style, ticks] : {std::pair{TBS_AUTOTICKS, 41}, {0, 2}, {TBS_NOTICKS, 0}})
