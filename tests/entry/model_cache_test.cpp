@@ -33,18 +33,24 @@ TEST_F(ModelCache, SharesOneModelAndKeepsItWithoutHolders)
     EXPECT_EQ(AcquireModel(printer_.handle(), true), first);
 }
 
-TEST_F(ModelCache, LoadsAPrivateModelWhileTheCachedOneIsHeld)
+TEST_F(ModelCache, LoadsPrivateModelsWhileTheCachedOneIsHeld)
 {
     const auto* cached = AcquireModel(printer_.handle(), true);
     const host::Ledger before = host::OpenObjects();
     const auto* fresh = AcquireModel(printer_.handle(), false);
-    ASSERT_NE(fresh, nullptr);
+    const auto* other = AcquireModel(other_.handle(), true);
+    ASSERT_TRUE(fresh && other);
     EXPECT_NE(fresh, cached);
     EXPECT_EQ(pCachedModel, cached);
     EXPECT_EQ(cCachedModelRefs, 1u);
     ReleaseModel(fresh);
+    ReleaseModel(other);
     EXPECT_EQ(host::OpenObjects(), before);
     ReleaseModel(cached);
+    const auto* next = AcquireModel(other_.handle(), true);
+    EXPECT_EQ(pCachedModel, next);
+    EXPECT_EQ(cCachedModelRefs, 1u);
+    ReleaseModel(next);
 }
 
 TEST_F(ModelCache, ReplacesAnUnheldModelByAFreshLoad)
@@ -58,19 +64,6 @@ TEST_F(ModelCache, ReplacesAnUnheldModelByAFreshLoad)
     EXPECT_EQ(fresh->printRatePpm, 99u);
     EXPECT_EQ(pCachedModel, fresh);
     ReleaseModel(fresh);
-}
-
-TEST_F(ModelCache, HoldsOneDriverAtATime)
-{
-    const auto* cached = AcquireModel(printer_.handle(), true);
-    const auto* uncached = AcquireModel(other_.handle(), true);
-    EXPECT_EQ(pCachedModel, cached);
-    ReleaseModel(uncached);
-    ReleaseModel(cached);
-    const auto* next = AcquireModel(other_.handle(), true);
-    EXPECT_EQ(pCachedModel, next);
-    EXPECT_EQ(cCachedModelRefs, 1u);
-    ReleaseModel(next);
 }
 
 TEST_F(ModelCache, StaysAsItWasWhenNothingCanBeLoaded)

@@ -1,5 +1,7 @@
 #include "psui/maindlg/papers.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "psui/base/label.h"
@@ -14,51 +16,43 @@ using namespace test;
 TEST(PaperTexts, AreThoseOfThePaperAndTheCountry)
 {
     const World world;
-    struct Case
-    {
-        const char* name;
-        int paper;
-        UINT list, display, sizeLetter, sizeA4, fullLetter, fullA4, shortLetter, shortA4;
+    // In the list and beside the preview; then size, full and short text in Letter and in A4 countries.
+    const std::tuple<const char*, int, std::vector<UINT>> cases[] = {
+        {"A4", 9, {9130, 9130, 9181, 9244, 9001, 9202, 9223, 9022}},
+        {"Letter_BL", 275, {9152, 9131, 9182, 9245, 9002, 9203, 9224, 9023}},
+        {"HAGAKI", 43, {9141, 9141, 9192, 9255, 9012, 9213, 9234, 9033}},
+        {"JE4", 91, {9147, 9147, 9198, 9261, 9018, 9219, 9240, 9039}},
+        {"User", 256, {9162, 1215, 1215, 1215, 1215, 1215, 1215, 1215}},
+        {"A3", 8, {9169, 9148, 9199, 9262, 9019, 9220, 9241, 9040}},
+        {"B4JIS_BL_SG", 291, {9179, 9149, 9200, 9263, 9020, 9221, 9242, 9041}},
+        {"Ledger_SG", 289, {9174, 9150, 9201, 9264, 9021, 9222, 9243, 9042}},
+        {"", 0, std::vector<UINT>(8)},
+        {"a4", 2, std::vector<UINT>(8)},
+        {"A4 ", 294, std::vector<UINT>(8)},
     };
-    const Case cases[] = {
-        {"A4", 9, 9130, 9130, 9181, 9202, 9244, 9223, 9001, 9022},
-        {"Letter_BL", 275, 9152, 9131, 9182, 9203, 9245, 9224, 9002, 9023},
-        {"HAGAKI", 43, 9141, 9141, 9192, 9213, 9255, 9234, 9012, 9033},
-        {"JE4", 91, 9147, 9147, 9198, 9219, 9261, 9240, 9018, 9039},
-        {"User", 256, 9162, 1215, 1215, 1215, 1215, 1215, 1215, 1215},
-        {"A3", 8, 9169, 9148, 9199, 9220, 9262, 9241, 9019, 9040},
-        {"B4JIS_BL_SG", 291, 9179, 9149, 9200, 9221, 9263, 9242, 9020, 9041},
-        {"Ledger_SG", 289, 9174, 9150, 9201, 9222, 9264, 9243, 9021, 9042},
-        {"", 0, 0, 0, 0, 0, 0, 0, 0, 0},
-        {"a4", 2, 0, 0, 0, 0, 0, 0, 0, 0},
-        {"A4 ", 294, 0, 0, 0, 0, 0, 0, 0, 0},
-    };
-    for (const char* country : {"1", "49"}) {
-        SetCountry(std::u16string(country, country + std::strlen(country)));
-        const bool a4 = std::string_view(country) == "49";
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.name);
-            const PaperWord* word = FindPaperWord(std::string_view(c.name));
-            EXPECT_EQ(word ? word->paper : 0, c.list ? c.paper : 0);
-            EXPECT_EQ(PaperListText(c.paper), c.list);
-            EXPECT_EQ(PaperDisplayText(c.paper, PaperTextKind::Name), c.display);
-            EXPECT_EQ(PaperDisplayText(c.paper, PaperTextKind::Size), a4 ? c.sizeA4 : c.sizeLetter);
-            EXPECT_EQ(PaperDisplayText(c.paper, PaperTextKind::Full), a4 ? c.fullA4 : c.fullLetter);
-            EXPECT_EQ(PaperShortName(c.paper), a4 ? c.shortA4 : c.shortLetter);
+    for (const auto& [name, paper, expected] : cases) {
+        const PaperWord* word = FindPaperWord(std::string_view(name));
+        EXPECT_EQ(word ? word->paper : 0, expected[0] ? paper : 0) << name;
+        std::vector<UINT> texts = {PaperListText(paper), PaperDisplayText(paper, PaperTextKind::Name)};
+        for (const char16_t* country : {u"1", u"49"}) {
+            SetCountry(country);
+            for (const PaperTextKind kind : {PaperTextKind::Size, PaperTextKind::Full})
+                texts.push_back(PaperDisplayText(paper, kind));
+            texts.push_back(PaperShortName(paper));
         }
+        EXPECT_EQ(texts, expected) << name;
     }
 }
 
 TEST(MediaTexts, MatchOptionNamesExactly)
 {
-    const std::pair<const char*, UINT> cases[] = {{"Plain_Paper", 1240},
-                                                  {"Glossy_Paper", 1242},
-                                                  {"Transparency(Mirror)", 1245},
-                                                  {"Envelope", 1284},
-                                                  {"envelope", 0},
-                                                  {"Glossy", 0},
-                                                  {"", 0}};
-    for (const auto& [name, text] : cases)
+    for (const auto& [name, text] : {std::pair<const char*, UINT>{"Plain_Paper", 1240},
+                                     {"Glossy_Paper", 1242},
+                                     {"Transparency(Mirror)", 1245},
+                                     {"Envelope", 1284},
+                                     {"envelope", 0},
+                                     {"Glossy", 0},
+                                     {"", 0}})
         EXPECT_EQ(MediaOptionText(name), text) << name;
 }
 
