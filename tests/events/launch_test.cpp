@@ -29,7 +29,7 @@ TEST(LaunchStatusMonitor, TellsTheMonitorToShowItselfWhenItIsWanted)
         std::vector<std::u16string> expected;
         if (c.argument)
             expected.push_back(
-                test::DriverFolder() + u"\\3\\LODESTAT.EXE" + c.argument +
+                test::kDriverFolder + u"\\3\\LODESTAT.EXE" + c.argument +
                 (c.withFile ? u" \"" + MonitorWorld::DataFolder() + u"\\lodestat.ini\"" : u""));
         EXPECT_EQ(test::Launches(), expected) << c.running << c.wanted;
         EXPECT_EQ(result > 31, c.argument != nullptr);
@@ -57,7 +57,7 @@ TEST(LaunchStatusMonitor, LeavesThePathOutWhenItIsNotKnownAndPassesAFailureOn)
     MonitorWorld world;
     host::SetApplicationDataKnown(false);
     psui::LaunchStatusMonitor(&world.record.dmPrivate);
-    EXPECT_EQ(test::Launches(), std::vector<std::u16string>{test::DriverFolder() + u"\\3\\LODESTAT.EXE 1"});
+    EXPECT_EQ(test::Launches(), std::vector<std::u16string>{test::kDriverFolder + u"\\3\\LODESTAT.EXE 1"});
     host::FailLaunches(2);
     EXPECT_EQ(psui::LaunchStatusMonitor(&world.record.dmPrivate), 2u);
 }

@@ -69,41 +69,20 @@ private:
 };
 
 constexpr char16_t kMonitorKey[] = u"Software\\Velmora\\PrtDrv";
-constexpr char16_t kDataFolder[] = u"\\Velmora\\PrtDrv";
-constexpr char16_t kLibraryFolder[] = u"C:\\driver\\";
-
-inline std::u16string SystemFolder()
-{
-    WCHAR path[MAX_PATH];
-    return {path, GetSystemDirectoryW(path, MAX_PATH)};
-}
-
-inline std::u16string WindowsFolder()
-{
-    WCHAR path[MAX_PATH];
-    return {path, GetWindowsDirectoryW(path, MAX_PATH)};
-}
-
-inline std::u16string DriverFolder()
-{
-    WCHAR path[MAX_PATH];
-    DWORD needed = 0;
-    EXPECT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<LPBYTE>(path), sizeof(path),
-                                           &needed));
-    return path;
-}
+const std::u16string kWindowsFolder = u"C:\\windows";
+const std::u16string kSystemFolder = kWindowsFolder + u"\\system32";
+const std::u16string kDriverFolder = kSystemFolder + u"\\spool\\drivers\\x64";
 
 class MonitorWorld
 {
 public:
-    explicit MonitorWorld(const std::u16string& monitorVersion = u"3.10", const std::string& language = "eng")
-        : world_(language), printer_(u"P1", kEmptyModel)
+    explicit MonitorWorld(const std::u16string& monitorVersion = u"3.10") : printer_(u"P1", kEmptyModel)
     {
         namespace fs = std::filesystem;
         const std::string folder = host::RootFolder() + "/drive_c/driver";
         fs::create_directory(folder);
         fs::copy_file(std::string(PSUI_PRODUCT_DIR) + "/eng/VMLANG.DLL", folder + "/psui.dll");
-        WriteNative(host::NativePath(DriverFolder() + u"\\3\\LODESTAT.EXE"), "the program that is started");
+        WriteNative(host::NativePath(kDriverFolder + u"\\3\\LODESTAT.EXE"), "the program that is started");
         psui::hOwnModule = LoadLibraryW(TEXT("C:\\driver\\psui.dll"));
         EXPECT_NE(psui::hOwnModule, nullptr);
         if (!monitorVersion.empty())
@@ -111,7 +90,8 @@ public:
         fs::create_directories(host::NativePath(DataFolder()));
         psui::BuildDefaultDevMode(&record, u"P1", Model(kEmptyModel), true);
         record.dmPrivate.bStatusMonitor = 1;
-        FetchInfo();
+        DWORD needed = 0;
+        EXPECT_TRUE(GetPrinterW(handle(), 2, info_, sizeof(info_), &needed));
         host::ClearRecorded();
     }
     ~MonitorWorld()
@@ -134,19 +114,9 @@ public:
     Profile Shared() const { return Profile(DataFolder() + u"\\lodestat.ini"); }
 
     /// The model's own settings file, beside the data file.
-    static Profile OfModel() { return Profile(DriverFolder() + u"\\3\\P1.INI"); }
+    static Profile OfModel() { return Profile(kDriverFolder + u"\\3\\P1.INI"); }
 
-    void SetProcessor(std::u16string processor)
-    {
-        PRINTER_DEFAULTSW all = {};
-        all.DesiredAccess = PRINTER_ALL_ACCESS;
-        HANDLE administered = nullptr;
-        ASSERT_TRUE(OpenPrinterW(printer_.name(), &administered, &all));
-        Info()->pPrintProcessor = processor.data();
-        EXPECT_TRUE(SetPrinterW(administered, 2, info_, 0));
-        ClosePrinter(administered);
-        FetchInfo();
-    }
+    void SetProcessor(const WCHAR* processor) { Info()->pPrintProcessor = const_cast<WCHAR*>(processor); }
 
     /// What the spooler said of the printer, level 2.
     PRINTER_INFO_2W* Info() { return reinterpret_cast<PRINTER_INFO_2W*>(info_); }
@@ -160,12 +130,6 @@ public:
     psui::DriverDevMode record;
 
 private:
-    void FetchInfo()
-    {
-        DWORD needed = 0;
-        EXPECT_TRUE(GetPrinterW(handle(), 2, info_, sizeof(info_), &needed));
-    }
-
     World world_;
     Printer printer_;
     alignas(8) BYTE info_[8192];

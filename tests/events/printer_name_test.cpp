@@ -18,7 +18,7 @@ TEST(PrinterName, MayHaveAnyCharactersInAUtf16File)
 {
     const test::World world;
     test::WriteNative(host::NativePath(u"C:\\wide.ini"), "\xFF\xFE");
-    test::WriteNative(host::NativePath(test::WindowsFolder() + u"\\wide.ini"), "\xFF\xFE");
+    test::WriteNative(host::NativePath(test::kWindowsFolder + u"\\wide.ini"), "\xFF\xFE");
     test::WriteNative(host::NativePath(u"C:\\narrow.ini"), "[x]");
     const WCHAR* name = u"\u5370\u5237 P1";
     EXPECT_TRUE(psui::FileHoldsName(u"C:\\wide.ini", name));
@@ -31,11 +31,8 @@ TEST(PrinterName, MayHaveAnyCharactersInAUtf16File)
 
 void SyncAs(MonitorWorld& world, std::u16string name)
 {
-    std::u16string processor = u"raw";
-    PRINTER_INFO_2W info = {};
-    info.pPrinterName = name.data();
-    info.pPrintProcessor = processor.data();
-    psui::SyncStatusMonitorIni(world.handle(), &world.record, &info);
+    world.Info()->pPrinterName = name.data();
+    world.Sync();
 }
 
 TEST(PrinterName, IsASectionWhenItReadsBack)

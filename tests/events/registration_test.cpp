@@ -156,7 +156,7 @@ TEST(RegisterStatusMonitorPath, FallsBackToTheWindowsDirectory)
     for (const char* stored : {"", "C:\\elsewhere"}) {
         SetValue(u"Path", REG_BINARY, stored);
         psui::RegisterStatusMonitorPath();
-        EXPECT_EQ(Value(u"Path", REG_BINARY), PathValue(test::WindowsFolder()));
+        EXPECT_EQ(Value(u"Path", REG_BINARY), PathValue(test::kWindowsFolder));
         EXPECT_FALSE(FolderExists());
     }
 }

@@ -118,7 +118,7 @@ TEST(SyncStatusMonitorIni, UsesTheWindowsDirectoryForAnOldMonitor)
 {
     MonitorWorld world(u"3.0");
     const test::Profile old(u"lodestat.ini");
-    const test::Profile oldWhole(test::WindowsFolder() + u"\\lodestat.ini");
+    const test::Profile oldWhole(test::kWindowsFolder + u"\\lodestat.ini");
     old.Write(u"LODESTAT", u"Printer=Other");
     world.Shared().Write(u"LODESTAT", u"Printer=Other");
     world.Sync();
@@ -178,7 +178,7 @@ TEST(SyncStatusMonitorIni, NeverWorksInTheSystemDirectory)
     host::SetUserName(u"SYSTEM");
     psui::PathText path;
     ASSERT_TRUE(psui::StatusMonitorIniPath(path, false));
-    ASSERT_TRUE(std::u16string(path).starts_with(test::SystemFolder()));
+    ASSERT_TRUE(std::u16string(path).starts_with(test::kSystemFolder));
     std::filesystem::create_directories(std::filesystem::path(host::NativePath(path)).parent_path());
     const test::Profile file{path};
     file.Write(u"LODESTAT", u"Printer=Other");
@@ -241,7 +241,7 @@ TEST(StatusMonitorItems, ComeFromThePrinterElseFromItsModel)
         SCOPED_TRACE(c.what);
         MonitorWorld world;
         world.Shared().Write(u"P1", c.printer);
-        test::Profile(test::SystemFolder() + u"\\P1.INI").Write(u"JPN", c.model);
+        test::Profile(test::kSystemFolder + u"\\P1.INI").Write(u"JPN", c.model);
         EXPECT_EQ(psui::ReadStatusMonitorItems(world.handle(), &world.record), c.mask);
         EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
         EXPECT_TRUE(test::Launches().empty());
@@ -270,7 +270,7 @@ TEST(StatusMonitorItems, AreWrittenWhenTheyChange)
         SCOPED_TRACE(c.what);
         MonitorWorld world;
         world.Shared().Write(u"P1", c.before);
-        test::Profile(test::SystemFolder() + u"\\P1.INI").Write(u"JPN", c.model);
+        test::Profile(test::kSystemFolder + u"\\P1.INI").Write(u"JPN", c.model);
         psui::WriteStatusMonitorItems(world.handle(), &world.record, c.mask);
         EXPECT_EQ(world.Shared().Read(u"P1"), c.after);
         EXPECT_EQ(test::Launches().size(), c.after == c.before ? 0u : 1u);

@@ -242,7 +242,7 @@ TEST(PageSizes, AreLimitedToTheirDimensions)
             for (const uint32_t value :
                  {uint32_t{area.left}, uint32_t{area.bottom}, uint32_t{area.right}, uint32_t{area.top},
                   uint32_t{area.further[0]}, uint32_t{area.further[1]}})
-                points += std::to_string(value / 256) + " ";
+                points += std::to_string(value / 256) + (value % 256 ? "+ " : " ");
             EXPECT_EQ(points, expected) << keyword << ' ' << text;
         }
 }
