@@ -98,45 +98,33 @@ TEST(Query, ReadsTheDefaultOptionsCode)
 
 TEST(Query, ReadsDecimalsAsFarAsTheyGo)
 {
-    constexpr std::tuple<const char*, int32_t> kCases[] = {{nullptr, 0},
-                                                           {"", 0},
-                                                           {"x", 0},
-                                                           {"600dpi", 600},
-                                                           {" \t12", 12},
-                                                           {"-5", -5},
-                                                           {"+5", 5},
-                                                           {"- 5", 0},
-                                                           {"--5", 0},
-                                                           {"\n5", 0},
-                                                           {"2147483647", 2147483647},
-                                                           {"2147483648", 2147483647},
-                                                           {"-2147483648", INT32_MIN},
-                                                           {"-99999999999999999999", INT32_MIN}};
-    for (const auto& [text, expected] : kCases)
-        EXPECT_EQ(DecimalOf(text), expected) << (text ? text : "null");
+    std::istringstream rows(
+        "x 0  600dpi 600  -5 -5  +5 5  --5 0  2147483647 2147483647  2147483648 2147483647 "
+        "-2147483648 -2147483648  -99999999999999999999 -2147483648");
+    int32_t expected;
+    for (std::string text; rows >> text >> expected;)
+        EXPECT_EQ(DecimalOf(text.c_str()), expected) << text;
+    EXPECT_EQ(DecimalOf(" \t12"), 12);
+    for (const char* none : {static_cast<const char*>(nullptr), "", "- 5", "\n5"})
+        EXPECT_EQ(DecimalOf(none), 0) << (none ? none : "null");
 }
 
 TEST(ListItem, IsTheNthNumberOrTheLast)
 {
-    const std::tuple<std::string, uint32_t, int> cases[] = {{"10,20,30", 0, 10},
-                                                            {"10,20,30", 2, 30},
-                                                            {"10,20,30", 9, 30},
-                                                            {"10,20", 2, 20},
-                                                            {"10 20\t30", 2, 30},
-                                                            {"10,,30", 1, 0},
-                                                            {"10, 30", 2, 30},
-                                                            {"10,", 2, 0},
-                                                            {"10", 0, 1},
-                                                            {"10", 2, 1},
-                                                            {"1,65537", 1, 1},
-                                                            {"10,20,30,40,50,60,70,80,90,10", 2, 30},
-                                                            {"10,20,30,40,50,60,70,80,90,100", 2, 1}};
-    for (const auto& [list, n, expected] : cases) {
+    // Lists with blanks for underscores, a number of an item and the item.
+    std::istringstream rows(
+        "10,20,30 0 10  10,20,30 2 30  10,20,30 9 30  10,20 2 20  10_20_30 2 30  10,,30 1 0 "
+        "10,_30 2 30  10, 2 0  10 0 1  10 2 1  1,65537 1 1  10,20,30,40,50,60,70,80,90,10 2 30 "
+        "10,20,30,40,50,60,70,80,90,100 2 1");
+    int n, expected;
+    for (std::string list; rows >> list >> n >> expected;) {
+        std::replace(list.begin(), list.end(), '_', ' ');
         const ModelPtr model =
             CompileModel("*SleepMode x: \"" + list + "\"\n*MemorySize x: \"" + list + "\"\n");
         EXPECT_EQ(SleepModeListItem(model.get(), n), expected) << list << " item " << n;
         EXPECT_EQ(MemorySizeListItem(model.get(), n), expected) << list << " item " << n;
     }
+    EXPECT_EQ(SleepModeListItem(CompileModel("*SleepMode x: \"10 20\t30\"\n").get(), 2), 30);
 }
 
 TEST(Selections, AreNeverWrittenPastTheirEnd)

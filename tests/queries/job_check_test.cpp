@@ -60,17 +60,12 @@ struct JobCheckTest : testing::Test
         psui::hOwnModule = nullptr;
     }
 
-    /// A job of the printer's defaults: A4, 600 dots per inch.
-    void Reset()
+    /// A job of the printer's defaults (A4, 600 dots per inch) but for these fields.
+    void Reset(const FieldValues& fields = {})
     {
         psui::BuildDefaultDevMode(&job, nullptr, model, true);
         std::fill_n(message, kErrorUnits, u'#');
         query = {sizeof(query), 1, printer.handle(), &job.dmPublic, message, kErrorUnits, 12345};
-    }
-
-    void Change(const FieldValues& fields)
-    {
-        Reset();
         SetAll(job, fields);
     }
 
@@ -128,7 +123,7 @@ TEST_F(JobCheckTest, NamesTheReasonOfARefusal)
     };
     for (const auto& [name, fields, reason] : cases) {
         SCOPED_TRACE(name);
-        Change(fields);
+        Reset(fields);
         ExpectRefused(OwnText(reason));
     }
     Reset();
@@ -143,7 +138,7 @@ TEST_F(JobCheckTest, AsksTheInstalledOptionsAboutConflicts)
     const DWORD size = sizeof(*data);
     ASSERT_TRUE(psui::WritePrinterDataBlock(administered.get(), data.get(), size,
                                             psui::PrinterDataPair::PrinterWide));
-    Change({{"dmFields", DM_PAPERSIZE | DM_DUPLEX}, {"dmDuplex", 3}});
+    Reset({{"dmFields", DM_PAPERSIZE | DM_DUPLEX}, {"dmDuplex", 3}});
     ExpectPrints();
 }
 
@@ -153,7 +148,7 @@ TEST_F(JobCheckTest, RefusesAResolutionThatTheModelLacks)
                                "*Resolution 600dpi: \"r\"\n*Resolution -2fine: \"r\"\n");
     for (const short quality : {-1, -3, 300}) {
         SCOPED_TRACE(quality);
-        Change({{"dmFields", DM_PAPERSIZE | DM_PRINTQUALITY}, {"dmPrintQuality", quality}});
+        Reset({{"dmFields", DM_PAPERSIZE | DM_PRINTQUALITY}, {"dmPrintQuality", quality}});
         query.hPrinter = other.handle();
         ExpectRefused(OwnText(IDS_JOB_RESOLUTION));
     }
@@ -182,9 +177,9 @@ TEST_F(JobCheckTest, LooksForThePaperInTheTray)
         SCOPED_TRACE(c.name);
         if (!c.table.empty())
             AssignTrays(c.table);
-        Change({{"dmFields", DM_PAPERSIZE | DM_DEFAULTSOURCE},
-                {"dmPaperSize", c.paper},
-                {"dmDefaultSource", c.source}});
+        Reset({{"dmFields", DM_PAPERSIZE | DM_DEFAULTSOURCE},
+               {"dmPaperSize", c.paper},
+               {"dmDefaultSource", c.source}});
         if (c.missingIn.empty())
             ExpectPrints();
         else
@@ -199,7 +194,7 @@ TEST_F(JobCheckTest, FeedsByHandOnlyPapersAmongThePageSizes)
     AssignTrays({u"\0", 1});
     for (int source : {DMBIN_MANUAL, 6}) {
         SCOPED_TRACE(source);
-        Change(
+        Reset(
             {{"dmFields", DM_PAPERSIZE | DM_DEFAULTSOURCE}, {"dmPaperSize", 1}, {"dmDefaultSource", source}});
         query.hPrinter = other.handle();
         ExpectPrints();
@@ -210,7 +205,7 @@ TEST_F(JobCheckTest, FeedsByHandOnlyPapersAmongThePageSizes)
 
 TEST_F(JobCheckTest, CutsTheMessageToTheBuffer)
 {
-    Change("dmPaperSize=256");
+    Reset("dmPaperSize=256");
     const std::u16string whole = OwnText(IDS_JOB_USER_PAPER);
     query.cchErrorStr = 5;
     EXPECT_FALSE(psui::CheckJob(&query));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <sstream>
 #include <tuple>
 
 #include <dlfcn.h>
@@ -140,10 +141,9 @@ TEST_F(PrinterDataTest, IsBuiltFromTheModelWhenNothingIsStored)
 
 TEST_F(PrinterDataTest, TakesFreeMemoryInKilobytesWithinBounds)
 {
-    const std::pair<DWORD, DWORD> cases[] = {{0, 102400},           {100, 102400},
-                                             {101, 103424},         {4194303, 4294966272},
-                                             {4194304, 4294967295}, {0xFFFFFFFF, 4294967295}};
-    for (const auto& [stored, bytes] : cases) {
+    std::istringstream rows("0 102400  100 102400  101 103424  4194303 4294966272  4194304 4294967295 "
+                            "4294967295 4294967295");
+    for (DWORD stored, bytes; rows >> stored >> bytes;) {
         Store(handle, u"FreeMem", stored);
         EXPECT_EQ(Read()->dwFreeMem, bytes) << stored;
     }
@@ -207,9 +207,8 @@ TEST_F(PrinterDataTest, IsBuiltWhenWhatIsStoredIsNotSound)
     const auto usual = Read();
     std::string stored(216, '\x5A');
     const std::tuple<DWORD, size_t, DWORD> cases[] = {
-        {108, 107, REG_BINARY}, {108, 109, REG_BINARY}, {107, 107, REG_BINARY},
-        {0, 108, REG_BINARY},   {109, 109, REG_BINARY}, {0xFFFFFFFF, 108, REG_BINARY},
-        {1, 1, REG_BINARY},     {216, 216, REG_BINARY}, {108, 108, REG_SZ}};
+        {108, 107, REG_BINARY}, {108, 109, REG_BINARY}, {109, 109, REG_BINARY}, {0xFFFFFFFF, 108, REG_BINARY},
+        {0, 108, REG_BINARY},   {1, 1, REG_BINARY},     {216, 216, REG_BINARY}, {108, 108, REG_SZ}};
     for (const auto& [stated, size, type] : cases) {
         StoreData(stated, size, stored.data(), type);
         EXPECT_EQ(std::memcmp(Read().get(), usual.get(), 108), 0) << stated << ' ' << size;
