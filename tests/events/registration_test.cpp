@@ -94,20 +94,6 @@ TEST(StatusMonitorIsNew, IsFalseForValuesThatAreNoVersion)
     }
 }
 
-TEST(StatusMonitorIniPath, LiesInTheUsersApplicationData)
-{
-    const test::World world;
-    psui::PathText path;
-    const std::u16string expected = MonitorWorld::DataFolder() + u"\\lodestat.ini";
-    EXPECT_TRUE(psui::StatusMonitorIniPath(path, false));
-    EXPECT_EQ(std::u16string(path), expected);
-    EXPECT_TRUE(psui::StatusMonitorIniPath(path, true));
-    EXPECT_EQ(std::u16string(path), u"\"" + expected + u"\"");
-    host::SetApplicationDataKnown(false);
-    EXPECT_FALSE(psui::StatusMonitorIniPath(path, false));
-    EXPECT_EQ(std::u16string(path), u"");
-}
-
 TEST(StatusMonitorIniPath, IsNeverCut)
 {
     const test::World world;

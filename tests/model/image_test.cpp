@@ -1,6 +1,6 @@
 #include "psui/model/image.h"
 
-#include <array>
+#include <sstream>
 #include <tuple>
 
 #include "host/host.h"
@@ -25,11 +25,6 @@ void Put(Bytes& bytes, size_t offset, T value)
 {
     ASSERT_LE(offset + sizeof(value), bytes.size());
     std::memcpy(bytes.data() + offset, &value, sizeof(value));
-}
-
-void PutText(Bytes& bytes, size_t offset, std::string_view text)
-{
-    std::memcpy(bytes.data() + offset, text.data(), text.size());
 }
 
 // Resolves a copy of exactly that size; when it is sound, asks everything of it.
@@ -65,37 +60,20 @@ TEST(Image, IsTheWorkedExampleByteForByte)
     ASSERT_TRUE(image);
     ASSERT_EQ(image->imageSize, 732u);
 
+    // Offsets and what stands there, little-endian; everything else is zero.
+    std::istringstream fields(
+        "0 732  8 576  24 3  26 37248  36 102400  40 1  68 240  204 11520  208 15360  240 256 "
+        "272 1  280 608  560 600  568 604  602 12  606 8  616 672  624 28273  648 40  652 7 "
+        "656 1  664 684  692 724  700 48  716 728");
     Bytes expected(732);
-    Put<uint32_t>(expected, 0, 732);
-    Put<uint64_t>(expected, 8, 576);
-    Put<uint16_t>(expected, 24, 3);
-    Put<uint16_t>(expected, 26, 0x9180);
-    Put<uint32_t>(expected, 36, 102400);
-    Put<uint32_t>(expected, 40, 1);
-    Put<uint32_t>(expected, 68, 240);
-    Put<uint32_t>(expected, 204, 11520);
-    Put<uint32_t>(expected, 208, 15360);
-    Put<uint32_t>(expected, 240, 256);
-    Put<uint16_t>(expected, 272, 1);
-    Put<uint64_t>(expected, 280, 608);
-    Put<uint64_t>(expected, 560, 600);
-    Put<uint64_t>(expected, 568, 604);
+    size_t offset;
+    for (uint64_t value; fields >> offset >> value;)
+        for (; value > 0; value >>= 8)
+            expected[offset++] = static_cast<uint8_t>(value);
     for (size_t i = 0; i < 10; ++i)
-        Put<uint16_t>(expected, 576 + 2 * i, static_cast<uint16_t>("C:\\x\\y.ppd"[i]));
-    Put<uint16_t>(expected, 602, 12);
-    Put<uint16_t>(expected, 606, 8);
-    Put<uint64_t>(expected, 608 + 8, 672);
-    Put<uint32_t>(expected, 608 + 16, 0x6E71);
-    Put<uint32_t>(expected, 608 + 40, 40);
-    Put<uint16_t>(expected, 608 + 44, 7);
-    Put<uint16_t>(expected, 608 + 48, 1);
-    Put<uint64_t>(expected, 608 + 56, 684);
-    PutText(expected, 672, "MediaType");
-    Put<uint64_t>(expected, 684 + 8, 724);
-    Put<uint32_t>(expected, 684 + 16, 0x30);
-    Put<uint64_t>(expected, 684 + 32, 728);
-    PutText(expected, 724, "0");
-    PutText(expected, 728, "0");
+        expected[576 + 2 * i] = static_cast<uint8_t>("C:\\x\\y.ppd"[i]);
+    for (const auto& [place, name] : {std::pair{672, "MediaType"}, {724, "0"}, {728, "0"}})
+        std::copy_n(name, std::strlen(name), expected.begin() + place);
 
     const Bytes bytes = BytesOf(image);
     for (size_t i = 0; i < expected.size(); ++i)
@@ -187,12 +165,14 @@ TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
         {"arrays in the wrong order", 568, at(560), false},
         {"array over the end", 568, whole.size() - 2, false},
         {"default of any number", cm + 32, ~uint64_t{0}, true}};
-    ASSERT_TRUE(IsSound(whole));
-    for (const auto& [why, offset, value, sound] : patches) {
+    const auto isSoundWith = [&whole](uint64_t offset, auto value) {
         Bytes bytes = whole;
         Put(bytes, offset, value);
-        EXPECT_EQ(IsSound(bytes), sound) << why;
-    }
+        return IsSound(bytes);
+    };
+    ASSERT_TRUE(IsSound(whole));
+    for (const auto& [why, offset, value, sound] : patches)
+        EXPECT_EQ(isSoundWith(offset, value), sound) << why;
     const std::tuple<const char*, uint64_t, uint16_t> patches16[] = {
         {"another format version", 24, 2},
         {"size word too large", 0, static_cast<uint16_t>(whole.size() + 4)},
@@ -210,11 +190,8 @@ TEST(Image, IsRefusedWhenARecordIsNotWhereTheFormatPutsIt)
         {"more entries than the block holds", at(568), 60000},
         {"last byte", whole.size() - 2, 0x100},
     };
-    for (const auto& [why, offset, value] : patches16) {
-        Bytes bytes = whole;
-        Put(bytes, offset, value);
-        EXPECT_FALSE(IsSound(bytes)) << why;
-    }
+    for (const auto& [why, offset, value] : patches16)
+        EXPECT_FALSE(isSoundWith(offset, value)) << why;
 }
 
 TEST(Image, IsRefusedWhenItsPathDoesNotEnd)

@@ -360,26 +360,6 @@ TEST_F(PrinterDataTest, RegistersTheModelsPageSizesOnce)
     EXPECT_EQ(Forms(handle), expected);
 }
 
-TEST_F(PrinterDataTest, RegistersNamesFromOutsideAsTheyStand)
-{
-    const std::pair<std::string, std::u16string> cases[] = {
-        {"\x01\t\r\n\x1F\x7F", u"\x01\t\r\n\x1F\x7F"},
-        {"[A4]=\"%s\"; ..\\A4:/*?", u"[A4]=\"%s\"; ..\\A4:/*?"},
-        {"\xE9\x80", u"\u00E9\u20AC"},
-        {std::string(31, 'w') + "y", std::u16string(31, 'w')},
-        {std::string(32000, 'x'), std::u16string(31, 'x')}};
-    auto expected = Forms(handle);
-    auto& page = const_cast<psui::ModelOption&>(
-        *psui::FirstOption(psui::BuiltinFeature(model, psui::kFeaturePageSize)));
-    for (const auto& [translation, name] : cases) {
-        page.translation.value = reinterpret_cast<uintptr_t>(translation.c_str());
-        Store(handle, u"Forms?", 0);
-        psui::RegisterModelForms(handle, model);
-        expected[name] = kA4Form;
-        EXPECT_EQ(Forms(handle), expected) << translation;
-    }
-}
-
 TEST_F(PrinterDataTest, RemembersRegistrationOnlyForModelsWithPageSizes)
 {
     const auto before = Forms(handle);

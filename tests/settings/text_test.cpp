@@ -2,7 +2,6 @@
 
 #include <tuple>
 
-#include "psui/base/paths.h"
 #include "psui/settings/language.h"
 #include "tests/settings/support.h"
 
@@ -53,13 +52,6 @@ TEST(Text, CopiesAndFillsWithZeros)
     EXPECT_EQ(copy[32], u'#');
     psui::CopyWide(copy, u"y", 32);
     EXPECT_EQ(std::count(copy, copy + 32, u'\0'), 31);
-}
-
-TEST(Text, FindsTheFileName)
-{
-    EXPECT_EQ(std::u16string(psui::FileNamePart(u"C:\\a\\b.ppd")), u"b.ppd");
-    EXPECT_EQ(std::u16string(psui::FileNamePart(u"b.ppd")), u"b.ppd");
-    EXPECT_EQ(std::u16string(psui::FileNamePart(u"C:\\a\\")), u"");
 }
 
 TEST(LanguageCode, IsTheModulesOwnOrEnglish)
