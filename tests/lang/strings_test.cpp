@@ -27,33 +27,19 @@ const StringId kIds[] = {
 #include "string_ids.inc"
 };
 
-struct Limit
-{
-    const char* prefix;
-    size_t units; ///< longest text, without the terminator
-};
-
-/// Room in the records that take the texts. The first prefix that fits counts.
-constexpr Limit kLimits[] = {
-    {"IDS_PAPER_", 63},
-    {"IDS_BIN_", 23},
-    {"IDS_MEDIA_", 31},
-    {"IDS_DATE_FONT", 31},
-    {"IDS_LABEL_", 63},
-    {"IDS_VALUE_", 63},
-    {"IDS_TAB_", 49},
-    {"IDS_SUMMARY_PAGE", 49},
-    {"IDS_HEADING_", 123},
-    {"IDS_FAVOURITE_RESET_", 49},
-    {"IDS_SPOOLER_LANGUAGE", 15},
-    {"IDS_", 255},
-};
+/// Room in the records that take the texts, without the terminator. The first prefix that fits counts.
+constexpr char kLimits[] = "IDS_PAPER_ 63  IDS_BIN_ 23  IDS_MEDIA_ 31  IDS_DATE_FONT 31  IDS_LABEL_ 63 "
+                           "IDS_VALUE_ 63  IDS_TAB_ 49  IDS_SUMMARY_PAGE 49  IDS_HEADING_ 123 "
+                           "IDS_FAVOURITE_RESET_ 49  IDS_SPOOLER_LANGUAGE 15  IDS_ 255";
 
 size_t LimitOf(const std::string& name)
 {
-    const auto limit = std::find_if(std::begin(kLimits), std::end(kLimits),
-                                    [&](const Limit& row) { return name.starts_with(row.prefix); });
-    return limit->units;
+    std::istringstream rows(kLimits);
+    std::string prefix;
+    size_t units = 0;
+    while (rows >> prefix >> units && !name.starts_with(prefix))
+        continue;
+    return units;
 }
 
 constexpr unsigned kHighestId = 65535;

@@ -110,17 +110,12 @@ TEST_F(Loading, ReplacesAnImageThatIsNotSound)
         EXPECT_EQ(Load(), "compiled 1") << size;
         EXPECT_EQ(Read("m.BDD"), good) << size;
     }
-    struct Damage
-    {
-        size_t offset;
-        char value;
-    };
-    for (const Damage& damage : {Damage{24, 2}, Damage{280, 3}, Damage{241, 2}, Damage{620, 3}}) {
+    for (const auto& [offset, value] : {std::pair{24, 2}, {280, 3}, {241, 2}, {620, 3}}) {
         std::string bad = good;
-        bad[damage.offset] = damage.value;
+        bad[static_cast<size_t>(offset)] = static_cast<char>(value);
         Write("m.BDD", bad);
-        EXPECT_EQ(Load(), "compiled 1") << damage.offset;
-        EXPECT_EQ(Read("m.BDD"), good) << damage.offset;
+        EXPECT_EQ(Load(), "compiled 1") << offset;
+        EXPECT_EQ(Read("m.BDD"), good) << offset;
     }
     Write("m.BDD", good + "more");
     EXPECT_EQ(Load(), "compiled 1");

@@ -1,6 +1,6 @@
 #include "psui/settings/record.h"
 
-#include <tuple>
+#include <sstream>
 
 #include "tests/settings/support.h"
 
@@ -80,28 +80,30 @@ using SyncSelectionsFromPublic = DefaultRecord;
 
 TEST_F(SyncSelectionsFromPublic, FindsTheOptionThatAPublicFieldAsksFor)
 {
-    const std::tuple<psui::FeatureIndex, DWORD, FieldValue, int> cases[] = {
-        {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 1}, 0},
-        {psui::kFeatureCollate, DM_COLLATE, {"dmCollate", 9}, 1},
-        {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 3}, 1},
-        {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 2}, 2},
-        {psui::kFeatureDuplex, DM_DUPLEX, {"dmDuplex", 77}, 0},
+    const struct
+    {
+        const char* field;
+        psui::FeatureIndex feature;
+        DWORD mask;
+        const char* cases; ///< values and selections
+    } fields[] = {
+        {"dmCollate", psui::kFeatureCollate, DM_COLLATE, "1 0  0 1  9 1"},
+        {"dmDuplex", psui::kFeatureDuplex, DM_DUPLEX, "3 1  2 2  1 0  77 0"},
         // "Draft" is no number and does not count.
-        {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", 300}, 0},
-        {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", 1200}, 2},
-        {psui::kFeatureResolution, DM_PRINTQUALITY, {"dmPrintQuality", -3}, 255},
-        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 258}, 2},
-        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 256}, 0},
-        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", 7}, 255},
-        {psui::kFeatureInputSlot, DM_DEFAULTSOURCE, {"dmDefaultSource", -1}, 255}};
-    for (const auto& [feature, mask, field, expected] : cases) {
-        Set(record_, field.name, field.value);
+        {"dmPrintQuality", psui::kFeatureResolution, DM_PRINTQUALITY, "300 0  1200 2  -3 255"},
+        {"dmDefaultSource", psui::kFeatureInputSlot, DM_DEFAULTSOURCE, "258 2  256 0  7 255  -1 255"}};
+    for (const auto& [field, feature, mask, cases] : fields) {
+        std::istringstream rows(cases);
         uint8_t& selection = record_.dmPrivate.abFeatureSel[model_->featureByIndex[feature]->ordinal];
-        selection = 99;
-        psui::SyncSelectionsFromPublic(&record_, ~mask, model_);
-        EXPECT_EQ(selection, 99) << field.name << " is not in the mask";
-        psui::SyncSelectionsFromPublic(&record_, mask, model_);
-        EXPECT_EQ(selection, expected) << field.name << " " << field.value;
+        int expected;
+        for (int value; rows >> value >> expected;) {
+            Set(record_, field, value);
+            selection = 99;
+            psui::SyncSelectionsFromPublic(&record_, ~mask, model_);
+            EXPECT_EQ(selection, 99) << field << " is not in the mask";
+            psui::SyncSelectionsFromPublic(&record_, mask, model_);
+            EXPECT_EQ(selection, expected) << field << " " << value;
+        }
     }
 }
 
