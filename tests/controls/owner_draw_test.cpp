@@ -1,4 +1,7 @@
 // What each owner-drawn control shows, pixel by pixel against the bitmaps themselves.
+#include <functional>
+#include <tuple>
+
 #include "psui/controls/edges.h"
 #include "psui/controls/owner_draw.h"
 #include "psui/controls/pictures.h"
@@ -23,6 +26,8 @@ void Fill(Canvas& canvas, const RECT& rect, COLORREF color)
     DeleteObject(brush);
 }
 
+using Paint = std::function<void(Canvas&)>;
+
 class OwnerDraw : public testing::Test
 {
 protected:
@@ -31,6 +36,24 @@ protected:
         const host::Ledger before = host::OpenObjects();
         DrawOwnerItem(nullptr, request, source_, record);
         EXPECT_EQ(host::OpenObjects(), before) << request.CtlID;
+    }
+
+    /// The request changes a picture as `paint` does.
+    void ExpectDrawn(DRAWITEMSTRUCT request, const Paint& paint, const DriverDevMode& record = Record(1, 1))
+    {
+        Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
+        for (Canvas* const canvas : {&drawn, &expected})
+            canvas->Clear(kGround);
+        paint(expected);
+        request.hDC = drawn.Dc();
+        Draw(request, record);
+        EXPECT_TRUE(Same(drawn, expected)) << "control " << request.CtlID << ", action " << request.itemAction
+                                           << ", state " << request.itemState;
+    }
+
+    static DRAWITEMSTRUCT Item(UINT type, UINT control, const RECT& rect = kItem)
+    {
+        return Request(Canvas(1, 1), type, control, rect);
     }
 
     PictureWorld world_;
@@ -44,26 +67,34 @@ protected:
     };
 };
 
-enum Ground
+void LayItem(Canvas& canvas, UINT bitmap, COLORREF key = kMagenta)
 {
-    kStays,
-    kWhiteGround,
-    kFaceGround
-};
+    Lay(canvas, bitmap, kItem.left, kItem.top, key);
+}
 
+TEST_F(OwnerDraw, ShowsThePicturesOfButtons)
+{
+    constexpr std::pair<UINT, UINT> kPictures[] = {
+        {3070, 13003}, {3071, 13003}, {3079, 13003}, {3098, 13003},  {3102, 13003},
+        {4202, 13003}, {6007, 13003}, {3134, 13355}, {3135, 13356},  {4132, 13022},
+        {4235, 13040}, {8307, 22321}, {8308, 22322}, {10800, 20303},
+    };
+    for (const auto& [control, bitmap] : kPictures)
+        ExpectDrawn(Item(ODT_BUTTON, control),
+                    [bitmap = bitmap](Canvas& canvas) { LayItem(canvas, bitmap); });
+    for (const auto& [control, bitmap] : {std::pair{4083u, 13350u}, {4084u, 13351u}})
+        ExpectDrawn(Item(ODT_BUTTON, control),
+                    [bitmap = bitmap](Canvas& canvas) { LayItem(canvas, bitmap, kOlive); });
+}
+
+/// A control whose picture follows the record.
 struct PictureRow
 {
     UINT control;
     UINT (*bitmap)(const DriverDevMode&); // 0: none
-    COLORREF key = kMagenta;
-    Ground ground = kStays;
+    COLORREF key;
+    int ground; // a system colour, -1 for what is below
 };
-
-template <UINT bitmap>
-UINT Always(const DriverDevMode&)
-{
-    return bitmap;
-}
 
 template <UINT bitmap>
 UINT InColorMode(const DriverDevMode& record)
@@ -73,30 +104,14 @@ UINT InColorMode(const DriverDevMode& record)
 
 constexpr PictureRow kPictures[] = {
     {3020, [](const DriverDevMode& r) { return r.dmPrivate.bFitToPaper ? 13015u : 0u; }, kMagenta,
-     kWhiteGround},
+     COLOR_WINDOW},
     {3029, [](const DriverDevMode& r) { return r.dmPublic.dmColor == 2 ? 13350u : 13351u; }, kOlive,
-     kWhiteGround},
-    {4083, Always<13350>, kOlive},
-    {4084, Always<13351>, kOlive},
-    {3033, LayoutPreviewBitmap, kMagenta, kWhiteGround},
-    {3034, CollatePreviewBitmap, kMagenta, kFaceGround},
-    {3170, DuplexPreviewBitmap, kMagenta, kFaceGround},
-    {3070, Always<13003>},
-    {3071, Always<13003>},
-    {3079, Always<13003>},
-    {3098, Always<13003>},
-    {3102, Always<13003>},
-    {4202, Always<13003>},
-    {6007, Always<13003>},
-    {3077, InColorMode<13030>},
-    {3078, InColorMode<13031>},
-    {3134, Always<13355>},
-    {3135, Always<13356>},
-    {4132, Always<13022>},
-    {4235, Always<13040>},
-    {8307, Always<22321>},
-    {8308, Always<22322>},
-    {10800, Always<20303>},
+     COLOR_WINDOW},
+    {3033, LayoutPreviewBitmap, kMagenta, COLOR_WINDOW},
+    {3034, CollatePreviewBitmap, kMagenta, COLOR_BTNFACE},
+    {3170, DuplexPreviewBitmap, kMagenta, COLOR_BTNFACE},
+    {3077, InColorMode<13030>, kMagenta, -1},
+    {3078, InColorMode<13031>, kMagenta, -1},
 };
 
 TEST_F(OwnerDraw, ShowsThePictureOfTheSettings)
@@ -107,32 +122,28 @@ TEST_F(OwnerDraw, ShowsThePictureOfTheSettings)
         record.dmPrivate.dwColorModeOn = bits & 8;
         record.dmPrivate.bFitToPaper = bits & 16 ? 1 : 0;
         record.dmPrivate.wDuplexFlags = bits & 16 ? 0x100 : 0;
-        for (const PictureRow& row : kPictures) {
-            Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-            drawn.Clear(kGround);
-            expected.Clear(kGround);
-            if (row.ground != kStays)
-                Fill(expected, kItem, row.ground == kWhiteGround ? kWhite : GetSysColor(COLOR_BTNFACE));
-            if (const UINT bitmap = row.bitmap(record))
-                Lay(expected, bitmap, kItem.left, kItem.top, row.key);
-            Draw(Request(drawn, ODT_BUTTON, row.control, kItem), record);
-            ASSERT_TRUE(Same(drawn, expected)) << row.control << " with " << bits;
-        }
+        SCOPED_TRACE(bits);
+        for (const PictureRow& row : kPictures)
+            ExpectDrawn(
+                Item(ODT_BUTTON, row.control),
+                [&](Canvas& canvas) {
+                    if (row.ground >= 0)
+                        Fill(canvas, kItem, GetSysColor(row.ground));
+                    if (const UINT bitmap = row.bitmap(record))
+                        LayItem(canvas, bitmap, row.key);
+                },
+                record);
     }
 }
 
 TEST_F(OwnerDraw, LeavesOtherControlsAlone)
 {
-    const DriverDevMode record = Record(1, 1);
     constexpr std::pair<UINT, UINT> kOthers[] = {
         {ODT_BUTTON, 4024}, {ODT_BUTTON, 3056},  {ODT_LISTBOX, 3056}, {ODT_COMBOBOX, 6001},
         {ODT_STATIC, 3033}, {ODT_BUTTON, 13003}, {ODT_MENU, 3030},    {ODT_BUTTON, 0},
     };
-    for (const auto& [type, control] : kOthers) {
-        Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-        Draw(Request(drawn, type, control, kItem), record);
-        EXPECT_TRUE(Same(drawn, expected)) << type << ' ' << control;
-    }
+    for (const auto& [type, control] : kOthers)
+        ExpectDrawn(Item(type, control), [](Canvas&) {});
 }
 
 TEST_F(OwnerDraw, ShowsWhetherTheWebLinkIsPressedOrPointedAt)
@@ -140,16 +151,15 @@ TEST_F(OwnerDraw, ShowsWhetherTheWebLinkIsPressedOrPointedAt)
     for (const UINT state : {0, ODS_SELECTED, ODS_FOCUS, ODS_SELECTED | ODS_FOCUS})
         for (const bool hover : {false, true}) {
             source_.linkHover = hover;
-            Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-            const bool pressed = state == (ODS_SELECTED | ODS_FOCUS);
-            Lay(expected, pressed ? 13012 : hover ? 13014 : 13011, kItem.left, kItem.top, kMagenta);
-            const RECT focus = {kItem.left + 4, kItem.top + 3, kItem.right - 3, kItem.bottom - 3};
-            if (state & ODS_FOCUS)
-                DrawFocusRect(expected.Dc(), &focus);
-            DRAWITEMSTRUCT request = Request(drawn, ODT_BUTTON, 3016, kItem);
+            DRAWITEMSTRUCT request = Item(ODT_BUTTON, 3016);
             request.itemState = state;
-            Draw(request, Record(1, 1));
-            EXPECT_TRUE(Same(drawn, expected)) << state << ' ' << hover;
+            ExpectDrawn(request, [&](Canvas& canvas) {
+                const bool pressed = state == (ODS_SELECTED | ODS_FOCUS);
+                LayItem(canvas, pressed ? 13012 : hover ? 13014 : 13011);
+                const RECT focus = {kItem.left + 4, kItem.top + 3, kItem.right - 3, kItem.bottom - 3};
+                if (state & ODS_FOCUS)
+                    DrawFocusRect(canvas.Dc(), &focus);
+            });
         }
 }
 
@@ -210,22 +220,21 @@ EdgeStyle ExpectedEdge(UINT action, UINT state)
 
 TEST_F(OwnerDraw, FramesPushButtonsByActionAndState)
 {
-    constexpr std::pair<UINT, UINT> kButtons[] = {{4236, 13047}, {4252, 13048}, {4305, 0}};
-    for (const auto& [control, bitmap] : kButtons)
+    constexpr std::pair<UINT, UINT> buttons[] = {{4236, 13047}, {4252, 13048}, {4305, 0}};
+    for (const auto& button : buttons)
         for (const UINT action : {ODA_DRAWENTIRE, ODA_SELECT, ODA_FOCUS, ODA_DRAWENTIRE | ODA_SELECT})
             for (const UINT state : {0, ODS_SELECTED, ODS_FOCUS, ODS_SELECTED | ODS_FOCUS}) {
-                Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-                const int in = state == (ODS_SELECTED | ODS_FOCUS) ? 6 : 4;
-                if (bitmap)
-                    Lay(expected, bitmap, kItem.left + in, kItem.top + in, kMagenta);
-                else
-                    Fill(expected, kItem, GetSysColor(COLOR_BTNFACE));
-                DrawItemEdge(Request(expected, ODT_BUTTON, 0, kItem), ExpectedEdge(action, state));
-                DRAWITEMSTRUCT request = Request(drawn, ODT_BUTTON, control, kItem);
+                DRAWITEMSTRUCT request = Item(ODT_BUTTON, button.first);
                 request.itemAction = action;
                 request.itemState = state;
-                Draw(request, Record(1, 1));
-                EXPECT_TRUE(Same(drawn, expected)) << control << ' ' << action << ' ' << state;
+                ExpectDrawn(request, [&](Canvas& canvas) {
+                    const int in = state == (ODS_SELECTED | ODS_FOCUS) ? 6 : 4;
+                    if (button.second)
+                        Lay(canvas, button.second, kItem.left + in, kItem.top + in, kMagenta);
+                    else
+                        Fill(canvas, kItem, GetSysColor(COLOR_BTNFACE));
+                    DrawItemEdge(Request(canvas, ODT_BUTTON, 0, kItem), ExpectedEdge(action, state));
+                });
             }
 }
 
@@ -441,27 +450,21 @@ TEST_F(ListItems, PlaceTheirPicturesAndTexts)
 TEST_F(ListItems, DrawNothingOfWhatIsNotThere)
 {
     constexpr auto kNone = static_cast<ULONG_PTR>(-1);
-    struct Case
-    {
-        UINT type, control;
-        ULONG_PTR data;
-        bool ground; // the background is there all the same
-    };
-    constexpr Case kCases[] = {
+    // Control and item, and whether the background is there all the same.
+    const std::tuple<UINT, UINT, ULONG_PTR, bool> cases[] = {
         {ODT_LISTBOX, 6001, kNone, false}, {ODT_COMBOBOX, 3044, 3, false},
         {ODT_COMBOBOX, 3044, 2, true},     {ODT_COMBOBOX, 3044, kNone, false},
         {ODT_COMBOBOX, 6010, 20, true},    {ODT_COMBOBOX, 6010, kNone, true},
         {ODT_COMBOBOX, 6021, 2, true},     {ODT_COMBOBOX, 6021, kNone, true},
         {ODT_COMBOBOX, 3056, 3, true},
     };
-    for (const Case& each : kCases) {
-        Canvas drawn(kWidth, kHeight), expected(kWidth, kHeight);
-        drawn.Clear(kGround);
-        expected.Clear(kGround);
-        if (each.ground)
-            Fill(expected, kRow, GetSysColor(COLOR_WINDOW));
-        DrawItem(drawn, each.type, each.control, each.data);
-        EXPECT_TRUE(Same(drawn, expected)) << each.control << ' ' << each.data;
+    for (const auto& [type, control, data, ground] : cases) {
+        DRAWITEMSTRUCT request = Item(type, control, kRow);
+        request.itemData = data;
+        ExpectDrawn(request, [ground = ground](Canvas& canvas) {
+            if (ground)
+                Fill(canvas, kRow, GetSysColor(COLOR_WINDOW));
+        });
     }
 }
 

@@ -170,25 +170,6 @@ TEST_F(ContextTest, HasNoTablesAtAllWhenOneCannotBeHad)
     ExpectNoTables(*context);
 }
 
-TEST_F(ContextTest, LeavesNothingBehindWhateverFails)
-{
-    alignas(8) DriverDevMode input = Default();
-    ContextPtr context;
-    for (const Requests& requests : {kAllocations, kAllocationsOnwards, kCalls, kCallsOnwards,
-                                     kReads<host::Misread::Grow>, kReads<host::Misread::TooSmall>}) {
-        FailEach(
-            requests, [] {}, [&] { context = Create(&input.dmPublic); },
-            [&](bool failed) {
-                EXPECT_TRUE(failed || context) << "there is none though nothing failed";
-                if (context) {
-                    EXPECT_TRUE(IsValidContext(context.get()));
-                    EXPECT_EQ(FieldOutOfRange(context->dmWork), "");
-                }
-                context.reset();
-            });
-    }
-}
-
 /// A path in the process heap as a text, "" for null.
 std::u16string TakePath(WCHAR* path)
 {

@@ -299,34 +299,6 @@ TEST_F(MainDialog, RepaintsItsTabAfterTheBackgroundWasErased)
     EXPECT_FALSE(repaints());
 }
 
-TEST_F(MainDialog, ExplainsTheControlsOfItsOwn)
-{
-    WCHAR file[] = TEXT("C:\\driver.hlp");
-    context_->pHelpFile = file;
-    Open();
-    const std::pair<int, const char16_t*> rows[] = {
-        {IDOK, u"html/button.htm#ok"},
-        {IDC_APPLY, u"html/button.htm#apply"},
-        {IDC_CONTROL_CENTRE, u"html/idx_status_monitor_small.htm"},
-        {IDC_WEB_LINK, u"html/idx_web_support_small.htm"},
-        {IDC_TABS, nullptr}};
-    for (const auto& [control, page] : rows) {
-        host::ClearRecorded();
-        context_->bContextHelpMode = 1;
-        HELPINFO info = {};
-        info.cbSize = sizeof(info);
-        info.iCtrlId = control;
-        EXPECT_EQ(Ask(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), TRUE);
-        EXPECT_EQ(context_->bContextHelpMode, 0u);
-        EXPECT_EQ(context_->hContextHelpWindow != nullptr, page != nullptr) << control;
-        const std::vector<host::Event> events = host::Recorded();
-        ASSERT_EQ(events.size(), page ? 1u : 0u) << control;
-        if (page) {
-            EXPECT_EQ(events[0].detail, page);
-        }
-    }
-}
-
 TEST_F(MainDialog, StartsTheControlCentreOfAKnownModel)
 {
     const Printer printer(u"Office", kEmptyModel);
