@@ -1,11 +1,13 @@
-// Texts of the lines beside the preview, without any window.
-#include "lang/ids/main_dialog.h"
+// Texts of papers, media, labels and the lines beside the preview, without any window.
+#include <tuple>
+
+#include "psui/base/label.h"
 #include "psui/maindlg/control_centre.h"
 #include "psui/maindlg/fit_text.h"
+#include "psui/maindlg/media.h"
 #include "psui/maindlg/mnemonics.h"
-#include "psui/maindlg/side_panel.h"
-#include "tests/maindlg/dialog_context.h"
-#include <tuple>
+#include "psui/maindlg/papers.h"
+#include "tests/settings/support.h"
 
 namespace {
 
@@ -65,60 +67,6 @@ TEST(Mnemonics, AreSwitchedOffAndOnAgain)
     EXPECT_FALSE(InsertMnemonicMark(full)) << "no room";
 }
 
-struct LineCase
-{
-    int line;
-    const char* fields;
-    const char* text;
-    bool enabled;
-};
-
-const LineCase kLines[] = {
-    {IDC_LINE_MEDIA, "dmMediaType=272", "{1251}", true},
-    {IDC_LINE_QUALITY, "bQualityLevel=5", "{8130} : {8088}", true},
-    {IDC_LINE_COLOR, "dmColor=2", "{8144}", true},
-    {IDC_LINE_COLOR, "dmColor=1", "{8145}", true},
-    {IDC_LINE_COPIES, "dmCopies=12", "{8139} 12", true},
-    {IDC_LINE_LAYOUT, "dwPagesPerSheet=-9", "{8132} : {8097}", true},
-    {IDC_LINE_LAYOUT, "dwPagesPerSheet=1 bBorderless=1", "{8132} : {8093}", false},
-    {IDC_LINE_LAYOUT, "dwPagesPerSheet=2 bBookletFlags=1", "{8132} : {8094}", false},
-    {IDC_LINE_COLOR_MODE, "bDocType=1 dmColor=2", "{8146} : {8149}", true},
-    {IDC_LINE_COLOR_MODE, "bDocType=2 dmColor=1", "{8146} : {8148}", false},
-    {IDC_LINE_COLOR_MODE, "bDocType=3 dmColor=2", "{8146} : {8150}", true},
-    {IDC_LINE_COLOR_MODE, "bDocType=9 dmColor=2", "{8146} : {8147}", true},
-    {IDC_LINE_COLOR_MODE, "bDocType=1 dwColorModeOn=0", "{8146} : {8155}", false},
-    {IDC_LINE_BORDERLESS, "bBorderless=1 dmPaperSize=274", "{8141} {8156}", true},
-    {IDC_LINE_BORDERLESS, "bBorderless=1 dmPaperSize=11", "{8141} {8155}", false},
-    {IDC_LINE_DUPLEX, "wDuplexFlags=0x100", "{8169} {8156}", true},
-    {IDC_LINE_DUPLEX, "wDuplexFlags=0x100 bBookletFlags=1", "{8169} {8156} : {8185}", true},
-    {IDC_LINE_DUPLEX, "wDuplexFlags=5", "{8169} {8155}", false},
-    {IDC_LINE_SCALING, "bFitToPaper=2", "{8133} {8156}", true},
-    {IDC_LINE_SCALING, "", "{8133} {8155}", false},
-    {IDC_LINE_MIRROR, "dwDeviceOptions=1", "{8152} {8156}", true},
-    {IDC_LINE_MIRROR, "dwDeviceOptions=2", "{8152} {8155}", false},
-    {IDC_LINE_REVERSE, "dwDeviceOptions=2", "{8153} {8156}", true},
-    {IDC_LINE_WATERMARK, "dwWatermarkFlags=129", "{8010} {8156}", true},
-    {IDC_LINE_WATERMARK, "", "{8010} {8155}", false},
-};
-
-TEST(SidePanelLines, SayWhatIsSetAndWhetherItCounts)
-{
-    for (const std::string language : {"eng", "jpn"}) {
-        const World world(language);
-        for (const LineCase& c : kLines) {
-            const DialogContext context;
-            SetAll(context.record(), "bBorderless=0 dwColorModeOn=1");
-            SetAll(context.record(), c.fields);
-            WCHAR text[256];
-            SidePanelText(context, c.line, text, 256);
-            EXPECT_EQ(std::u16string(text), Expand(c.text)) << c.fields;
-            EXPECT_EQ(IsSidePanelEnabled(context, c.line), c.enabled) << c.line;
-            context->bPermission = 0;
-            EXPECT_FALSE(IsSidePanelEnabled(context, c.line)) << c.line;
-        }
-    }
-}
-
 TEST(ControlCentre, KnowsTheModelsOfItsList)
 {
     const World world;
@@ -140,6 +88,87 @@ TEST(ControlCentre, KnowsTheModelsOfItsList)
         ControlCentreModelName(record.dmPublic, name);
         EXPECT_EQ(std::u16string(name), model);
         EXPECT_EQ(ControlCentreKnowsModel(record), known);
+    }
+}
+
+TEST(PaperTexts, AreThoseOfThePaperAndTheCountry)
+{
+    const World world;
+    // In the list and beside the preview; then size, full and short text in Letter and in A4 countries.
+    const std::tuple<const char*, int, std::vector<UINT>> cases[] = {
+        {"A4", 9, {9130, 9130, 9181, 9244, 9001, 9202, 9223, 9022}},
+        {"Letter_BL", 275, {9152, 9131, 9182, 9245, 9002, 9203, 9224, 9023}},
+        {"HAGAKI", 43, {9141, 9141, 9192, 9255, 9012, 9213, 9234, 9033}},
+        {"JE4", 91, {9147, 9147, 9198, 9261, 9018, 9219, 9240, 9039}},
+        {"User", 256, {9162, 1215, 1215, 1215, 1215, 1215, 1215, 1215}},
+        {"A3", 8, {9169, 9148, 9199, 9262, 9019, 9220, 9241, 9040}},
+        {"B4JIS_BL_SG", 291, {9179, 9149, 9200, 9263, 9020, 9221, 9242, 9041}},
+        {"Ledger_SG", 289, {9174, 9150, 9201, 9264, 9021, 9222, 9243, 9042}},
+        {"", 0, std::vector<UINT>(8)},
+        {"a4", 2, std::vector<UINT>(8)},
+        {"A4 ", 294, std::vector<UINT>(8)},
+    };
+    for (const auto& [name, paper, expected] : cases) {
+        const PaperWord* word = FindPaperWord(std::string_view(name));
+        EXPECT_EQ(word ? word->paper : 0, expected[0] ? paper : 0) << name;
+        std::vector<UINT> texts = {PaperListText(paper), PaperDisplayText(paper, PaperTextKind::Name)};
+        for (const char16_t* country : {u"1", u"49"}) {
+            SetCountry(country);
+            for (const PaperTextKind kind : {PaperTextKind::Size, PaperTextKind::Full})
+                texts.push_back(PaperDisplayText(paper, kind));
+            texts.push_back(PaperShortName(paper));
+        }
+        EXPECT_EQ(texts, expected) << name;
+    }
+}
+
+TEST(MediaTexts, MatchOptionNamesExactly)
+{
+    for (const auto& [name, text] : {std::pair<const char*, UINT>{"Plain_Paper", 1240},
+                                     {"Glossy_Paper", 1242},
+                                     {"Transparency(Mirror)", 1245},
+                                     {"Envelope", 1284},
+                                     {"envelope", 0},
+                                     {"Glossy", 0},
+                                     {"", 0}})
+        EXPECT_EQ(MediaOptionText(name), text) << name;
+}
+
+TEST(Labels, LoseMnemonicsAndLineBreaks)
+{
+    const std::pair<const WCHAR*, const WCHAR*> cases[] = {
+        {u"&Paper size", u"Paper size"},
+        {u"Copy && paste", u"Copy & paste"},
+        {u"用紙(&P):", u"用紙:"},
+        {u"a\nb\r\nc\rd", u"a b c\rd"},
+        {u"(&&)", u"(&)"},
+        {u"(&", u"("},
+        {u"&", u""},
+        {u"&&&x", u"&x"},
+        {u"(&P", u"(P"},
+        {u"(&Px)", u"(Px)"},
+        {u"", u""},
+        {u"(&P)(&Q)", u""},
+    };
+    for (const auto& [label, plain] : cases) {
+        WCHAR text[64];
+        lstrcpynW(text, label, 64);
+        CleanLabel(text);
+        EXPECT_EQ(std::u16string(text), plain);
+    }
+}
+
+TEST(TextCursor, CutsWhatDoesNotFit)
+{
+    for (int size = 0; size < 12; ++size) {
+        WCHAR text[13];
+        std::fill(std::begin(text), std::end(text), u'#');
+        TextCursor cursor = {text, size};
+        Append(cursor, u"abc");
+        AppendFormatted(cursor, u"%d%%, %u%x", -12);
+        const std::u16string whole = u"abc-12%, -12%x";
+        EXPECT_EQ(std::u16string(text, size ? size - 1 : 0), whole.substr(0, size ? size - 1 : 0));
+        EXPECT_EQ(text[size], u'#');
     }
 }
 
