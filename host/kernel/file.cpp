@@ -70,8 +70,10 @@ DWORD OpenDescriptor(NativeName& name, const OpenRequest& request, int& fd, bool
         return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
     }
     existed = true;
-    DWORD error = OpenPresent(name, request, fd);
-    if (error != ERROR_FILE_NOT_FOUND || !Creates(request.disposition))
+    const bool creates = Creates(request.disposition);
+    DWORD error = creates && IsKnownMissing(name) ? static_cast<DWORD>(ERROR_FILE_NOT_FOUND)
+                                                  : OpenPresent(name, request, fd);
+    if (error != ERROR_FILE_NOT_FOUND || !creates)
         return error;
     existed = false;
     error = CreateAbsent(name, request, fd);

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <mutex>
+#include <optional>
 #include <shared_mutex>
 #include <unistd.h>
 
@@ -181,6 +183,48 @@ bool EqualEntries(std::string_view a, std::string_view b)
     return EqualNoCase(Utf16(a), Utf16(b));
 }
 
+int64_t Nanoseconds(const timespec& time)
+{
+    constexpr int64_t kNanosecondsPerSecond = 1000000000;
+    return time.tv_sec * kNanosecondsPerSecond + time.tv_nsec;
+}
+
+/// A folder at one moment. Whatever changes its entries sets its change time to the clock's present tick.
+struct FolderState
+{
+    dev_t device = 0;
+    ino_t inode = 0;
+    int64_t changed = 0; // ns
+
+    bool operator==(const FolderState&) const = default;
+};
+
+FolderState StateOf(const struct stat& status)
+{
+    return {status.st_dev, status.st_ino, Nanoseconds(status.st_ctim)};
+}
+
+/// The last name that this thread searched for in vain. A file is often asked for, found missing and made: it
+/// need not be searched for again while its folder is as it was.
+struct Missing
+{
+    std::string path;
+    FolderState folder;
+};
+thread_local Missing missing;
+
+/// The state of a folder that is about to be searched; nothing when it changed in this very tick, because one
+/// more change would not show then.
+std::optional<FolderState> SettledState(int folder)
+{
+    timespec now;
+    struct stat status;
+    if (clock_gettime(CLOCK_REALTIME_COARSE, &now) != 0 || fstat(folder, &status) != 0)
+        return {};
+    const FolderState state = StateOf(status);
+    return state.changed < Nanoseconds(now) ? std::optional(state) : std::nullopt;
+}
+
 /// Looks for the entry of `folder` that is called `name`, else for one that differs in case alone: with
 /// several, the first in the order of bytes, so that the answer does not depend on the file system. `found`
 /// is empty when there is none. Returns false when the folder cannot be listed.
@@ -193,6 +237,7 @@ bool FindEntry(const std::string& folder, std::string_view name, std::string& fo
     const int fd = open(folder.empty() ? "/" : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
         return false;
+    const std::optional<FolderState> state = SettledState(fd);
     alignas(dirent64) char entries[kListingSize];
     ssize_t size = 0;
     while (found != name && (size = getdents64(fd, entries, sizeof entries)) > 0) {
@@ -205,6 +250,10 @@ bool FindEntry(const std::string& folder, std::string_view name, std::string& fo
         }
     }
     close(fd);
+    if (size == 0 && found.empty() && state) {
+        missing.path.assign(folder).append(1, '/').append(name);
+        missing.folder = *state;
+    }
     return size >= 0;
 }
 
@@ -305,8 +354,20 @@ DWORD TranslateName(LPCWSTR name, NativeName& native)
     return error != ERROR_SUCCESS ? error : TranslateName(full, native);
 }
 
+bool IsKnownMissing(const NativeName& native)
+{
+    const std::string_view path(native.text, native.size);
+    if (path != missing.path)
+        return false;
+    const std::string folder(path.substr(0, path.rfind('/')));
+    struct stat status;
+    return stat(folder.empty() ? "/" : folder.c_str(), &status) == 0 && StateOf(status) == missing.folder;
+}
+
 DWORD MatchCase(NativeName& native)
 {
+    if (IsKnownMissing(native))
+        return ERROR_FILE_NOT_FOUND;
     const std::string drive(native.text, native.fixedSize);
     const std::string_view below(native.text + native.fixedSize, native.size - native.fixedSize);
     if (below.empty() || below == "/") // the drive itself

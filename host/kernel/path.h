@@ -40,6 +40,10 @@ DWORD TranslateName(const FullName& full, NativeName& native);
 /// Both steps.
 DWORD TranslateName(LPCWSTR name, NativeName& native);
 
+/// Whether a search of this thread found that neither this name nor one that differs in case alone exists,
+/// and its folder has not changed since. False says nothing.
+bool IsKnownMissing(const NativeName& native);
+
 /// Replaces each component that is missing in this spelling by an existing one that differs in case alone.
 /// Returns 0 when the whole path exists then, ERROR_FILE_NOT_FOUND when just its last component is missing,
 /// else ERROR_PATH_NOT_FOUND.

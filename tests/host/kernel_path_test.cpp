@@ -1,3 +1,4 @@
+#include <thread>
 #include <tuple>
 
 #include "tests/host/last_error.h"
@@ -79,6 +80,23 @@ TEST_F(Paths, ExistingNamesAreFoundInAnyCaseAndNotMadeTwice)
     EXPECT_FALSE(CreateDirectoryW(Path(TEXT("FOLDER")).c_str(), nullptr));
     EXPECT_TRUE(DeleteFileW(Path(TEXT("FOLDER\\read.ME")).c_str()));
     EXPECT_EQ(Read(Path(TEXT("Folder\\Read.Me"))), "(absent)");
+}
+
+// By another thread; in a folder that changed just now, and in one that has been at rest for a while.
+TEST_F(Paths, MissingNamesAreFoundOnceTheyAreMadeInAnotherCase)
+{
+    const Wide asked = Path(TEXT("asked.txt"));
+    const Wide made = Path(TEXT("ASKED.TXT"));
+    for (const DWORD rest : {0u, 50u, 0u, 50u}) {
+        SCOPED_TRACE(rest);
+        Sleep(rest);
+        EXPECT_EQ(Read(asked), "(absent)");
+        std::thread([&] { Write(made, "made"); }).join();
+        EXPECT_EQ(Read(asked), "made");
+        Write(asked, "written");
+        EXPECT_EQ(Read(made), "written");
+        EXPECT_TRUE(DeleteFileW(asked.c_str()));
+    }
 }
 
 TEST(SystemFolders, AreReportedWithTheSizeTheyNeed)
