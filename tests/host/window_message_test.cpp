@@ -144,6 +144,17 @@ TEST_F(WindowTest, SentMessagesOvertakePostedOnesAndPaintingComesLast)
     EXPECT_EQ(order, (Messages{kAnswered, WM_USER, WM_PAINT}));
 }
 
+TEST_F(WindowTest, QuitComesAfterWhatWasPosted)
+{
+    const HWND window = MakeShown();
+    PostQuitMessage(7);
+    PostMessageW(window, WM_USER, 0, 0);
+    MSG message;
+    EXPECT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
 TEST_F(WindowTest, FiltersLeaveOtherMessagesWhereTheyAre)
 {
     const HWND window = Make(WS_POPUP);
