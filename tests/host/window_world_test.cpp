@@ -117,6 +117,26 @@ TEST_F(Windows, TypedTextAndClicksReachTheControls)
     EXPECT_EQ(std::u16string(typed), u"Ab1! \u3042");
 }
 
+TEST_F(Windows, FiltersLeaveOtherWindowsInput)
+{
+    const HWND other = Make(TEXT("Edit"), WS_POPUP | WS_VISIBLE, {0, 0, 100, 100});
+    const HWND typedInto = Make(TEXT("Edit"), WS_POPUP | WS_VISIBLE, {200, 0, 300, 100});
+    SetFocus(typedInto);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+    host::PressKeyDown('A');
+    host::MoveMouse(50, 50);
+    EXPECT_FALSE(PeekMessageW(&message, other, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE));
+    EXPECT_FALSE(PeekMessageW(&message, typedInto, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE));
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE));
+    EXPECT_EQ(message.message, UINT{WM_MOUSEMOVE});
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE));
+    EXPECT_EQ(message.hwnd, typedInto);
+    DestroyWindow(other);
+    DestroyWindow(typedInto);
+}
+
 TEST_F(Windows, MessageBoxIsAnsweredByKeysAndItsOwnerWaits)
 {
     struct
