@@ -1,7 +1,6 @@
 #include "psui/model/compiler.h"
 
 #include <algorithm>
-#include <array>
 #include <tuple>
 
 #include "model_fixture.h"

@@ -2,6 +2,7 @@
 // What holds of every merge, whatever the source. Shared by the exhaustive tests and the fuzzers; every check
 // returns what is wrong, or an empty text.
 #include <cstring>
+#include <sstream>
 #include <string>
 #include <vector>
 

@@ -3,7 +3,6 @@
 // record by their names.
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
