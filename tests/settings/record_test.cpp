@@ -161,6 +161,21 @@ TEST_F(RefreshTail, KeepsTheRestOfTheClientText)
     EXPECT_EQ(Text(record_.dmPrivate.wszClientProcess, 32), u"_ther.exe");
 }
 
+TEST_F(RefreshTail, CopiesTheDatePrintAndThePapersFittedTo)
+{
+    SetAll(record_,
+           "dwDatePrint=0x1286 crDateText=5 crDateBack=6 bTailValid=0 wDocumentPaper=8 wOutputPaper=11");
+    record_.dmPrivate.lfDateFont.lfWeight = 700;
+    for (int fit = 0; fit < 3; ++fit) {
+        Set(record_, "bFitToPaper", fit);
+        psui::RefreshTail(&record_);
+        ExpectFields(record_, "dwTailDatePrint=0x1286 crTailDateText=5 crTailDateBack=6 bTailValid=1");
+        ExpectFields(record_,
+                     fit == 1 ? "shTailDocPaper=8 shTailOutPaper=11" : "shTailDocPaper=-1 shTailOutPaper=-1");
+        EXPECT_EQ(record_.dmPrivate.lfTailDateFont.lfWeight, 700);
+    }
+}
+
 TEST_F(RefreshTail, MarksCallsFromTheMakersApplication)
 {
     Set(record_, "bHostFlags", 0xF0);
