@@ -147,6 +147,16 @@ TEST_F(Loading, NeverTakesATornImageForAWholeOne)
     }
 }
 
+TEST_F(Loading, KeepsNoImageForAPathThatIsTooLong)
+{
+    Write("m.ppd", kVersion1);
+    std::u16string path = TEXT("C:\\load\\m.ppd");
+    while (path.size() < MAX_PATH + 5)
+        path.insert(path.rfind(u'\\'), TEXT("\\."));
+    EXPECT_EQ(Load(path.c_str()), "compiled 1");
+    EXPECT_FALSE(fs::exists(File("m.BDD")));
+}
+
 TEST_F(Loading, YieldsNothingWithoutAReadableText)
 {
     EXPECT_EQ(Load(), "none");
