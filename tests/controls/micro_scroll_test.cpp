@@ -1,8 +1,8 @@
 // The library's own window classes.
-#include <gtest/gtest.h>
-
 #include <tuple>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include <commctrl.h>
 
@@ -52,14 +52,7 @@ TEST(MicroScroll, ReadsItsFieldsFromText)
         EXPECT_FALSE(ReadThreeFields(text, fields));
 }
 
-struct Notification
-{
-    UINT message;
-    WORD code;
-    int position;
-
-    bool operator==(const Notification&) const = default;
-};
+using Notification = std::tuple<UINT, WORD, int>; // message, code, position or control
 std::vector<Notification> notifications;
 
 LRESULT CALLBACK ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -158,7 +151,7 @@ TEST_F(OwnClasses, HooksTellTheDialogWhatIsTouched)
     SendMessageW(button, WM_SETFOCUS, 0, 0);
     SendMessageW(other, WM_SETFOCUS, 0, 0);
     ASSERT_GE(notifications.size(), 1u);
-    EXPECT_EQ(notifications[0].position, kControlTouched);
+    EXPECT_EQ(std::get<int>(notifications[0]), kControlTouched);
     SetDefaultButton(button, 8);
     EXPECT_EQ(GetWindowLongPtrW(button, GWL_STYLE) & 0xF, BS_PUSHBUTTON);
     SetDefaultButton(button, 7);

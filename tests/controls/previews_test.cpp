@@ -16,12 +16,7 @@ using test::Record;
 
 bool IsDrawn(UINT bitmap)
 {
-    static std::map<UINT, bool> drawn;
-    const auto [known, first] = drawn.try_emplace(bitmap);
-    if (first)
-        known->second =
-            std::filesystem::exists(std::string(PSUI_PICTURES) + "/" + std::to_string(bitmap) + ".bmp");
-    return known->second;
+    return std::filesystem::exists(std::string(PSUI_PICTURES) + "/" + std::to_string(bitmap) + ".bmp");
 }
 
 constexpr int kPages[] = {-100, -9, -4, -1, 0, 1, 2, 3, 4, 5, 8, 9, 10, 15, 16, 17, 1000};

@@ -16,18 +16,7 @@ protected:
     Printer printer_{u"Alpha", kFullModel};
     alignas(8) DriverDevMode default_ = library_.DefaultRecord(printer_.name());
 
-    struct Outcome
-    {
-        BOOL result;
-        LONG size;
-        DWORD error;
-
-        bool operator==(const Outcome&) const = default;
-        friend std::ostream& operator<<(std::ostream& stream, const Outcome& outcome)
-        {
-            return stream << outcome.result << ", size " << outcome.size << ", error " << outcome.error;
-        }
-    };
+    using Outcome = std::tuple<BOOL, LONG, DWORD>; ///< result, size, error
 
     Outcome Convert(DWORD mode, DEVMODEW* input, DEVMODEW* output, LONG size)
     {
@@ -74,7 +63,7 @@ TEST_F(ConvertDevMode, AnswersBadArgumentsAsDocumented)
     for (const auto& [what, mode, input, result, size, outcome] : cases) {
         output = default_;
         EXPECT_EQ(Convert(mode, input, result, size), outcome) << what;
-        EXPECT_TRUE(outcome.result || Differences(default_, output).empty()) << what;
+        EXPECT_TRUE(std::get<0>(outcome) || Differences(default_, output).empty()) << what;
     }
     SetLastError(0);
     EXPECT_FALSE(library_.convert(printer_.name(), in, out, nullptr, 1));
@@ -91,14 +80,14 @@ TEST_F(ConvertDevMode, FailsForAPrinterThatIsNotThere)
         EXPECT_EQ(size, 1852);
     }
     std::filesystem::remove(printer_.DataFile());
-    EXPECT_FALSE(Convert(4, nullptr, &output.dmPublic, 1852).result);
+    EXPECT_FALSE(std::get<0>(Convert(4, nullptr, &output.dmPublic, 1852)));
 }
 
 TEST_F(ConvertDevMode, MakesTheOldFormat)
 {
     alignas(8) BYTE old[301];
     std::memset(old, 0xEE, sizeof(old));
-    ASSERT_TRUE(Convert(2, &default_.dmPublic, reinterpret_cast<DEVMODEW*>(old), 300).result);
+    ASSERT_TRUE(std::get<0>(Convert(2, &default_.dmPublic, reinterpret_cast<DEVMODEW*>(old), 300)));
     const auto* record = reinterpret_cast<const DEVMODEW*>(old);
     EXPECT_EQ(record->dmSpecVersion, 0x0320);
     EXPECT_EQ(record->dmDriverVersion, 848);
@@ -109,11 +98,11 @@ TEST_F(ConvertDevMode, MakesTheOldFormat)
     EXPECT_EQ(old[300], 0xEE);
 
     alignas(8) DriverDevMode inPlace = default_;
-    ASSERT_TRUE(Convert(2, &inPlace.dmPublic, &inPlace.dmPublic, sizeof(inPlace)).result);
+    ASSERT_TRUE(std::get<0>(Convert(2, &inPlace.dmPublic, &inPlace.dmPublic, sizeof(inPlace))));
     EXPECT_EQ(std::memcmp(&inPlace, old, 300), 0);
 
     alignas(8) DriverDevMode back = default_;
-    ASSERT_TRUE(Convert(1, reinterpret_cast<DEVMODEW*>(old), &back.dmPublic, sizeof(back)).result);
+    ASSERT_TRUE(std::get<0>(Convert(1, reinterpret_cast<DEVMODEW*>(old), &back.dmPublic, sizeof(back))));
     EXPECT_EQ(Differences(default_, back), "");
 }
 

@@ -1,9 +1,10 @@
 // The document sheet without its window: what the sheet function answers for each reason.
+#include <tuple>
+
 #include "tests/entry/fail_each.h"
 #include "tests/entry/sheet_caller.h"
 #include "tests/settings/administered.h"
 #include "tests/settings/merge_checks.h"
-#include <tuple>
 
 namespace {
 
@@ -177,19 +178,6 @@ TEST_F(DocumentSheet, EndsItsContextAndRefusesToBeUsedAgain)
     EXPECT_EQ(sheet.info.UserData, 0u);
     EXPECT_EQ(sheet.Call(kSheetDestroy), -1);
     EXPECT_EQ(host::OpenObjects(), before);
-}
-
-TEST_F(DocumentSheet, OpensWithoutALanguageModule)
-{
-    const HMODULE language = std::exchange(hLangModule, nullptr);
-    {
-        SheetCaller sheet(printer, DM_COPY, &output);
-        ASSERT_EQ(sheet.Call(kSheetInitialise), 1);
-        EXPECT_EQ(sheet.pageTitle, u"");
-        EXPECT_EQ(sheet.page.hInstance, hOwnModule);
-        EXPECT_EQ(sheet.context()->hLangRes, hOwnModule);
-    }
-    hLangModule = language;
 }
 
 TEST_F(DocumentSheet, SurvivesEveryFailedRequest)

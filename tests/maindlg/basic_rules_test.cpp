@@ -1,6 +1,7 @@
 // The rules of the Basic tab, as functions of the record.
-#include <gtest/gtest.h>
 #include <tuple>
+
+#include <gtest/gtest.h>
 
 #include "psui/maindlg/basic_rules.h"
 #include "psui/maindlg/placement.h"

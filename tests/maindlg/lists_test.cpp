@@ -1,5 +1,6 @@
 // The option tables, and the lists of the tabs on the real dialogs of the language modules.
 #include "psui/maindlg/option_lists.h"
+
 #include <tuple>
 
 #include "lang/ids/advanced_tab.h"

@@ -7,9 +7,11 @@
 #include "lang/ids/basic_tab.h"
 #include "lang/ids/dialogs.h"
 #include "lang/ids/main_dialog.h"
+#include "lang/ids/strings.h"
 #include "psui/dialogs/help_topics.h"
 #include "psui/entry/main_dialog.h"
 #include "psui/maindlg/main_layout.h"
+#include "psui/maindlg/option_tables.h"
 #include "psui/maindlg/side_panel.h"
 #include "psui/res/pictures.h"
 #include "tests/entry/printer.h"
@@ -119,11 +121,11 @@ TEST_F(MainDialog, SizesItsPicturesByTheirBitmaps)
     EXPECT_EQ(SizeOf(preview).cy, 120);
 }
 
-TEST_F(MainDialog, MakesRoomForTheDuplexLine)
+TEST_F(MainDialog, MakesRoomForDuplexPrintingWhereThePrinterHasIt)
 {
     constexpr int kMoved[] = {IDC_LINE_COLOR,  IDC_COLOR_PICTURE, IDC_LINE_SCALING,
                               IDC_LINE_MIRROR, IDC_LINE_REVERSE,  IDC_LINE_WATERMARK};
-    const TestDialog asDesigned(IDD_MAIN);
+    const TestDialog asDesigned(IDD_MAIN), tabAsDesigned(IDD_BASIC);
     const LONG pitch = PlaceOf(asDesigned, IDC_LINE_QUALITY).top - PlaceOf(asDesigned, IDC_LINE_MEDIA).top;
     for (const DWORD fields : {DM_COPIES, DM_COPIES | DM_DUPLEX}) {
         const bool duplex = (fields & DM_DUPLEX) != 0;
@@ -135,6 +137,15 @@ TEST_F(MainDialog, MakesRoomForTheDuplexLine)
             EXPECT_EQ(place.left, designed.left) << control;
             EXPECT_EQ(place.top, designed.top + (duplex ? pitch : 0)) << control;
         }
+
+        const HWND tab = context_->hBasicTab;
+        const auto topOf = [tab](int control) { return PlaceOf(tab, control).top; };
+        const LONG gap = topOf(IDC_PAGE_ORDER_LABEL) - PlaceOf(tab, IDC_LAYOUT_LABEL).bottom;
+        EXPECT_EQ(topOf(IDC_SOURCE_LABEL), duplex ? PlaceOf(tabAsDesigned, IDC_SOURCE_LABEL).top
+                                                  : PlaceOf(tab, IDC_BORDER_LINE_LABEL).bottom + gap);
+        EXPECT_EQ(topOf(IDC_SOURCE) - topOf(IDC_SOURCE_LABEL), topOf(IDC_LAYOUT) - topOf(IDC_LAYOUT_LABEL));
+        EXPECT_EQ(IsShown(tab, IDC_DUPLEX), duplex);
+        EXPECT_EQ(IsShown(tab, IDC_DUPLEX_SETTINGS), duplex);
     }
 }
 
@@ -260,25 +271,6 @@ TEST_F(MainDialog, HelpsSupportByKeysOnTheBanner)
     EXPECT_EQ(context_->bBannerDiagnostics, 0u);
 }
 
-TEST_F(MainDialog, ClosesTheGapOfDuplexControlsOnTheBasicTab)
-{
-    const TestDialog asDesigned(IDD_BASIC);
-    const auto topOf = [](HWND tab, int control) { return PlaceOf(tab, control).top; };
-    for (const DWORD fields : {DM_COPIES, DM_COPIES | DM_DUPLEX}) {
-        context_.record().dmPublic.dmFields = fields;
-        Open();
-        const HWND tab = context_->hBasicTab;
-        const bool duplex = (fields & DM_DUPLEX) != 0;
-        const LONG gap = topOf(tab, IDC_PAGE_ORDER_LABEL) - PlaceOf(tab, IDC_LAYOUT_LABEL).bottom;
-        EXPECT_EQ(topOf(tab, IDC_SOURCE_LABEL), duplex ? topOf(asDesigned, IDC_SOURCE_LABEL)
-                                                       : PlaceOf(tab, IDC_BORDER_LINE_LABEL).bottom + gap);
-        EXPECT_EQ(topOf(tab, IDC_SOURCE) - topOf(tab, IDC_SOURCE_LABEL),
-                  topOf(tab, IDC_LAYOUT) - topOf(tab, IDC_LAYOUT_LABEL));
-        EXPECT_EQ(IsShown(tab, IDC_DUPLEX), duplex);
-        EXPECT_EQ(IsShown(tab, IDC_DUPLEX_SETTINGS), duplex);
-    }
-}
-
 TEST_F(MainDialog, RepaintsItsTabAfterTheBackgroundWasErased)
 {
     Open();
@@ -365,6 +357,63 @@ TEST(SmallHelp, HangsBelowThePointerAndStaysOnTheDesktop)
         EXPECT_EQ(place.top, corner.y);
         EXPECT_EQ(SizeOf(place).cx, 426);
         EXPECT_EQ(SizeOf(place).cy, 341);
+    }
+}
+
+TEST(SidePanel, HidesAWebLinkThatIsOff)
+{
+    const World world;
+    const std::tuple<int, int, bool> cases[] = {{0, 0x03, true},  {0, 0x81, true},  {0, 0x82, false},
+                                                {0, 0x80, false}, {1, 0x03, false}, {2, 0x03, true}};
+    for (const auto& [noWebLink, flags, shown] : cases) {
+        SCOPED_TRACE(testing::Message() << noWebLink << ' ' << flags);
+        const DialogContext context;
+        const TestDialog dialog(IDD_MAIN);
+        const LONG banner = SizeOf(PlaceOf(dialog, IDC_BANNER)).cx;
+        Set(context.record(), "bNoWebLink", noWebLink);
+        context->bWebFlags = static_cast<BYTE>(flags);
+        RefreshSidePanel(dialog, context);
+        EXPECT_EQ(IsShown(dialog, IDC_WEB_LINK), shown);
+        EXPECT_EQ(IsWindowEnabled(dialog.Item(IDC_WEB_LINK)) != FALSE, shown);
+        RECT client = {};
+        GetClientRect(dialog, &client);
+        EXPECT_EQ(SizeOf(PlaceOf(dialog, IDC_BANNER)).cx, shown ? banner : client.right);
+    }
+}
+
+TEST(PaperLines, ShowThePaperAndItsScaling)
+{
+    constexpr std::string_view kModel = "*Paper A4: \"9\"\n*Paper User: \"256\"\n*Paper Strange: \"500\"\n";
+    const World world;
+    SetCountry(u"49");
+    const DialogContext context(kModel);
+    const TestDialog dialog(IDD_MAIN);
+    BuildOptionTable(context, kPaperTable);
+    const std::u16string a4 = LanguageText(9130), size = LanguageText(9202), from = LanguageText(9022),
+                         custom = LanguageText(1215), to = LanguageText(IDS_SCALED_TO);
+    constexpr int kLines[] = {IDC_LINE_PAPER, IDC_LINE_PAPER_SIZE, IDC_LINE_FIT_PAPER, IDC_LINE_SCALED_TO,
+                              IDC_LINE_FIGURE};
+    // The paper's place in its list, the record, the name of the user's size, and the lines.
+    const std::tuple<size_t, const char*, const WCHAR*, std::vector<std::u16string>> cases[] = {
+        {0, "bFitToPaper=0", u"", {a4, size, u"", u"", u""}},
+        {0, "bFitToPaper=1 wOutputPaper=13", u"", {a4, size, from, to, LanguageText(9026)}},
+        {0, "bFitToPaper=1 wOutputPaper=256", u"Mine", {a4, size, from, to, u"Mine"}},
+        {1, "bFitToPaper=0", u"", {custom, u" \n", u"", u"", u""}},
+        {1,
+         "bFitToPaper=2 dmScale=80",
+         u"Mine",
+         {u"Mine", u" \n", u"Mine", to, LanguageText(8133) + u" 80 %"}},
+        {2, "bFitToPaper=1 wOutputPaper=256", u"", {u"", u"", u"", to, custom}},
+        {3, "bFitToPaper=1 wOutputPaper=256", u"", {u"", u"", u"", to, custom}},
+    };
+    for (const auto& [position, fields, name, expected] : cases) {
+        lstrcpynW(context.record().dmPrivate.wszCustomName, name, 17);
+        SetAll(context.record(), fields);
+        ShowPaperOnMainDialog(dialog, context, position);
+        std::vector<std::u16string> shown;
+        for (const int line : kLines)
+            shown.push_back(dialog.Text(line));
+        EXPECT_EQ(shown, expected) << position << ' ' << fields;
     }
 }
 

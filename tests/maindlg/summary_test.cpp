@@ -1,5 +1,6 @@
 #include "psui/maindlg/settings_summary.h"
 
+#include <charconv>
 #include <memory>
 #include <random>
 #include <sstream>
@@ -13,6 +14,41 @@ namespace {
 
 using namespace psui;
 using namespace test;
+
+std::u16string Replaced(std::u16string text, std::u16string_view from, std::u16string_view to)
+{
+    for (size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+/// The text that a sketch stands for: "{8139}" is that string, "{8140:3}" that string with its place filled
+/// with 3, "~" a new line indented by 5, "^" one by 10.
+std::u16string Expand(const std::string& sketch)
+{
+    std::u16string text;
+    for (const char* at = sketch.c_str(); *at; ++at) {
+        if (*at == '{') {
+            unsigned id = 0;
+            at = std::from_chars(at + 1, at + 8, id).ptr;
+            std::u16string piece = LanguageText(id);
+            EXPECT_FALSE(piece.empty()) << id;
+            EXPECT_EQ(piece.find(u'&'), piece.npos) << id;
+            if (*at == ':') {
+                const std::string number(at + 1, std::strchr(at, '}'));
+                piece = Replaced(piece, u"%d", std::u16string(number.begin(), number.end()));
+                piece = Replaced(piece, u"%%", u"%");
+                at = std::strchr(at, '}');
+            }
+            text += piece;
+        } else if (*at == '~' || *at == '^') {
+            text += u"\r\n" + std::u16string(*at == '~' ? 5 : 10, u' ');
+        } else {
+            text += *at == '\n' ? std::u16string(u"\r\n") : std::u16string(1, *at);
+        }
+    }
+    return text;
+}
 
 /// A printer without duplex, in an A4 country: A4 plain paper, normal quality, one page of everything.
 const std::string kBase = "---{8157}------------------------------\n"
