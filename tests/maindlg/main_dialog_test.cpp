@@ -241,6 +241,21 @@ TEST_F(MainDialog, KnowsWhetherThePointerIsOverTheLink)
     EXPECT_EQ(setCursorOver(IDC_BANNER), 0u);
 }
 
+TEST_F(MainDialog, ShowsItsTipHalfASecondAfterTheLastMoveOverTheLink)
+{
+    Open();
+    const auto shownAfter = [&](unsigned milliseconds) {
+        host::AdvanceTime(milliseconds);
+        WorkOffMessages();
+        return IsShown(dialog_, IDC_HOVER_TIP);
+    };
+    for (int move = 0; move < 2; ++move) {
+        SendDlgItemMessageW(dialog_, IDC_WEB_LINK, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        EXPECT_FALSE(shownAfter(400));
+    }
+    EXPECT_TRUE(shownAfter(100));
+}
+
 TEST_F(MainDialog, HelpsSupportByKeysOnTheBanner)
 {
     context_->bUserDefault = 1;
