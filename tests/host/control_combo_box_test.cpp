@@ -62,7 +62,7 @@ TEST_F(ComboBoxTest, ClosedHeightIsTheFieldsAndTheRestIsTheLists)
     EXPECT_EQ(HeightOf(list), 2 + Send(combo, CB_GETITEMHEIGHT)) << "no higher than its entries";
     if (OnWine())
         return; // it counts the field twice
-    // A height without room for a list leaves the list as it was: programs move a combo box at its closed
+    // A height without room for a list leaves the list as it was: programs move combo boxes at their closed
     // size.
     for (const int height : {130, 30}) {
         Resize(combo, 140, height);

@@ -217,7 +217,7 @@ protected:
         return DefWindowProcW(window, message, wParam, lParam);
     }
 
-    // What owner drawing is answered for a combo box's field, and for its first entry: every other is a pixel
+    // Answers to WM_MEASUREITEM: for a combo box's field, and for the first entry; each next is a pixel
     // higher.
     static constexpr UINT kFieldHeight = 23;
     static constexpr UINT kFirstHeight = 20;

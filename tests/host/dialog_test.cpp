@@ -79,8 +79,10 @@ void Key(HWND dialog, WPARAM key)
 {
     MSG message = {GetFocus(), WM_KEYDOWN, key, 1, 0, {}};
     IsDialogMessageW(dialog, &message);
-    while (PeekMessageW(&message, dialog, 0, 0, PM_REMOVE))
-        DispatchMessageW(&message);
+    while (PeekMessageW(&message, dialog, 0, 0, PM_REMOVE)) {
+        if (!IsDialogMessageW(dialog, &message))
+            DispatchMessageW(&message);
+    }
 }
 
 void Mnemonic(HWND dialog, WCHAR character)
@@ -221,6 +223,7 @@ TEST(Dialog, EditControlsOfSeveralLinesGiveItsKeysBack)
         .Add(kButton, TEXT("OK"), BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, 40);
     const auto type = [](HWND dialog) {
         Key(dialog, VK_RETURN);
+        SetFocus(GetDlgItem(dialog, kLines));
         Key(dialog, VK_TAB);
         EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(dialog, kLines)), 0);
         EXPECT_EQ(FocusedId(), kWanting);
