@@ -259,8 +259,11 @@ TEST_P(SummaryTest, ShowsEveryRecordLineByLine)
 
 TEST_P(SummaryTest, NamesPapersByTheUsersCountry)
 {
+    const FieldValues indexCard = "wDocumentPaper=266"; // in inches or in centimetres
+    EXPECT_EQ(Build(indexCard), Expected("8131={9030}"));
     SetCountry(u"1");
-    EXPECT_EQ(Build({}), Expected("8131={9001}"));
+    EXPECT_EQ(Build(indexCard), Expected("8131={9009}"));
+    EXPECT_NE(LanguageText(9009), LanguageText(9030));
 }
 
 TEST_P(SummaryTest, EndsWithTheFavouriteInJapaneseOnly)
