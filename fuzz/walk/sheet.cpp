@@ -161,6 +161,8 @@ void Sheet::Check()
 {
     std::string wrong = CheckTitles();
     NoteDialog();
+    if (expected_ && context_ && context_->hMainDialog && user_.goesOn())
+        expected_ = nullptr; // already used
     if (context_ && context_->hMainDialog && FrontDialog() == context_->hMainDialog && !OpenPopup()) {
         CheckFirstLook();
         wrong += CheckRecord(*context_) + CheckControls(*context_, appliedKnown_ ? applied_.get() : nullptr);

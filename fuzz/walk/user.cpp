@@ -49,6 +49,7 @@ const User::Deed User::kDeeds[] = {
 void User::Act(HWND front)
 {
     front_ = front;
+    goesOn_ = false;
     if (IsMessageBox(front) && !random_.OneIn(3))
         return Answer();
     const int all = std::accumulate(std::begin(kDeeds), std::end(kDeeds), 0,
@@ -136,6 +137,7 @@ void User::Click()
 void User::ClickTwice()
 {
     Click();
+    goesOn_ = true;
     journal_.Note("click again");
     host::PressMouse(host::MouseButton::Left);
     host::ReleaseMouse(host::MouseButton::Left);
@@ -278,6 +280,7 @@ std::u16string User::SomeText()
 
 void User::Type()
 {
+    goesOn_ = true;
     const std::u16string text = SomeText();
     const HWND edit = SomeOfClass(TEXT("Edit"));
     const bool into = edit && !random_.OneIn(4);

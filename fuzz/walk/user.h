@@ -27,6 +27,9 @@ public:
     /// Presses the dialog's OK button.
     void Confirm(HWND dialog);
 
+    /// Whether what was done last may go on in a dialog that it opened: a second click, further letters.
+    bool goesOn() const { return goesOn_; }
+
 private:
     struct Deed;
     static const Deed kDeeds[];
@@ -62,6 +65,7 @@ private:
     HWND elsewhere_;
     HWND front_ = nullptr;
     bool held_ = false; ///< the left button is down
+    bool goesOn_ = false;
 };
 
 } // namespace walk
