@@ -102,15 +102,13 @@ TEST_F(ButtonTest, OwnerDrawnButtonAsksForEveryChangeOfItsState)
     const HWND button = MakeButton(BS_OWNERDRAW);
     Repaint(button);
     Told();
-    const std::pair<std::function<void()>, const char*> kSteps[] = {
-        {[=] { Repaint(button, true); }, "draw"}, {[=] { SetFocus(button); }, "focusF"},
-        {[=] { Press(button); }, "selectSF"},     {[=] { Release(button); }, "selectF click"},
+    ExpectTold({
+        {[=] { Repaint(button, true); }, "draw"},
+        {[=] { SetFocus(button); }, "focusF"},
+        {[=] { Press(button); }, "selectSF"},
+        {[=] { Release(button); }, "selectF click"},
         {[=] { SetFocus(parent_); }, "focus"},
-    };
-    for (const auto& [change, told] : kSteps) {
-        change();
-        EXPECT_EQ(Told(), told);
-    }
+    });
     EnableWindow(button, FALSE);
     Repaint(button);
     EXPECT_TRUE(Told().starts_with("drawD"));

@@ -74,11 +74,7 @@ TEST_F(EditTest, ChangesAreToldBeforeAndAfterTheyShow)
     const HWND edit = MakeEdit("one", kSingle);
     const HWND multi = MakeEdit("one", kMulti);
     Told();
-    const struct
-    {
-        std::function<void()> act;
-        const char* told;
-    } kSteps[] = {
+    ExpectTold({
         {[=] { SetFocus(edit); }, "focus"},
         {[=] { Type(edit, "x"); }, "update change"},
         {[=] { SetText(edit, "two"); }, "update change"},
@@ -89,11 +85,7 @@ TEST_F(EditTest, ChangesAreToldBeforeAndAfterTheyShow)
         {[=] { SetFocus(parent_); }, "blur"},
         {[=] { SetText(multi, "two"); }, ""}, // the program's text of several lines is not told
         {[=] { Type(multi, "x"); }, "update change"},
-    };
-    for (const auto& step : kSteps) {
-        step.act();
-        EXPECT_EQ(Told(), step.told) << "row " << &step - kSteps;
-    }
+    });
 }
 
 TEST_F(EditTest, LimitStopsTheUserAndIsTold)

@@ -163,11 +163,7 @@ TEST_F(ListBoxTest, OwnerDrawsEveryChange)
     for (const LPARAM data : {5, 3, 9})
         Send(list, LB_ADDSTRING, 0, data);
     EXPECT_EQ(Send(list, LB_GETITEMDATA, 1), 3);
-    const struct
-    {
-        std::function<void()> change;
-        const char* told;
-    } kSteps[] = {
+    ExpectTold({
         {[=] { Repaint(list); }, "draw0 draw1 draw2"},
         {[=] { SetFocus(list); }, "focus0F focus"},
         {[=] { Key(list, VK_DOWN); }, "focus0 select0S focus0SF change"},
@@ -178,11 +174,7 @@ TEST_F(ListBoxTest, OwnerDrawsEveryChange)
         {[=] { EnableWindow(list, FALSE), Repaint(list); }, "draw0D draw1D draw2SD"},
         {[=] { Send(list, LB_DELETESTRING, 1); }, "delete1=3"},
         {[=] { DestroyWindow(list); }, "delete1=9 delete0=5"},
-    };
-    for (const auto& step : kSteps) {
-        step.change();
-        EXPECT_EQ(Told(), step.told);
-    }
+    });
     EXPECT_EQ(drawnRect_.top, 46);
     EXPECT_EQ(drawnRect_.bottom, 69);
 }

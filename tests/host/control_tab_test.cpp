@@ -99,17 +99,14 @@ TEST_F(TabTest, UserIsAskedForAndTold)
 TEST_F(TabTest, ArrowsChangeTheTab)
 {
     SetFocus(tabs_);
-    constexpr std::pair<WPARAM, const char*> kSteps[] = {{VK_RIGHT, "changing0 change1"},
-                                                         {VK_RIGHT, "changing1 change2"},
-                                                         {VK_RIGHT, ""},
-                                                         {VK_LEFT, "changing2 change1"},
-                                                         {VK_DOWN, ""}};
-    for (const auto& [key, told] : kSteps) {
-        Key(tabs_, key);
-        EXPECT_EQ(Told(), told);
-    }
-    Send(tabs_, TCM_SETCURFOCUS, 0);
-    EXPECT_EQ(Told(), "changing1 change0");
+    ExpectTold({
+        {[&] { Key(tabs_, VK_RIGHT); }, "changing0 change1"},
+        {[&] { Key(tabs_, VK_RIGHT); }, "changing1 change2"},
+        {[&] { Key(tabs_, VK_RIGHT); }, ""},
+        {[&] { Key(tabs_, VK_LEFT); }, "changing2 change1"},
+        {[&] { Key(tabs_, VK_DOWN); }, ""},
+        {[&] { Send(tabs_, TCM_SETCURFOCUS, 0); }, "changing1 change0"},
+    });
 }
 
 } // namespace

@@ -174,6 +174,20 @@ protected:
 
     /// What the parent has been told since it was last asked.
     std::string Told() { return std::exchange(log_, {}); }
+    struct Step
+    {
+        std::function<void()> act;
+        const char* told;
+    };
+    /// Takes the steps one after the other and expects what they say to be told.
+    void ExpectTold(const std::vector<Step>& steps)
+    {
+        for (const Step& step : steps) {
+            step.act();
+            EXPECT_EQ(Told(), step.told) << "step " << &step - steps.data();
+        }
+    }
+
     void Note(const std::string& word) { log_ += (log_.empty() ? "" : " ") + word; }
 
     std::string NameOf(int code) const
