@@ -39,8 +39,8 @@ class Pencil
 {
 public:
     explicit Pencil(DeviceContext& dc)
-        : painter_(dc, InkOfPen(dc), TableOfRop2(dc.state.rop2)),
-          gaps_(dc, SolidInk(dc.PixelOf(dc.state.backColor)), TableOfRop2(dc.state.rop2)),
+        : painter_(dc, InkOfPen(dc), kCopyPattern),
+          gaps_(dc, SolidInk(dc.PixelOf(dc.state.backColor)), kCopyPattern),
           width_(std::clamp<int>(dc.state.pen->description.lopnWidth.x, 1, kMaxPenWidth)),
           fillsGaps_(dc.state.backMode == OPAQUE), pattern_(PatternOf(dc.state.pen->description))
     {
@@ -149,7 +149,7 @@ private:
 
 Painter BrushPainter(DeviceContext& dc)
 {
-    return Painter(dc, InkOf(dc, *dc.state.brush.Get()), TableOfRop2(dc.state.rop2));
+    return Painter(dc, InkOf(dc, *dc.state.brush.Get()), kCopyPattern);
 }
 
 std::vector<POINT> SurfacePoints(const DeviceContext& dc, const POINT* points, int count)
@@ -160,16 +160,11 @@ std::vector<POINT> SurfacePoints(const DeviceContext& dc, const POINT* points, i
     return result;
 }
 
-/// Where a row's middle crosses an edge of a polygon.
-struct Crossing
+/// Where a row's middle crosses the edges of a polygon, from left to right; what lies between the first and
+/// the second, the third and the fourth and so on is inside.
+std::vector<double> CrossingsAt(const std::vector<POINT>& points, int y)
 {
-    double x;
-    int direction; // 1 down, -1 up
-};
-
-std::vector<Crossing> CrossingsAt(const std::vector<POINT>& points, int y)
-{
-    std::vector<Crossing> crossings;
+    std::vector<double> crossings;
     for (size_t i = 0; i < points.size(); ++i) {
         const POINT from = points[i];
         const POINT to = points[(i + 1) % points.size()];
@@ -177,10 +172,9 @@ std::vector<Crossing> CrossingsAt(const std::vector<POINT>& points, int y)
         if (from.y == to.y || y < std::min(from.y, to.y) || y >= std::max(from.y, to.y))
             continue;
         const double part = static_cast<double>(y - from.y) / (to.y - from.y);
-        crossings.push_back({from.x + part * (to.x - from.x), from.y < to.y ? 1 : -1});
+        crossings.push_back(from.x + part * (to.x - from.x));
     }
-    std::sort(crossings.begin(), crossings.end(),
-              [](const Crossing& first, const Crossing& second) { return first.x < second.x; });
+    std::sort(crossings.begin(), crossings.end());
     return crossings;
 }
 
@@ -193,14 +187,10 @@ void FillPolygon(DeviceContext& dc, const std::vector<POINT>& points)
     const RECT reach = dc.Reach().Box();
     const LONG end = std::min(bottom->y, reach.bottom);
     for (LONG y = std::max(top->y, reach.top); y < end; ++y) {
-        int winding = 0;
-        const std::vector<Crossing> crossings = CrossingsAt(points, y);
-        for (size_t i = 0; i + 1 < crossings.size(); ++i) {
-            winding += dc.state.polyFillMode == WINDING ? crossings[i].direction : (winding == 0 ? 1 : -1);
-            if (winding != 0)
-                painter.Span(y, static_cast<int>(std::ceil(crossings[i].x)),
-                             static_cast<int>(std::ceil(crossings[i + 1].x)));
-        }
+        const std::vector<double> crossings = CrossingsAt(points, y);
+        for (size_t i = 0; i + 1 < crossings.size(); i += 2)
+            painter.Span(y, static_cast<int>(std::ceil(crossings[i])),
+                         static_cast<int>(std::ceil(crossings[i + 1])));
     }
 }
 
@@ -301,16 +291,6 @@ BOOL WINAPI MoveToEx(HDC handle, int x, int y, LPPOINT previous)
     return TRUE;
 }
 
-BOOL WINAPI GetCurrentPositionEx(HDC handle, LPPOINT point)
-{
-    HOST_CALL_VOID(GetCurrentPositionEx);
-    const LockedDc dc(handle);
-    if (!dc || point == nullptr)
-        return FALSE;
-    *point = dc->state.position;
-    return TRUE;
-}
-
 BOOL WINAPI LineTo(HDC handle, int x, int y)
 {
     HOST_CALL_VOID(LineTo);
@@ -319,17 +299,6 @@ BOOL WINAPI LineTo(HDC handle, int x, int y)
         return FALSE;
     Pencil(*dc).Line(Cut(dc->ToSurface(dc->state.position)), Cut(dc->ToSurface(POINT{x, y})));
     dc->state.position = {x, y};
-    return TRUE;
-}
-
-BOOL WINAPI Polyline(HDC handle, const POINT* points, int count)
-{
-    HOST_CALL_VOID(Polyline);
-    const LockedDc dc(handle);
-    if (!dc || points == nullptr || count < 2)
-        return FALSE;
-    Pencil pencil(*dc);
-    DrawLines(pencil, SurfacePoints(*dc, points, count), false);
     return TRUE;
 }
 
@@ -371,17 +340,6 @@ BOOL WINAPI Rectangle(HDC handle, int left, int top, int right, int bottom)
         return TRUE;
     }
     DrawLines(pencil, Corners(rect), true);
-    return TRUE;
-}
-
-BOOL WINAPI RoundRect(HDC handle, int left, int top, int right, int bottom, int width, int height)
-{
-    HOST_CALL_VOID(RoundRect);
-    const LockedDc dc(handle);
-    if (!dc)
-        return FALSE;
-    DrawRounded(*dc, {left, top, right, bottom}, std::abs(std::max(width, -INT32_MAX)),
-                std::abs(std::max(height, -INT32_MAX)));
     return TRUE;
 }
 

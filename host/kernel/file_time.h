@@ -17,7 +17,4 @@ struct FileTimes
 FILETIME FileTimeOf(const timespec& time);
 FileTimes FileTimesOf(const struct stat& status);
 
-/// The machine's time for a file time; null becomes "leave as it is" (see futimens).
-timespec UnixTime(const FILETIME* time);
-
 } // namespace host

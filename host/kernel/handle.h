@@ -10,7 +10,6 @@ namespace host {
 enum class HandleKind
 {
     File,
-    Mapping,
     Find
 };
 

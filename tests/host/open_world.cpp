@@ -24,7 +24,6 @@ class LedgerCheck : public testing::EmptyTestEventListener
         const host::Ledger after = host::OpenObjects();
         EXPECT_EQ(after.files, before_.files);
         EXPECT_EQ(after.finds, before_.finds);
-        EXPECT_EQ(after.mappings, before_.mappings);
         EXPECT_EQ(after.heaps, before_.heaps);
         EXPECT_EQ(after.blocks, before_.blocks);
         EXPECT_EQ(after.bytes, before_.bytes);
