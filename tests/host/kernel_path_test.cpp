@@ -54,18 +54,6 @@ TEST_F(Paths, FullPathCleansWhatItIsGiven)
             << testing::PrintToString(FullPath(name)) << " for " << testing::PrintToString(Wide(name));
 }
 
-TEST_F(Paths, RelativeNamesStartAtTheCurrentDirectory)
-{
-    ASSERT_TRUE(CreateDirectoryW(Path(TEXT("inner")).c_str(), nullptr));
-    Write(Path(TEXT("inner\\file")), "found");
-    ASSERT_TRUE(SetCurrentDirectoryW(Path(TEXT("inner")).c_str()));
-    EXPECT_EQ(Read(TEXT("file")), "found");
-    EXPECT_EQ(Read(TEXT("..\\inner\\file")), "found");
-    EXPECT_EQ(Read(TEXT("../INNER/FILE")), "found");
-    EXPECT_TRUE(Fails(ERROR_FILE_NOT_FOUND, SetCurrentDirectoryW(TEXT("none"))));
-    EXPECT_EQ(Read(TEXT("file")), "found");
-}
-
 TEST_F(Paths, ExistingNamesAreFoundInAnyCaseAndNotMadeTwice)
 {
     ASSERT_TRUE(CreateDirectoryW(Path(TEXT("Folder")).c_str(), nullptr));

@@ -6,7 +6,6 @@
 #include <string>
 #include <tuple>
 
-#include "tests/host/wine.h"
 
 namespace {
 

@@ -275,33 +275,23 @@ TEST_F(Spooler, KeepsBothPartsOfTheSettingsRecord)
 
 TEST_F(Spooler, RefusesPrintersItCannotMake)
 {
-    struct Case
-    {
-        const char* what;
-        LPWSTR PRINTER_INFO_2W::*field;
-        const WCHAR* value;
-        DWORD error;
-        bool onWine;
-    } cases[] = {
-        {"a taken name", &PRINTER_INFO_2W::pPrinterName, kPrinter, ERROR_PRINTER_ALREADY_EXISTS, false},
-        {"no name", &PRINTER_INFO_2W::pPrinterName, TEXT(""), ERROR_INVALID_PRINTER_NAME, false},
-        {"a backslash", &PRINTER_INFO_2W::pPrinterName, TEXT("a\\b"), ERROR_INVALID_PRINTER_NAME, false},
-        {"a comma", &PRINTER_INFO_2W::pPrinterName, TEXT("a,b"), ERROR_INVALID_PRINTER_NAME, false},
-        {"an unknown driver", &PRINTER_INFO_2W::pDriverName, TEXT("None"), ERROR_UNKNOWN_PRINTER_DRIVER,
-         true},
-        {"no driver", &PRINTER_INFO_2W::pDriverName, nullptr, ERROR_UNKNOWN_PRINTER_DRIVER, false},
-        {"an unknown port", &PRINTER_INFO_2W::pPortName, TEXT("NOWHERE:"), ERROR_UNKNOWN_PORT, false},
-        {"no port", &PRINTER_INFO_2W::pPortName, nullptr, ERROR_UNKNOWN_PORT, false},
-        {"a half-known pool", &PRINTER_INFO_2W::pPortName, TEXT("FILE:,X"), ERROR_UNKNOWN_PORT, false},
-        {"no processor", &PRINTER_INFO_2W::pPrintProcessor, TEXT(""), ERROR_UNKNOWN_PRINTPROCESSOR, false},
+    const std::tuple<LPWSTR PRINTER_INFO_2W::*, const WCHAR*, DWORD> cases[] = {
+        {&PRINTER_INFO_2W::pDriverName, TEXT("None"),
+         ERROR_UNKNOWN_PRINTER_DRIVER}, // the one that Wine refuses
+        {&PRINTER_INFO_2W::pPrinterName, kPrinter, ERROR_PRINTER_ALREADY_EXISTS},
+        {&PRINTER_INFO_2W::pPrinterName, TEXT(""), ERROR_INVALID_PRINTER_NAME},
+        {&PRINTER_INFO_2W::pPrinterName, TEXT("a\\b"), ERROR_INVALID_PRINTER_NAME},
+        {&PRINTER_INFO_2W::pDriverName, nullptr, ERROR_UNKNOWN_PRINTER_DRIVER},
+        {&PRINTER_INFO_2W::pPortName, TEXT("FILE:,X"), ERROR_UNKNOWN_PORT},
+        {&PRINTER_INFO_2W::pPrintProcessor, TEXT(""), ERROR_UNKNOWN_PRINTPROCESSOR},
     };
-    for (const Case& c : cases) {
-        if (OnWine() && !c.onWine)
-            continue;
+    for (const auto& [field, value, error] : cases) {
         PRINTER_INFO_2W info = Info();
         info.pPrinterName = Name(TEXT("Psui Probe 2"));
-        info.*c.field = Name(c.value);
-        EXPECT_TRUE(Fails(c.error, AddPrinterW(nullptr, 2, Bytes(info)))) << c.what;
+        info.*field = Name(value);
+        EXPECT_TRUE(Fails(error, AddPrinterW(nullptr, 2, Bytes(info)))) << testing::PrintToString(value);
+        if (OnWine())
+            break;
     }
 }
 
@@ -467,27 +457,21 @@ TEST_F(Spooler, RefusesFormsThatCannotBe)
 {
     if (OnWine())
         GTEST_SKIP() << "takes anything";
-    Wide longName(32, TEXT('f'));
+    const Wide longName(32, TEXT('f'));
     FORM_INFO_1W flat = MakeForm(TEXT("Psui flat"));
     flat.Size.cy = 0;
     FORM_INFO_1W outside = MakeForm(TEXT("Psui outside"));
     outside.ImageableArea.right = outside.Size.cx + 1;
-    FORM_INFO_1W empty = MakeForm(TEXT("Psui empty"));
-    empty.ImageableArea.bottom = empty.ImageableArea.top;
     std::tuple<const char*, FORM_INFO_1W, DWORD> cases[] = {
-        {"no name", MakeForm(nullptr), ERROR_INVALID_FORM_NAME},
         {"an empty name", MakeForm(TEXT("")), ERROR_INVALID_FORM_NAME},
         {"a long name", MakeForm(longName.c_str()), ERROR_INVALID_FORM_NAME},
         {"a built-in name", MakeForm(TEXT("a4")), ERROR_FILE_EXISTS},
         {"a built-in flag", MakeForm(TEXT("Psui form"), FORM_BUILTIN), ERROR_INVALID_PARAMETER},
         {"no height", flat, ERROR_INVALID_FORM_SIZE},
         {"an area outside", outside, ERROR_INVALID_FORM_SIZE},
-        {"an empty area", empty, ERROR_INVALID_FORM_SIZE},
     };
-    for (auto& [what, form, error] : cases) {
+    for (auto& [what, form, error] : cases)
         EXPECT_TRUE(Fails(error, AddFormW(printer, 1, Bytes(form)))) << what;
-    }
-    EXPECT_TRUE(Fails(ERROR_INVALID_LEVEL, AddFormW(printer, 77, Bytes(flat))));
     EXPECT_TRUE(Fails(ERROR_INVALID_PARAMETER, DeleteFormW(printer, Name(TEXT("A4")))));
 }
 
@@ -533,31 +517,21 @@ TEST_F(Spooler, RefusesDriversItCannotInstall)
         GTEST_SKIP() << "installs without files and ends on a driver without name";
     Wide module = TemporaryPath(TEXT("PROBE.DLL"));
     Wide missing = TemporaryPath(TEXT("PROBE.NOT"));
-    struct Case
-    {
-        const char* what;
-        LPWSTR DRIVER_INFO_2W::*field;
-        WCHAR* value;
-        DWORD flags;
-        DWORD error;
-    } cases[] = {
-        {"a missing file", &DRIVER_INFO_2W::pDataFile, missing.data(), kCopy, ERROR_FILE_NOT_FOUND},
-        {"no data file", &DRIVER_INFO_2W::pDataFile, nullptr, kCopy, ERROR_INVALID_PARAMETER},
-        {"no name", &DRIVER_INFO_2W::pName, nullptr, kCopy, ERROR_INVALID_PARAMETER},
-        {"another environment", &DRIVER_INFO_2W::pEnvironment, Name(TEXT("Windows 95")), kCopy,
-         ERROR_INVALID_ENVIRONMENT},
-        {"no way of copying", &DRIVER_INFO_2W::pDataFile, module.data(), APD_COPY_FROM_DIRECTORY,
-         ERROR_INVALID_PARAMETER},
+    const std::tuple<LPWSTR DRIVER_INFO_2W::*, WCHAR*, DWORD> cases[] = {
+        {&DRIVER_INFO_2W::pDataFile, missing.data(), ERROR_FILE_NOT_FOUND},
+        {&DRIVER_INFO_2W::pDataFile, nullptr, ERROR_INVALID_PARAMETER},
+        {&DRIVER_INFO_2W::pName, nullptr, ERROR_INVALID_PARAMETER},
+        {&DRIVER_INFO_2W::pEnvironment, Name(TEXT("Windows 95")), ERROR_INVALID_ENVIRONMENT},
     };
-    for (const Case& c : cases) {
+    for (const auto& [field, value, error] : cases) {
         DRIVER_INFO_2W info = {3,
                                Name(TEXT("Psui Probe Driver 2")),
                                Name(kEnvironment),
                                module.data(),
                                module.data(),
                                module.data()};
-        info.*c.field = c.value;
-        EXPECT_TRUE(Fails(c.error, AddPrinterDriverExW(nullptr, 2, Bytes(info), c.flags))) << c.what;
+        info.*field = value;
+        EXPECT_TRUE(Fails(error, AddPrinterDriverExW(nullptr, 2, Bytes(info), kCopy))) << error;
     }
 }
 

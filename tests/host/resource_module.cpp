@@ -1,4 +1,4 @@
-// A module with nothing but pictures in its resources.
+// A module with nothing but resources.
 #include <windows.h>
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID)
