@@ -2,7 +2,6 @@
 #include <cstring>
 
 #include "tests/host/gdi_canvas.h"
-#include "tests/host/wine.h"
 
 namespace {
 
@@ -155,29 +154,6 @@ TEST(Dib, IsDrawnFromMemory)
     EXPECT_EQ(canvas.Letters(), Picture({"br..", "gb..", "....", "...."}));
 }
 
-TEST(Dib, TakesColorsFromThePalette)
-{
-    struct
-    {
-        LOGPALETTE palette;
-        PALETTEENTRY second;
-    } description = {{0x300, 2, {{0, 255, 0, 0}}}, {255, 0, 0, 0}};
-    const HPALETTE palette = CreatePalette(&description.palette);
-    Canvas canvas(2, 1);
-    const HPALETTE previous = SelectPalette(canvas.Dc(), palette, FALSE);
-    EXPECT_EQ(previous, GetStockObject(DEFAULT_PALETTE));
-    EXPECT_NE(RealizePalette(canvas.Dc()), static_cast<UINT>(GDI_ERROR));
-    FullInfo info(2, 1, 8);
-    info.header.biClrUsed = 2;
-    const WORD places[] = {1, 0};
-    std::memcpy(info.colors, places, sizeof places);
-    const BYTE bits[4] = {0, 1, 0, 0};
-    EXPECT_EQ(SetDIBitsToDevice(canvas.Dc(), 0, 0, 2, 1, 0, 0, 0, 1, bits, info.Get(), DIB_PAL_COLORS), 1);
-    EXPECT_EQ(canvas.Letters(), Picture({"rg"}));
-    EXPECT_EQ(SelectPalette(canvas.Dc(), previous, FALSE), palette);
-    EXPECT_TRUE(DeleteObject(palette));
-}
-
 TEST(Dib, RefusesHeadersThatAreNotSound)
 {
     const struct
@@ -197,9 +173,6 @@ TEST(Dib, RefusesHeadersThatAreNotSound)
         info.bmiHeader = each.header;
         void* bits = &info;
         EXPECT_EQ(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0), nullptr) << each.what;
-    }
-    if (!OnWine()) {
-        EXPECT_EQ(CreateBitmap(-1, 1, 1, 32, nullptr), nullptr);
     }
     EXPECT_EQ(CreateBitmap(0x7FFFFFFF, 0x7FFFFFFF, 1, 32, nullptr), nullptr);
 }

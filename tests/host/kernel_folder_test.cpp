@@ -2,47 +2,11 @@
 #include "tests/host/scratch.h"
 #include "tests/host/wine.h"
 
-#include <tuple>
-#include <vector>
-
 namespace {
 
 class Folders : public Scratch
 {
-protected:
-    std::vector<Wide> List(const Wide& pattern)
-    {
-        std::vector<Wide> names;
-        WIN32_FIND_DATAW data;
-        const HANDLE find = FindFirstFileW(Path(pattern).c_str(), &data);
-        if (find == INVALID_HANDLE_VALUE)
-            return names;
-        do
-            names.push_back(data.cFileName);
-        while (FindNextFileW(find, &data));
-        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NO_MORE_FILES));
-        FindClose(find);
-        return names;
-    }
 };
-
-using Names = std::vector<Wide>;
-
-TEST_F(Folders, ListingMatchesPatternsWithoutRegardToCase)
-{
-    for (const WCHAR* name : {TEXT("alpha.txt"), TEXT("Beta.TXT"), TEXT("gamma"), TEXT("delta.text")})
-        Write(Path(name), "1234");
-    const std::tuple<const WCHAR*, Names> cases[] = {
-        {TEXT("*.txt"), {TEXT("alpha.txt"), TEXT("Beta.TXT")}},
-        {TEXT("?e*a.t*"), {TEXT("Beta.TXT"), TEXT("delta.text")}},
-        {TEXT("BETA.txt"), {TEXT("Beta.TXT")}},
-        {TEXT("*.*"),
-         {TEXT("."), TEXT(".."), TEXT("alpha.txt"), TEXT("Beta.TXT"), TEXT("delta.text"), TEXT("gamma")}},
-        {TEXT("*.doc"), {}},
-    };
-    for (const auto& [pattern, names] : cases)
-        EXPECT_EQ(List(pattern), names) << testing::PrintToString(Wide(pattern));
-}
 
 TEST_F(Folders, FoldersAreMadeAndRemovedOnlyWhereThatMakesSense)
 {

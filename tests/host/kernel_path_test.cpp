@@ -14,26 +14,12 @@ Wide FullPath(const Wide& name)
 
 class Paths : public Scratch
 {
-protected:
-    void SetUp() override
-    {
-        Scratch::SetUp();
-        WCHAR buffer[512];
-        ASSERT_NE(GetCurrentDirectoryW(512, buffer), 0u);
-        before_ = buffer;
-    }
-    void TearDown() override
-    {
-        EXPECT_TRUE(SetCurrentDirectoryW(before_.c_str()));
-        Scratch::TearDown();
-    }
-
-private:
-    Wide before_;
 };
 
 TEST_F(Paths, FullPathCleansWhatItIsGiven)
 {
+    WCHAR before[512];
+    ASSERT_NE(GetCurrentDirectoryW(512, before), 0u);
     ASSERT_TRUE(SetCurrentDirectoryW(TEXT("C:\\windows\\system32")));
     const std::tuple<const WCHAR*, const WCHAR*> cases[] = {
         {TEXT("C:\\a\\b"), TEXT("C:\\a\\b")},
@@ -52,6 +38,7 @@ TEST_F(Paths, FullPathCleansWhatItIsGiven)
     for (const auto& [name, full] : cases)
         EXPECT_EQ(lstrcmpiW(FullPath(name).c_str(), full), 0)
             << testing::PrintToString(FullPath(name)) << " for " << testing::PrintToString(Wide(name));
+    EXPECT_TRUE(SetCurrentDirectoryW(before));
 }
 
 TEST_F(Paths, ExistingNamesAreFoundInAnyCaseAndNotMadeTwice)

@@ -212,17 +212,6 @@ TEST_F(Profiles, EncodingOfTheFileStays)
     EXPECT_EQ(Content(), mark + std::string("[\0S\0]\0\r\0\n\0a\0=\0\x44\x30\r\0\n\0", 20));
 }
 
-TEST_F(Profiles, LongTextsSurvive)
-{
-    constexpr size_t kLength = 32000;
-    const Wide value(kLength, TEXT('v'));
-    const Wide name(kLength, TEXT('n'));
-    EXPECT_TRUE(Store(name.c_str(), name.c_str(), value.c_str()));
-    EXPECT_EQ(Ask(name.c_str(), name.c_str(), TEXT(""), kLength + 1), value);
-    EXPECT_TRUE(Store(name.c_str(), nullptr, nullptr));
-    EXPECT_EQ(Content(), "");
-}
-
 // Wine writes all of these as they come, and then finds other sections and keys.
 TEST_F(Profiles, NoNameOrValueBreaksTheFile)
 {

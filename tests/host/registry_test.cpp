@@ -6,7 +6,6 @@
 #include <string>
 #include <tuple>
 
-
 namespace {
 
 using Text = std::basic_string<WCHAR>;
@@ -185,22 +184,6 @@ TEST_F(Registry, EndsTheHandlesOfADeletedKey)
         EXPECT_EQ(ERROR_KEY_DELETED, result);
     for (HKEY key : {inner, again, outer})
         EXPECT_EQ(ERROR_SUCCESS, RegCloseKey(key));
-}
-
-TEST_F(Registry, DeletesTreesWithOrWithoutTheirRoot)
-{
-    HKEY key = nullptr;
-    for (const WCHAR* name : {TEXT("Tree\\A\\B"), TEXT("Tree\\C"), TEXT("Tree2")}) {
-        ASSERT_EQ(ERROR_SUCCESS, Create(home, name, &key));
-        RegCloseKey(key);
-    }
-    EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(home, TEXT("tree")));
-    EXPECT_FALSE(Has(TEXT("Tree")));
-    EXPECT_TRUE(Has(TEXT("Tree2")));
-    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("V"), "x"));
-    EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(home, nullptr));
-    EXPECT_FALSE(Has(TEXT("Tree2")));
-    EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegQueryValueExW(home, TEXT("V"), nullptr, nullptr, nullptr, nullptr));
 }
 
 TEST_F(Registry, RefusesHandlesThatAreNotOpen)

@@ -51,17 +51,17 @@ protected:
         return host::NativePath(u"C:\\windows\\system32\\spool\\drivers\\x64\\3\\T.DLL");
     }
 
-    static bool AddDriver(DWORD flags)
+    static bool AddDriver()
     {
         WCHAR* file = Name(TEXT("C:\\windows\\temp\\T.DLL"));
         DRIVER_INFO_2W info = {3, Name(kDriver), nullptr, file, file, file};
         return AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&info),
-                                   flags | APD_COPY_FROM_DIRECTORY);
+                                   APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY);
     }
 
     static HANDLE AddPrinter()
     {
-        EXPECT_TRUE(AddDriver(APD_COPY_ALL_FILES)) << GetLastError();
+        EXPECT_TRUE(AddDriver()) << GetLastError();
         PRINTER_INFO_2W info = {};
         info.pPrinterName = Name(kPrinter);
         info.pPortName = Name(TEXT("USB001"));
@@ -88,14 +88,14 @@ std::string Contents(int file)
 
 TEST_F(SpoolerWorld, NeverChangesTheBytesOfAnInstalledFile)
 {
-    ASSERT_TRUE(AddDriver(APD_COPY_ALL_FILES));
+    ASSERT_TRUE(AddDriver());
     ino_t first = FileNumber(Installed());
     int opened = open(Installed().c_str(), O_RDONLY);
-    ASSERT_TRUE(AddDriver(APD_COPY_ALL_FILES));
+    ASSERT_TRUE(AddDriver());
     EXPECT_EQ(first, FileNumber(Installed()));
 
     WriteSource("two");
-    ASSERT_TRUE(AddDriver(APD_COPY_ALL_FILES));
+    ASSERT_TRUE(AddDriver());
     EXPECT_NE(first, FileNumber(Installed()));
     EXPECT_EQ("one", Contents(opened));
     close(opened);
@@ -105,7 +105,7 @@ TEST_F(SpoolerWorld, NeverChangesTheBytesOfAnInstalledFile)
 
 TEST_F(SpoolerWorld, DeletesOnlyFilesThatNobodyElseUses)
 {
-    ASSERT_TRUE(AddDriver(APD_COPY_ALL_FILES));
+    ASSERT_TRUE(AddDriver());
     WCHAR* file = Name(TEXT("T.DLL"));
     DRIVER_INFO_2W info = {3, Name(TEXT("Second")), nullptr, file, file, file};
     ASSERT_TRUE(AddPrinterDriverExW(nullptr, 2, reinterpret_cast<BYTE*>(&info), APD_COPY_ALL_FILES));

@@ -309,22 +309,13 @@ TEST_F(World, CallsFromInsideDllMainAreTheProgramsOwn)
 /// A compiled resource file: the marking entry and one RCDATA entry 5 of eight bytes.
 std::vector<uint8_t> ResourceFile()
 {
-    std::vector<uint8_t> file;
-    const auto entry = [&](uint16_t type, uint16_t name, std::vector<uint8_t> data) {
-        const auto put32 = [&](uint32_t value) {
-            for (int shift = 0; shift < 32; shift += 8)
-                file.push_back(static_cast<uint8_t>(value >> shift));
-        };
-        put32(static_cast<uint32_t>(data.size()));
-        put32(32);
-        put32(0xFFFFu | static_cast<uint32_t>(type) << 16);
-        put32(0xFFFFu | static_cast<uint32_t>(name) << 16);
-        for (int i = 0; i < 4; ++i)
-            put32(0);
-        file.insert(file.end(), data.begin(), data.end());
+    constexpr uint32_t kWords[] = {
+        0, 32, 0x0000FFFF, 0x0000FFFF, 0, 0, 0, 0, //
+        8, 32, 0x000AFFFF, 0x0005FFFF, 0, 0, 0, 0, 0x04030201, 0x08070605,
     };
-    entry(0, 0, {});
-    entry(10, 5, {1, 2, 3, 4, 5, 6, 7, 8});
+    const auto bytes = std::as_bytes(std::span(kWords));
+    std::vector<uint8_t> file(bytes.size());
+    std::memcpy(file.data(), bytes.data(), bytes.size());
     return file;
 }
 
