@@ -47,14 +47,6 @@ TEST(GlobalMemory, MoveableBlockCountsItsLocks)
     EXPECT_EQ(GlobalFree(memory), nullptr);
 }
 
-TEST(GlobalMemory, EmptyMoveableBlockCannotBeLocked)
-{
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, 0);
-    ASSERT_NE(memory, nullptr);
-    EXPECT_EQ(GlobalLock(memory), nullptr);
-    EXPECT_EQ(GlobalFree(memory), nullptr);
-}
-
 TEST(GlobalMemory, FixedBlockIsItsOwnAddress)
 {
     const HGLOBAL memory = GlobalAlloc(GPTR, 10);

@@ -253,17 +253,6 @@ TEST_F(Profiles, FilesThatCannotBeWrittenAreLeftAlone)
     EXPECT_EQ(Content(), "[S]\r\nk=1\r\n");
 }
 
-TEST_F(Profiles, BareNamesLieInTheWindowsFolder)
-{
-    WCHAR folder[MAX_PATH];
-    GetWindowsDirectoryW(folder, MAX_PATH);
-    const Wide path = Wide(folder) + TEXT("\\psuitest.ini");
-    DeleteFileW(path.c_str());
-    EXPECT_TRUE(WritePrivateProfileStringW(TEXT("S"), TEXT("k"), TEXT("v"), TEXT("psuitest.ini")));
-    EXPECT_EQ(Read(path), "[S]\r\nk=v\r\n");
-    DeleteFileW(path.c_str());
-}
-
 TEST_F(Profiles, MissingFilesAnswerTheDefaultAndSayWhy)
 {
     SetLastError(ERROR_SUCCESS);
