@@ -182,13 +182,7 @@ Picture Painted(HWND control, int width, int height)
 
 TEST_F(OwnClasses, FramePaintsNestedOutlinesOrAGroup)
 {
-    struct Case
-    {
-        const WCHAR* text;
-        DWORD style;
-        Picture rows; // a arrow colour, h highlight, f face, o frame colour, s shadow, . what lay below
-    };
-    const Case kCases[] = {
+    const std::tuple<const WCHAR*, DWORD, Picture> cases[] = {
         {TEXT("2,0,0"), 0, {"aaaaah", "aaaahh", "aa..hh", "aa..hh", "ahhhhh", "hhhhhh"}},
         {TEXT("1,0,0"), kFrameSwapsEdges, {"hhhhha", "h....a", "h....a", "h....a", "h....a", "aaaaaa"}},
         {TEXT("1,0,0"), kFrameFilled, {"ffffff", "faaahf", "faffhf", "faffhf", "fhhhhf", "ffffff"}},
@@ -197,12 +191,12 @@ TEST_F(OwnClasses, FramePaintsNestedOutlinesOrAGroup)
         {TEXT(""), 0, {"......", "......", "......", "......", "......", "......"}},
         {TEXT("0,0,0"), kFrameGroup, {"sssssh", "sssshh", "ssffhh", "ssffhh", "shhhhh", "hhhhhh"}},
     };
-    for (const Case& each : kCases) {
-        const HWND frame = CreateWindowExW(0, kFrameClass, each.text, WS_CHILD | each.style, 0, 0, 6, 6,
-                                           parent_, nullptr, nullptr, nullptr);
+    for (const auto& [text, style, rows] : cases) {
+        const HWND frame = CreateWindowExW(0, kFrameClass, text, WS_CHILD | style, 0, 0, 6, 6, parent_,
+                                           nullptr, nullptr, nullptr);
         ASSERT_NE(frame, nullptr);
         std::copy(std::begin(kSlotColors), std::end(kSlotColors), RecordOf<FrameRecord>(frame)->colors.slots);
-        EXPECT_EQ(Painted(frame, 6, 6), each.rows) << each.style;
+        EXPECT_EQ(Painted(frame, 6, 6), rows) << style;
         DestroyWindow(frame);
     }
 }

@@ -60,13 +60,11 @@ TEST(Library, GivesBackEverythingItTookWhenTheWorldCloses)
     EXPECT_EQ(host::OpenObjects().blocks, 0);
 }
 
-struct FloatState
+/// Rounding mode and exception flags.
+std::pair<int, int> FloatState()
 {
-    int rounding = std::fegetround();
-    int flags = std::fetestexcept(FE_ALL_EXCEPT);
-
-    bool operator==(const FloatState&) const = default;
-};
+    return {std::fegetround(), std::fetestexcept(FE_ALL_EXCEPT)};
+}
 
 TEST(Library, LeavesTheCallersFloatingPointAsItWas)
 {
@@ -78,7 +76,7 @@ TEST(Library, LeavesTheCallersFloatingPointAsItWas)
     std::fesetround(FE_UPWARD);
     std::feclearexcept(FE_ALL_EXCEPT);
     std::feraiseexcept(FE_DIVBYZERO);
-    const FloatState before;
+    const auto before = FloatState();
     for (WORD capability = 0; capability < 40; ++capability) {
         library.Ask(printer, capability, output.data());
         EXPECT_EQ(before, FloatState()) << capability;

@@ -12,11 +12,7 @@ protected:
 
 TEST_F(PrinterSettings, StoreDataByItsLooksOrByTheTypeThatIsAskedFor)
 {
-    const struct
-    {
-        Words data;
-        nlohmann::json shown;
-    } rows[] = {
+    const std::pair<Words, nlohmann::json> rows[] = {
         {"4096", {{"type", "REG_DWORD"}, {"size", 4}, {"value", 4096}}},
         {"0x10", {{"type", "REG_DWORD"}, {"size", 4}, {"value", 16}}},
         {"4294967295", {{"type", "REG_DWORD"}, {"size", 4}, {"value", 4294967295}}},
@@ -27,17 +23,17 @@ TEST_F(PrinterSettings, StoreDataByItsLooksOrByTheTypeThatIsAskedFor)
         {"12 --type text", {{"type", "REG_SZ"}, {"size", 6}, {"value", "12"}}},
         {"12 --type bytes", {{"type", "REG_BINARY"}, {"size", 1}, {"value", "12"}}},
     };
-    for (const auto& row : rows) {
+    for (const auto& [data, shown] : rows) {
         Words line = "printer data P Value";
-        line.insert(line.end(), row.data.begin(), row.data.end());
-        EXPECT_EQ(JsonOutput(line), row.shown) << testing::PrintToString(line);
-        EXPECT_EQ(JsonOutput("printer data p value"), row.shown) << testing::PrintToString(line);
+        line.insert(line.end(), data.begin(), data.end());
+        EXPECT_EQ(JsonOutput(line), shown) << testing::PrintToString(line);
+        EXPECT_EQ(JsonOutput("printer data p value"), shown) << testing::PrintToString(line);
     }
     Output("printer data P Other 7");
     const nlohmann::json list = JsonOutput("printer data P");
     ASSERT_EQ(list.size(), 2u) << list;
     EXPECT_EQ(list["Other"]["value"], 7);
-    EXPECT_EQ(list["Value"], rows[std::size(rows) - 1].shown);
+    EXPECT_EQ(list["Value"], std::rbegin(rows)->second);
     EXPECT_NE(Output("printer data P").find("REG_BINARY"), std::string::npos);
 }
 

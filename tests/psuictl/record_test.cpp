@@ -87,12 +87,8 @@ TEST_F(RecordCommands, NamePapersAndMediaInTheChosenLanguage)
 TEST_F(RecordCommands, ShowShortAndForeignRecordsAsFarAsTheyGo)
 {
     const std::string own = ReadText(Path("own.dm"));
-    const struct
-    {
-        size_t length;
-        const char* last;    ///< the last field that is there
-        const char* missing; ///< the first one that is not
-    } rows[] = {
+    // Its length, the last field that is there and the first one that is not.
+    const std::tuple<size_t, const char*, const char*> rows[] = {
         {0, nullptr, "dmDeviceName"},
         {66, "dmSpecVersion", "dmDriverVersion"},
         {71, "dmSize", "dmDriverExtra"},
@@ -100,14 +96,14 @@ TEST_F(RecordCommands, ShowShortAndForeignRecordsAsFarAsTheyGo)
         {219, "dmPanningWidth", "dmPanningHeight"},
         {1851, "reserved1625", "endMark"},
     };
-    for (const auto& row : rows) {
-        WriteText(Path("cut.dm"), own.substr(0, row.length));
+    for (const auto& [length, last, missing] : rows) {
+        WriteText(Path("cut.dm"), own.substr(0, length));
         const Outcome outcome = Run("record show cut.dm --json");
-        EXPECT_EQ(outcome.code, 0) << row.length << outcome;
-        EXPECT_NE(outcome.err.find("note: "), std::string::npos) << row.length << outcome;
+        EXPECT_EQ(outcome.code, 0) << length << outcome;
+        EXPECT_NE(outcome.err.find("note: "), std::string::npos) << length << outcome;
         const nlohmann::json json = outcome.Json();
-        EXPECT_TRUE(!row.last || json.contains(row.last)) << row.length << outcome;
-        EXPECT_FALSE(json.contains(row.missing)) << row.length << outcome;
+        EXPECT_TRUE(!last || json.contains(last)) << length << outcome;
+        EXPECT_FALSE(json.contains(missing)) << length << outcome;
     }
     Output("record set own.dm dwSignature=ELSE -o foreign.dm");
     const nlohmann::json foreign = JsonOutput("record show foreign.dm");
