@@ -74,20 +74,16 @@ protected:
         return control;
     }
 
-    /// `parameter` is a number, a text or the address of a record.
+    /// `parameter` is a number, a text, in ASCII or not, or the address of a record.
     template <class Parameter = LPARAM>
     static int Send(HWND control, UINT message, WPARAM wParam = 0, Parameter parameter = 0)
     {
-        LPARAM lParam = 0;
-        if constexpr (std::is_pointer_v<Parameter>)
-            lParam = reinterpret_cast<LPARAM>(parameter);
+        if constexpr (std::is_convertible_v<Parameter, const char*>)
+            return Send(control, message, wParam, Widened(parameter).c_str());
+        else if constexpr (std::is_pointer_v<Parameter>)
+            return Send(control, message, wParam, reinterpret_cast<LPARAM>(parameter));
         else
-            lParam = static_cast<LPARAM>(parameter);
-        return static_cast<int>(SendMessageW(control, message, wParam, lParam));
-    }
-    static int Send(HWND control, UINT message, WPARAM wParam, const char* text)
-    {
-        return Send(control, message, wParam, Widened(text).c_str());
+            return static_cast<int>(SendMessageW(control, message, wParam, static_cast<LPARAM>(parameter)));
     }
 
     static void Pump()
