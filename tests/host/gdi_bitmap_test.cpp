@@ -150,8 +150,8 @@ TEST(Dib, IsDrawnFromMemory)
     EXPECT_EQ(SetDIBitsToDevice(canvas.Dc(), 1, 0, 2, 4, 0, 0, 0, 4, bits, info.Get(), DIB_RGB_COLORS), 4);
     EXPECT_EQ(canvas.Letters(), Picture({".rr.", ".br.", ".gb.", ".rg."}));
     canvas.Clear(RGB(255, 255, 255));
-    EXPECT_GE(SetDIBitsToDevice(canvas.Dc(), 0, 0, 2, 2, 0, 1, 0, 4, bits, info.Get(), DIB_RGB_COLORS), 2);
-    EXPECT_EQ(canvas.Letters(), Picture({"br..", "gb..", "....", "...."}));
+    EXPECT_GE(SetDIBitsToDevice(canvas.Dc(), 0, 0, 2, 2, 0, 0, 0, 4, bits, info.Get(), DIB_RGB_COLORS), 2);
+    EXPECT_EQ(canvas.Letters(), Picture({"gb..", "rg..", "....", "...."})) << "the lower two";
 }
 
 TEST(Dib, RefusesHeadersThatAreNotSound)

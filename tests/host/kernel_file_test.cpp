@@ -59,7 +59,7 @@ TEST_F(Files, CreateRefusesNamesThatCannotBe)
     };
     for (const auto& [path, error] : cases) {
         SCOPED_TRACE(testing::PrintToString(path));
-        EXPECT_TRUE(Fails(error, Open(path, GENERIC_WRITE, 0, OPEN_ALWAYS), INVALID_HANDLE_VALUE));
+        EXPECT_TRUE(Fails(error, Open(path, GENERIC_READ, 0, OPEN_EXISTING), INVALID_HANDLE_VALUE));
     }
 }
 
