@@ -128,7 +128,7 @@ TEST_P(Models, StartWithChoicesThatGoTogether)
     const uint16_t features = DocumentFeatureDefaults(&model(), chosen);
     ASSERT_LE(features, kMaxSelections);
     for (uint16_t i = 0; i < installable; ++i)
-        EXPECT_EQ(installed[i], NthNode(model().features.get(), features + i)->defaultOption) << i;
+        EXPECT_EQ(installed[i], uint64_t{NthNode(model().features.get(), features + i)->defaultOption}) << i;
     for (uint16_t i = 0; i < features; ++i)
         EXPECT_EQ(FindConflict(&model(), installed, chosen, i, chosen[i]), 0u)
             << NthNode(model().features.get(), i)->keyword.get();
