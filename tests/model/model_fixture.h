@@ -93,7 +93,7 @@ inline std::string Summary(const ModelPtr& model)
         lines += f->translation ? "/" + TextOf(f->translation) + ":" : ":";
         for (const ModelOption* o = f->options.get(); o; o = o->next.get()) {
             const bool required = f->featureIndex == kFeatureInputSlot &&
-                                  reinterpret_cast<const InputSlotOption*>(o)->requiresPageRegion != 0;
+                                  reinterpret_cast<const InputSlotOption*>(o)->requiresPageRegion == 1;
             lines += " " + TextOf(o->name) + (required ? "!=" : "=") + TextOf(o->invocation);
             lines += o->translation ? "/" + TextOf(o->translation) : "";
         }
