@@ -1,5 +1,6 @@
 #pragma once
 // A printer of the world whose driver's data file is a model text of the test's own.
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -24,8 +25,7 @@ public:
     Printer(std::u16string name, std::string_view modelText, DEVMODEW* stored = nullptr)
         : name_(std::move(name))
     {
-        static int models = 0;
-        const std::string source = host::RootFolder() + "/drive_c/model" + std::to_string(++models) + ".ppd";
+        const std::string source = host::RootFolder() + "/drive_c/" + FileStem() + ".ppd";
         WriteNative(source, modelText);
         Install(host::WindowsPath(source), stored);
         EXPECT_TRUE(OpenPrinterW(name_.data(), &handle_, nullptr));
@@ -63,6 +63,16 @@ public:
     }
 
 private:
+    /// What file names may have of the printer's name.
+    std::string FileStem() const
+    {
+        std::string stem;
+        for (const WCHAR c : name_.substr(0, 40))
+            if (c < 0x80 && std::isalnum(static_cast<int>(c)))
+                stem += static_cast<char>(c);
+        return stem;
+    }
+
     void Install(std::u16string dataFile, DEVMODEW* stored)
     {
         std::u16string environment = TEXT("Windows x64"), port = TEXT("FILE:"), processor = TEXT("raw");
