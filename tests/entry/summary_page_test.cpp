@@ -26,7 +26,8 @@ public:
         window = CreateWindowExW(0, TEXT("STATIC"), TEXT("Sheet"), WS_POPUP | WS_VISIBLE, 10, 10, 500, 400,
                                  nullptr, nullptr, nullptr, nullptr);
         EXPECT_NE(window, nullptr);
-        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure));
+        own = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
         tabControl = CreateWindowExW(0, WC_TABCONTROLW, nullptr, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0,
                                      500, 30, window, nullptr, nullptr, nullptr);
         TCITEMW tab = {};
@@ -42,13 +43,15 @@ public:
     static inline std::vector<int> commands;
 
 private:
+    static inline WNDPROC own = nullptr;
+
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {
         if (message == kGetTabControl)
             return reinterpret_cast<LRESULT>(tabControl);
         if (message == WM_COMMAND)
             commands.push_back(LOWORD(wParam));
-        return DefWindowProcW(window, message, wParam, lParam);
+        return CallWindowProcW(own, window, message, wParam, lParam);
     }
 };
 
