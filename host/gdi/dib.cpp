@@ -83,7 +83,7 @@ Image ViewOf(const DibFormat& format, const void* bits, std::vector<uint32_t> ta
     return image;
 }
 
-std::optional<Image> ViewOfPackedDib(std::span<const std::byte> data)
+std::optional<Image> ViewOfPackedDib(std::span<const std::byte> data, size_t bitsOffset)
 {
     BITMAPINFOHEADER header;
     if (data.size() < sizeof header)
@@ -92,8 +92,9 @@ std::optional<Image> ViewOfPackedDib(std::span<const std::byte> data)
     const std::optional<DibFormat> format = ReadDibHeader(header);
     if (!format || format->tableOffset > data.size())
         return {};
-    const size_t bits = format->tableOffset + format->colorCount * sizeof(RGBQUAD);
-    if (bits > data.size() || data.size() - bits < format->ImageBytes())
+    const size_t tableEnd = format->tableOffset + format->colorCount * sizeof(RGBQUAD);
+    const size_t bits = bitsOffset != 0 ? bitsOffset : tableEnd;
+    if (bits < tableEnd || bits > data.size() || data.size() - bits < format->ImageBytes())
         return {};
     return ViewOf(*format, data.data() + bits,
                   ReadColorTable(data.data(), *format, DIB_RGB_COLORS, *Stock<Palette>(DEFAULT_PALETTE)));

@@ -34,9 +34,9 @@ std::vector<uint32_t> ReadColorTable(const void* info, const DibFormat& format, 
 /// An image in the program's memory; it must stay there and hold format.ImageBytes().
 Image ViewOf(const DibFormat& format, const void* bits, std::vector<uint32_t> table);
 
-/// An image in a resource: header, colour table, then the bits. Nothing when any of it lies outside of
-/// `data`, which must stay there.
-std::optional<Image> ViewOfPackedDib(std::span<const std::byte> data);
+/// An image in a resource or a file's memory: header, colour table, then the bits, or the bits at
+/// `bitsOffset` when that is not 0. Nothing when any of it lies outside of `data`, which must stay there.
+std::optional<Image> ViewOfPackedDib(std::span<const std::byte> data, size_t bitsOffset = 0);
 
 /// Copies the pixels of one row into another of the same length in another image.
 void CopyRow(const Image& from, int fromY, const Image& to, int toY, int count);

@@ -1,7 +1,9 @@
-// Pictures from modules' resources.
+// Pictures from modules' resources and from files.
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <map>
+#include <string>
 #include <tuple>
 
 #include "host/gdi/bitmap.h"
@@ -15,6 +17,7 @@ namespace host {
 namespace {
 
 constexpr int kDefaultSide = 32; // of icons and cursors, in pixels
+constexpr DWORD kMaxFileBytes = 1u << 28;
 
 std::span<const std::byte> ResourceBytes(HINSTANCE module, LPCWSTR name, LPCWSTR type)
 {
@@ -25,32 +28,121 @@ std::span<const std::byte> ResourceBytes(HINSTANCE module, LPCWSTR name, LPCWSTR
     return {bytes, bytes != nullptr ? SizeofResource(module, resource) : 0};
 }
 
+/// The bytes of a file; none when it cannot be read.
+std::vector<std::byte> FileBytes(LPCWSTR path)
+{
+    const HANDLE file = CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return {};
+    const DWORD size = GetFileSize(file, nullptr);
+    std::vector<std::byte> bytes(size < kMaxFileBytes ? size : 0);
+    DWORD count = 0;
+    if (!ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr))
+        count = 0;
+    bytes.resize(count);
+    CloseHandle(file);
+    return bytes;
+}
+
+/// The image in a bitmap file, which must stay in memory.
+std::optional<Image> ImageInFile(std::span<const std::byte> file)
+{
+    constexpr WORD kMark = 0x4D42; // "BM"
+    BITMAPFILEHEADER header;
+    if (file.size() < sizeof header)
+        return {};
+    std::memcpy(&header, file.data(), sizeof header);
+    if (header.bfType != kMark || header.bfOffBits < sizeof header)
+        return {};
+    return ViewOfPackedDib(file.subspan(sizeof header), header.bfOffBits - sizeof header);
+}
+
+/// Colours that LR_LOADMAP3DCOLORS exchanges.
+constexpr struct
+{
+    uint32_t pixel;
+    int systemColor;
+} kMappedColors[] = {
+    {0x808080, COLOR_3DSHADOW},
+    {0xC0C0C0, COLOR_3DFACE},
+    {0xDFDFDF, COLOR_3DLIGHT},
+};
+
+void MapColors(Image& image, UINT flags)
+{
+    if ((flags & LR_LOADMAP3DCOLORS) != 0) {
+        for (uint32_t& pixel : image.table) {
+            for (const auto& row : kMappedColors) {
+                if (row.pixel == pixel)
+                    pixel = ExchangeRedBlue(GetSysColor(row.systemColor));
+            }
+        }
+    }
+    if ((flags & LR_LOADTRANSPARENT) != 0 && !image.table.empty()) {
+        const uint32_t first = RowAccess(image, 0, 0, 1, RowUse::Read).Pixels()[0];
+        std::replace(image.table.begin(), image.table.end(), first,
+                     ExchangeRedBlue(GetSysColor(COLOR_WINDOW)));
+    }
+}
+
 bool IsBlackAndWhite(const Image& image)
 {
     return image.depth == 1 && ((image.table[0] == kBlackPixel && image.table[1] == kWhitePixel) ||
                                 (image.table[0] == kWhitePixel && image.table[1] == kBlackPixel));
 }
 
-HBITMAP LoadBitmapImage(HINSTANCE module, LPCWSTR name)
+/// A bitmap for the size wanted: a section that keeps the picture's depth and colours, or one like the
+/// screen.
+std::shared_ptr<Bitmap> BitmapFor(const Image& picture, int width, int height, UINT flags)
 {
-    const std::span<const std::byte> data = ResourceBytes(module, name, RT_BITMAP);
-    if (data.empty()) {
-        SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
-        return nullptr;
-    }
-    const std::optional<Image> picture = ViewOfPackedDib(data);
+    if ((flags & LR_CREATEDIBSECTION) == 0)
+        return MakeBitmap(width, height, IsBlackAndWhite(picture) || (flags & LR_MONOCHROME) != 0 ? 1 : 32);
+    BITMAPINFOHEADER header = {};
+    header.biSize = sizeof header;
+    header.biWidth = width;
+    header.biHeight = height;
+    header.biPlanes = 1;
+    header.biBitCount = static_cast<WORD>(picture.depth);
+    const std::optional<DibFormat> format = ReadDibHeader(header);
+    return format ? MakeSection(*format, header, picture.table) : nullptr;
+}
+
+HBITMAP LoadPicture(std::optional<Image> picture, int width, int height, UINT flags)
+{
     if (!picture) {
         SetLastError(ERROR_RESOURCE_DATA_NOT_FOUND);
         return nullptr;
     }
     const GdiLock lock;
-    const int depth = IsBlackAndWhite(*picture) ? 1 : 32; // else like the screen
-    const std::shared_ptr<Bitmap> bitmap = MakeBitmap(picture->width, picture->height, depth);
+    MapColors(*picture, flags);
+    const int cx = width > 0 ? width : picture->width;
+    const int cy = height > 0 ? height : picture->height;
+    const std::shared_ptr<Bitmap> bitmap = BitmapFor(*picture, cx, cy, flags);
     if (!bitmap)
         return nullptr;
-    for (int y = 0; y < picture->height; ++y)
-        CopyRow(*picture, y, bitmap->image, y, picture->width);
+    for (int y = 0; y < cy; ++y) {
+        const int fromY = static_cast<int>(int64_t{y} * picture->height / cy);
+        const RowAccess from(*picture, fromY, 0, picture->width, RowUse::Read);
+        const RowAccess to(bitmap->image, y, 0, cx, RowUse::Write);
+        for (int x = 0; x < cx; ++x)
+            to.Pixels()[x] = from.Pixels()[int64_t{x} * picture->width / cx];
+    }
     return NewBitmapHandle(bitmap);
+}
+
+HANDLE LoadBitmapImage(HINSTANCE module, LPCWSTR name, int width, int height, UINT flags)
+{
+    if ((flags & LR_LOADFROMFILE) != 0) {
+        const std::vector<std::byte> file = FileBytes(name);
+        return LoadPicture(ImageInFile(file), width, height, flags);
+    }
+    const std::span<const std::byte> data = ResourceBytes(module, name, RT_BITMAP);
+    if (data.empty()) {
+        SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+        return nullptr;
+    }
+    return LoadPicture(ViewOfPackedDib(data), width, height, flags);
 }
 
 /// One picture of an icon or cursor, as its group lists it.
@@ -222,12 +314,13 @@ using namespace host;
 HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int width, int height, UINT flags)
 {
     HOST_CALL(LoadImageW, nullptr, ERROR_RESOURCE_NAME_NOT_FOUND);
-    // Bitmaps come in their own size only: LoadBitmapW loads them.
-    if (name == nullptr || width < 0 || height < 0 || (type != IMAGE_ICON && type != IMAGE_CURSOR)) {
+    if (name == nullptr || width < 0 || height < 0 || type > IMAGE_CURSOR) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    if (module == nullptr)
+    if (type == IMAGE_BITMAP)
+        return LoadBitmapImage(module, name, width, height, flags);
+    if (module == nullptr && (flags & LR_LOADFROMFILE) == 0)
         return SystemIcon(name, type == IMAGE_CURSOR);
     return LoadIconImage(module, name, type == IMAGE_CURSOR, width, height, flags);
 }
@@ -235,7 +328,7 @@ HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int width, i
 HBITMAP WINAPI LoadBitmapW(HINSTANCE module, LPCWSTR name)
 {
     HOST_CALL(LoadBitmapW, nullptr, ERROR_RESOURCE_NAME_NOT_FOUND);
-    return LoadBitmapImage(module, name);
+    return static_cast<HBITMAP>(LoadImageW(module, name, IMAGE_BITMAP, 0, 0, 0));
 }
 
 HICON WINAPI LoadIconW(HINSTANCE module, LPCWSTR name)

@@ -1,5 +1,7 @@
-// Pictures, icons and cursors from a module's resources.
+// Pictures, icons and cursors from a module's resources and from files.
 #include "tests/host/gdi_canvas.h"
+#include "tests/host/scratch.h"
+#include "tests/host/wine.h"
 
 namespace {
 
@@ -140,4 +142,37 @@ TEST(MadeIcons, AreMaskAndPicture)
     EXPECT_EQ(canvas.Letters(), Picture({"br"}));
     EXPECT_TRUE(DestroyIcon(icon));
     EXPECT_FALSE(DestroyIcon(icon));
+}
+
+class PictureFile : public Scratch
+{
+};
+
+TEST_F(PictureFile, IsReadWhenItIsSound)
+{
+    // Two pixels with 24 bits: blue, then red; the row ends at 4 bytes.
+    const std::string sound{"BM\x3E\0\0\0\0\0\0\0\x36\0\0\0"
+                            "\x28\0\0\0\x02\0\0\0\x01\0\0\0\x01\0\x18\0\0\0\0\0\x08\0\0\0"
+                            "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"
+                            "\xFF\0\0\0\0\xFF\0\0",
+                            62};
+    const Wide path = Path(TEXT("picture.bmp"));
+    const auto load = [&](const std::string& bytes) {
+        Write(path, bytes);
+        return static_cast<HBITMAP>(LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE));
+    };
+    const HBITMAP bitmap = load(sound);
+    ASSERT_NE(bitmap, nullptr);
+    Canvas canvas(2, 1);
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const HGDIOBJ previous = SelectObject(dc, bitmap);
+    BitBlt(canvas.Dc(), 0, 0, 2, 1, dc, 0, 0, SRCCOPY);
+    EXPECT_EQ(canvas.Letters(), Picture({"br"}));
+    SelectObject(dc, previous);
+    EXPECT_TRUE(DeleteDC(dc));
+    EXPECT_TRUE(DeleteObject(bitmap));
+    if (OnWine())
+        GTEST_SKIP() << "trusts what files say of their size";
+    for (size_t length = 0; length < sound.size(); ++length)
+        EXPECT_EQ(load(sound.substr(0, length)), nullptr) << length;
 }
