@@ -103,6 +103,7 @@ struct Ledger
 {
     int64_t files = 0;
     int64_t finds = 0;
+    int64_t mappings = 0; ///< mapping objects and views together
     int64_t heaps = 0;    ///< private heaps
     int64_t blocks = 0;   ///< heap, global and local blocks together
     int64_t bytes = 0;    ///< in those blocks
@@ -133,8 +134,8 @@ HOST_EXPORT Ledger OpenObjects();
 /// The system's 8-bit code page: 1252 (initially) or 932.
 HOST_EXPORT void SetCodePage(unsigned codePage);
 
-/// Dots per inch of the screen, 96 initially, which dialogs are sized by. Frames and the system's own fonts stay
-/// as they are.
+/// Dots per inch of the screen, 96 initially: what GetDeviceCaps tells, and what dialogs are sized by. Frames
+/// and the system's own fonts stay as they are.
 HOST_EXPORT void SetDotsPerInch(int dotsPerInch);
 
 /// Makes a window of the given class the calling process's active window; an empty name leaves no active

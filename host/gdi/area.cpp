@@ -36,6 +36,11 @@ std::shared_ptr<Brush> BrushOf(HBRUSH handle)
     return Gdi<Brush>(handle);
 }
 
+void FillColor(DeviceContext& dc, const RECT& rect, COLORREF color)
+{
+    Painter(dc, SolidInk(dc.PixelOf(color)), kCopyPattern).Rect(dc.ToSurface(rect));
+}
+
 } // namespace host
 
 using namespace host;
@@ -60,6 +65,16 @@ int WINAPI FrameRect(HDC handle, const RECT* rect, HBRUSH brushHandle)
         return FALSE;
     Painter painter(*dc, InkOf(*dc, *brush), kCopyPattern);
     PaintFrame(painter, dc->ToSurface(*rect));
+    return TRUE;
+}
+
+BOOL WINAPI InvertRect(HDC handle, const RECT* rect)
+{
+    HOST_CALL_VOID(InvertRect);
+    const LockedDc dc(handle);
+    if (!dc || rect == nullptr)
+        return FALSE;
+    Painter(*dc, SolidInk(0), kInvert).Rect(dc->ToSurface(*rect));
     return TRUE;
 }
 

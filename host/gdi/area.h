@@ -11,4 +11,7 @@ namespace host {
 /// ERROR_INVALID_HANDLE set, when it is neither.
 std::shared_ptr<Brush> BrushOf(HBRUSH handle);
 
+/// Fills a rectangle in logical coordinates.
+void FillColor(DeviceContext& dc, const RECT& rect, COLORREF color);
+
 } // namespace host

@@ -183,6 +183,17 @@ bool Stretch(HDC handle, const Frame& to, HDC sourceHandle, const Frame& from, D
     return true;
 }
 
+/// The view of a DIB that a program hands in; nothing when it is not sound.
+std::optional<Image> ProgramDib(const DeviceContext& dc, const void* bits, const BITMAPINFO* info, UINT usage)
+{
+    if (bits == nullptr || info == nullptr)
+        return {};
+    const std::optional<DibFormat> format = ReadDibHeader(info->bmiHeader);
+    if (!format)
+        return {};
+    return ViewOf(*format, bits, ReadColorTable(info, *format, usage, *dc.state.palette.Get()));
+}
+
 } // namespace
 
 Frame OnSurface(const DeviceContext& dc, const Frame& frame)
@@ -223,6 +234,33 @@ BOOL WINAPI BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int 
 {
     HOST_CALL_VOID(BitBlt);
     return Stretch(dc, {x, y, width, height}, source, {sourceX, sourceY, width, height}, operation);
+}
+
+BOOL WINAPI StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                       int sourceWidth, int sourceHeight, DWORD operation)
+{
+    HOST_CALL_VOID(StretchBlt);
+    return Stretch(dc, {x, y, width, height}, source, {sourceX, sourceY, sourceWidth, sourceHeight},
+                   operation);
+}
+
+int WINAPI StretchDIBits(HDC handle, int x, int y, int width, int height, int sourceX, int sourceY,
+                         int sourceWidth, int sourceHeight, const VOID* bits, const BITMAPINFO* info,
+                         UINT usage, DWORD operation)
+{
+    HOST_CALL_VOID(StretchDIBits);
+    const LockedDc dc(handle);
+    if (!dc)
+        return 0;
+    const std::optional<Image> image = ProgramDib(*dc, bits, info, usage);
+    if (!image)
+        return FailWith(ERROR_INVALID_PARAMETER);
+    // Rows are counted from the end where the memory begins.
+    const bool bottomUp = image->stride < 0;
+    const int top = bottomUp ? image->height - sourceY - sourceHeight : sourceY;
+    Transfer(*dc, OnSurface(*dc, {x, y, width, height}), *image, {sourceX, top, sourceWidth, sourceHeight},
+             {}, TableOf(operation));
+    return image->height;
 }
 
 int WINAPI SetDIBitsToDevice(HDC handle, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY,

@@ -10,6 +10,8 @@
 namespace host {
 namespace {
 
+constexpr int kScreenWidth = 1280; // pixels, of what GetDeviceCaps calls the device
+constexpr int kScreenHeight = 1024;
 constexpr int kUsualDotsPerInch = 96;
 
 std::atomic<int> dotsPerInch = kUsualDotsPerInch;
@@ -106,6 +108,46 @@ T ValueOf(HDC handle, T DcState::*field, T failure = 0)
     return dc ? (*dc).state.*field : failure;
 }
 
+BOOL ExchangePoint(HDC handle, POINT DcState::*field, POINT value, bool relative, LPPOINT previous)
+{
+    const LockedDc dc(handle);
+    if (!dc)
+        return FALSE;
+    POINT& point = dc->state.*field;
+    if (previous != nullptr)
+        *previous = point;
+    point = relative ? POINT{point.x + value.x, point.y + value.y} : value;
+    return TRUE;
+}
+
+BOOL CopyPoint(HDC handle, POINT DcState::*field, LPPOINT point)
+{
+    const LockedDc dc(handle);
+    if (!dc || point == nullptr)
+        return FALSE;
+    *point = (*dc).state.*field;
+    return TRUE;
+}
+
+/// Moves points by the two origins; `direction` is 1 to device coordinates and -1 to logical ones.
+BOOL MovePoints(HDC handle, LPPOINT points, int count, LONG direction)
+{
+    const LockedDc dc(handle);
+    if (!dc || points == nullptr)
+        return FALSE;
+    const DcState& state = dc->state;
+    for (int i = 0; i < count; ++i) {
+        points[i].x += direction * (state.viewportOrigin.x - state.windowOrigin.x);
+        points[i].y += direction * (state.viewportOrigin.y - state.windowOrigin.y);
+    }
+    return TRUE;
+}
+
+int Millimetres(int pixels)
+{
+    return pixels * 254 / (10 * dotsPerInch);
+}
+
 } // namespace
 
 void SetDotsPerInch(int wanted)
@@ -126,7 +168,8 @@ void ResetDotsPerInch()
 POINT DeviceContext::ToSurface(POINT logical) const
 {
     const POINT base = memory ? POINT{} : origin;
-    return {logical.x + state.viewportOrigin.x + base.x, logical.y + state.viewportOrigin.y + base.y};
+    return {logical.x - state.windowOrigin.x + state.viewportOrigin.x + base.x,
+            logical.y - state.windowOrigin.y + state.viewportOrigin.y + base.y};
 }
 
 RECT DeviceContext::ToSurface(const RECT& logical) const
@@ -136,7 +179,8 @@ RECT DeviceContext::ToSurface(const RECT& logical) const
 
 POINT DeviceContext::ToLogical(POINT device) const
 {
-    return {device.x - state.viewportOrigin.x, device.y - state.viewportOrigin.y};
+    return {device.x + state.windowOrigin.x - state.viewportOrigin.x,
+            device.y + state.windowOrigin.y - state.viewportOrigin.y};
 }
 
 uint32_t DeviceContext::PixelOf(COLORREF color) const
@@ -246,6 +290,46 @@ BOOL WINAPI RestoreDC(HDC handle, int saved)
     return TRUE;
 }
 
+int WINAPI GetDeviceCaps(HDC handle, int index)
+{
+    HOST_CALL_VOID(GetDeviceCaps);
+    const struct
+    {
+        int index;
+        int value;
+    } kCaps[] = {
+        {DRIVERVERSION, 0x4000},
+        {TECHNOLOGY, DT_RASDISPLAY},
+        {HORZSIZE, Millimetres(kScreenWidth)},
+        {VERTSIZE, Millimetres(kScreenHeight)},
+        {HORZRES, kScreenWidth},
+        {VERTRES, kScreenHeight},
+        {BITSPIXEL, 32},
+        {PLANES, 1},
+        {NUMBRUSHES, -1},
+        {NUMPENS, -1},
+        {NUMFONTS, 0},
+        {NUMCOLORS, -1},
+        {RASTERCAPS, RC_BITBLT | RC_BITMAP64 | RC_DI_BITMAP | RC_DIBTODEV | RC_STRETCHBLT | RC_STRETCHDIB},
+        {ASPECTX, 36},
+        {ASPECTY, 36},
+        {ASPECTXY, 51},
+        {LOGPIXELSX, dotsPerInch},
+        {LOGPIXELSY, dotsPerInch},
+        {VREFRESH, 60},
+        {DESKTOPHORZRES, kScreenWidth},
+        {DESKTOPVERTRES, kScreenHeight},
+    };
+    const LockedDc dc(handle);
+    if (!dc)
+        return 0;
+    for (const auto& row : kCaps) {
+        if (row.index == index)
+            return row.value;
+    }
+    return 0;
+}
+
 HGDIOBJ WINAPI SelectObject(HDC handle, HGDIOBJ objectHandle)
 {
     HOST_CALL_VOID(SelectObject);
@@ -289,29 +373,76 @@ BOOL WINAPI GdiFlush(void)
     return TRUE;
 }
 
+BOOL WINAPI SetViewportOrgEx(HDC handle, int x, int y, LPPOINT previous)
+{
+    HOST_CALL_VOID(SetViewportOrgEx);
+    return ExchangePoint(handle, &DcState::viewportOrigin, {x, y}, false, previous);
+}
+
 BOOL WINAPI OffsetViewportOrgEx(HDC handle, int x, int y, LPPOINT previous)
 {
     HOST_CALL_VOID(OffsetViewportOrgEx);
-    const LockedDc dc(handle);
-    if (!dc)
-        return FALSE;
-    POINT& origin = dc->state.viewportOrigin;
-    if (previous != nullptr)
-        *previous = origin;
-    origin = {origin.x + x, origin.y + y};
-    return TRUE;
+    return ExchangePoint(handle, &DcState::viewportOrigin, {x, y}, true, previous);
+}
+
+BOOL WINAPI GetViewportOrgEx(HDC handle, LPPOINT point)
+{
+    HOST_CALL_VOID(GetViewportOrgEx);
+    return CopyPoint(handle, &DcState::viewportOrigin, point);
+}
+
+BOOL WINAPI SetWindowOrgEx(HDC handle, int x, int y, LPPOINT previous)
+{
+    HOST_CALL_VOID(SetWindowOrgEx);
+    return ExchangePoint(handle, &DcState::windowOrigin, {x, y}, false, previous);
+}
+
+BOOL WINAPI OffsetWindowOrgEx(HDC handle, int x, int y, LPPOINT previous)
+{
+    HOST_CALL_VOID(OffsetWindowOrgEx);
+    return ExchangePoint(handle, &DcState::windowOrigin, {x, y}, true, previous);
+}
+
+BOOL WINAPI GetWindowOrgEx(HDC handle, LPPOINT point)
+{
+    HOST_CALL_VOID(GetWindowOrgEx);
+    return CopyPoint(handle, &DcState::windowOrigin, point);
+}
+
+BOOL WINAPI SetBrushOrgEx(HDC handle, int x, int y, LPPOINT previous)
+{
+    HOST_CALL_VOID(SetBrushOrgEx);
+    return ExchangePoint(handle, &DcState::brushOrigin, {x, y}, false, previous);
+}
+
+BOOL WINAPI GetBrushOrgEx(HDC handle, LPPOINT point)
+{
+    HOST_CALL_VOID(GetBrushOrgEx);
+    return CopyPoint(handle, &DcState::brushOrigin, point);
+}
+
+BOOL WINAPI LPtoDP(HDC handle, LPPOINT points, int count)
+{
+    HOST_CALL_VOID(LPtoDP);
+    return MovePoints(handle, points, count, 1);
 }
 
 BOOL WINAPI DPtoLP(HDC handle, LPPOINT points, int count)
 {
     HOST_CALL_VOID(DPtoLP);
-    const LockedDc dc(handle);
-    if (!dc || points == nullptr)
-        return FALSE;
-    const POINT origin = dc->state.viewportOrigin;
-    for (int i = 0; i < count; ++i)
-        points[i] = {points[i].x - origin.x, points[i].y - origin.y};
-    return TRUE;
+    return MovePoints(handle, points, count, -1);
+}
+
+int WINAPI GetMapMode(HDC handle)
+{
+    HOST_CALL_VOID(GetMapMode);
+    return LockedDc(handle) ? MM_TEXT : 0;
+}
+
+int WINAPI SetMapMode(HDC handle, int mode)
+{
+    HOST_CALL_VOID(SetMapMode);
+    return LockedDc(handle) && mode == MM_TEXT ? MM_TEXT : 0;
 }
 
 COLORREF WINAPI SetTextColor(HDC handle, COLORREF color)
@@ -332,6 +463,12 @@ COLORREF WINAPI SetBkColor(HDC handle, COLORREF color)
     return ExchangeValue(handle, &DcState::backColor, color, true, CLR_INVALID);
 }
 
+COLORREF WINAPI GetBkColor(HDC handle)
+{
+    HOST_CALL_VOID(GetBkColor);
+    return ValueOf(handle, &DcState::backColor, CLR_INVALID);
+}
+
 int WINAPI SetBkMode(HDC handle, int mode)
 {
     HOST_CALL_VOID(SetBkMode);
@@ -342,4 +479,52 @@ int WINAPI GetBkMode(HDC handle)
 {
     HOST_CALL_VOID(GetBkMode);
     return ValueOf(handle, &DcState::backMode);
+}
+
+UINT WINAPI SetTextAlign(HDC handle, UINT align)
+{
+    HOST_CALL_VOID(SetTextAlign);
+    return ExchangeValue(handle, &DcState::textAlign, align, true, static_cast<UINT>(GDI_ERROR));
+}
+
+UINT WINAPI GetTextAlign(HDC handle)
+{
+    HOST_CALL_VOID(GetTextAlign);
+    return ValueOf(handle, &DcState::textAlign, static_cast<UINT>(GDI_ERROR));
+}
+
+int WINAPI SetROP2(HDC handle, int operation)
+{
+    HOST_CALL_VOID(SetROP2);
+    return ExchangeValue(handle, &DcState::rop2, operation, operation >= R2_BLACK && operation <= R2_WHITE);
+}
+
+int WINAPI GetROP2(HDC handle)
+{
+    HOST_CALL_VOID(GetROP2);
+    return ValueOf(handle, &DcState::rop2);
+}
+
+int WINAPI SetStretchBltMode(HDC handle, int mode)
+{
+    HOST_CALL_VOID(SetStretchBltMode);
+    return ExchangeValue(handle, &DcState::stretchMode, mode, mode >= BLACKONWHITE && mode <= HALFTONE);
+}
+
+int WINAPI GetStretchBltMode(HDC handle)
+{
+    HOST_CALL_VOID(GetStretchBltMode);
+    return ValueOf(handle, &DcState::stretchMode);
+}
+
+int WINAPI SetPolyFillMode(HDC handle, int mode)
+{
+    HOST_CALL_VOID(SetPolyFillMode);
+    return ExchangeValue(handle, &DcState::polyFillMode, mode, mode == ALTERNATE || mode == WINDING);
+}
+
+int WINAPI GetPolyFillMode(HDC handle)
+{
+    HOST_CALL_VOID(GetPolyFillMode);
+    return ValueOf(handle, &DcState::polyFillMode);
 }

@@ -23,7 +23,12 @@ struct DcState
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF backColor = RGB(255, 255, 255);
     int backMode = OPAQUE;
+    int rop2 = R2_COPYPEN;
+    int stretchMode = BLACKONWHITE;
+    int polyFillMode = ALTERNATE;
+    UINT textAlign = TA_LEFT;
     POINT position{};       // logical
+    POINT windowOrigin{};   // logical
     POINT viewportOrigin{}; // device
     POINT brushOrigin{};    // device
 };

@@ -377,6 +377,19 @@ int TabbedText(DeviceContext& dc, POINT point, std::u16string_view text, int sto
 
 using namespace host;
 
+int WINAPI DrawTextExW(HDC handle, LPWSTR text, int length, LPRECT rect, UINT format,
+                       LPDRAWTEXTPARAMS parameters)
+{
+    HOST_CALL_VOID(DrawTextExW);
+    const LockedDc dc(handle);
+    if (!dc || text == nullptr || rect == nullptr)
+        return 0;
+    const std::u16string_view view = TextOf(text, length);
+    if (parameters != nullptr)
+        parameters->uiLengthDrawn = static_cast<UINT>(view.size());
+    return DrawTextInRect(*dc, view, *rect, format, parameters, text);
+}
+
 int WINAPI DrawTextW(HDC handle, LPCWSTR text, int length, LPRECT rect, UINT format)
 {
     HOST_CALL_VOID(DrawTextW);
@@ -396,4 +409,15 @@ LONG WINAPI TabbedTextOutW(HDC handle, int x, int y, LPCWSTR text, int length, i
     const int count = stops != nullptr ? stopCount : 0;
     const int width = TabbedText(*dc, {x, y}, TextOf(text, length), count, stops, origin, true);
     return MAKELONG(width, FontOf(*dc)->Metrics().Height());
+}
+
+DWORD WINAPI GetTabbedTextExtentW(HDC handle, LPCWSTR text, int length, int stopCount, const INT* stops)
+{
+    HOST_CALL_VOID(GetTabbedTextExtentW);
+    const LockedDc dc(handle);
+    if (!dc || text == nullptr)
+        return 0;
+    const int count = stops != nullptr ? stopCount : 0;
+    const int width = TabbedText(*dc, {}, TextOf(text, length), count, stops, 0, false);
+    return static_cast<DWORD>(MAKELONG(width, FontOf(*dc)->Metrics().Height()));
 }

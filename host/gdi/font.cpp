@@ -385,6 +385,12 @@ std::shared_ptr<SizedFont> SizedFontFor(const LOGFONTW& description)
     return fonts.emplace(key, std::make_shared<FreeTypeFont>(description)).first->second;
 }
 
+std::u16string_view FaceNameFor(const LOGFONTW& description)
+{
+    const FaceName& row = FindName(NameIn(description));
+    return row.real.empty() ? row.name : row.real;
+}
+
 std::vector<std::u16string_view> ListedFaces()
 {
     std::vector<std::u16string_view> names;

@@ -68,6 +68,9 @@ private:
 /// lock.
 std::shared_ptr<SizedFont> SizedFontFor(const LOGFONTW& description);
 
+/// The name of the face that a description really gets.
+std::u16string_view FaceNameFor(const LOGFONTW& description);
+
 /// The names that programs are told when they list the faces, in order.
 std::vector<std::u16string_view> ListedFaces();
 

@@ -211,6 +211,22 @@ HICON WINAPI CreateIconIndirect(PICONINFO description)
     return NewIconHandle(icon, false);
 }
 
+HICON WINAPI CopyIcon(HICON handle)
+{
+    HOST_CALL(CopyIcon, nullptr, ERROR_NOT_ENOUGH_MEMORY);
+    const GdiLock lock;
+    const std::shared_ptr<Icon> icon = Gdi<Icon>(handle);
+    const std::shared_ptr<Icon> copy = icon ? MakeIcon(icon->color.width, icon->color.height) : nullptr;
+    if (!copy)
+        return nullptr;
+    FillColors(*copy, icon->color);
+    FillMask(*copy, icon->mask);
+    copy->blended = icon->blended;
+    copy->cursor = icon->cursor;
+    copy->hotspot = icon->hotspot;
+    return NewIconHandle(copy, false);
+}
+
 BOOL WINAPI GetIconInfo(HICON handle, PICONINFO description)
 {
     HOST_CALL(GetIconInfo, FALSE, ERROR_NOT_ENOUGH_MEMORY);
@@ -242,6 +258,12 @@ BOOL WINAPI DestroyIcon(HICON handle)
     return TRUE;
 }
 
+BOOL WINAPI DestroyCursor(HCURSOR handle)
+{
+    HOST_CALL_VOID(DestroyCursor);
+    return DestroyIcon(handle);
+}
+
 BOOL WINAPI DrawIconEx(HDC handle, int x, int y, HICON iconHandle, int width, int height, UINT,
                        HBRUSH background, UINT flags)
 {
@@ -257,4 +279,10 @@ BOOL WINAPI DrawIconEx(HDC handle, int x, int y, HICON iconHandle, int width, in
         Painter(*dc, InkOf(*dc, *brush), kCopyPattern).Rect(area);
     DrawIconOn(*dc, *icon, area, flags & DI_NORMAL);
     return TRUE;
+}
+
+BOOL WINAPI DrawIcon(HDC dc, int x, int y, HICON icon)
+{
+    HOST_CALL_VOID(DrawIcon);
+    return DrawIconEx(dc, x, y, icon, 0, 0, 0, nullptr, DI_NORMAL | DI_DEFAULTSIZE);
 }

@@ -66,6 +66,15 @@ constexpr uint32_t kNoPattern = 0;
 
 } // namespace
 
+RasterTable TableOfRop2(int rop2)
+{
+    // The number less one is the table over (pen << 1 | destination); the source's bit changes nothing.
+    const unsigned binary = static_cast<unsigned>(rop2 - R2_BLACK);
+    const unsigned withoutPen = binary & 3;
+    const unsigned withPen = binary >> 2;
+    return static_cast<RasterTable>(withoutPen | withoutPen << 2 | withPen << 4 | withPen << 6);
+}
+
 void Ink::Fill(uint32_t* pixels, int x, int y, int count) const
 {
     const uint32_t* const row = tile.data() + ptrdiff_t{Remainder(y - origin.y, tileHeight)} * tileWidth;

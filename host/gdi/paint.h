@@ -12,6 +12,7 @@ using RasterTable = uint8_t;
 
 constexpr RasterTable kCopyPattern = 0xF0;
 constexpr RasterTable kCopySource = 0xCC;
+constexpr RasterTable kInvert = 0x55;
 constexpr RasterTable kPatternXor = 0x5A;
 
 /// The table in a raster operation code of BitBlt.
@@ -27,6 +28,9 @@ constexpr bool UsesPattern(RasterTable table)
 {
     return table >> 4 != (table & 0x0F);
 }
+
+/// The table of a binary operation of SetROP2 with the pen or brush as the pattern.
+RasterTable TableOfRop2(int rop2);
 
 /// What a pen or brush puts down: one colour, or a tile that repeats.
 struct Ink

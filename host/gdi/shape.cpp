@@ -39,8 +39,8 @@ class Pencil
 {
 public:
     explicit Pencil(DeviceContext& dc)
-        : painter_(dc, InkOfPen(dc), kCopyPattern),
-          gaps_(dc, SolidInk(dc.PixelOf(dc.state.backColor)), kCopyPattern),
+        : painter_(dc, InkOfPen(dc), TableOfRop2(dc.state.rop2)),
+          gaps_(dc, SolidInk(dc.PixelOf(dc.state.backColor)), TableOfRop2(dc.state.rop2)),
           width_(std::clamp<int>(dc.state.pen->description.lopnWidth.x, 1, kMaxPenWidth)),
           fillsGaps_(dc.state.backMode == OPAQUE), pattern_(PatternOf(dc.state.pen->description))
     {
@@ -149,7 +149,7 @@ private:
 
 Painter BrushPainter(DeviceContext& dc)
 {
-    return Painter(dc, InkOf(dc, *dc.state.brush.Get()), kCopyPattern);
+    return Painter(dc, InkOf(dc, *dc.state.brush.Get()), TableOfRop2(dc.state.rop2));
 }
 
 std::vector<POINT> SurfacePoints(const DeviceContext& dc, const POINT* points, int count)
@@ -160,11 +160,16 @@ std::vector<POINT> SurfacePoints(const DeviceContext& dc, const POINT* points, i
     return result;
 }
 
-/// Where a row's middle crosses the edges of a polygon, from left to right; what lies between the first and
-/// the second, the third and the fourth and so on is inside.
-std::vector<double> CrossingsAt(const std::vector<POINT>& points, int y)
+/// Where a row's middle crosses an edge of a polygon.
+struct Crossing
 {
-    std::vector<double> crossings;
+    double x;
+    int direction; // 1 down, -1 up
+};
+
+std::vector<Crossing> CrossingsAt(const std::vector<POINT>& points, int y)
+{
+    std::vector<Crossing> crossings;
     for (size_t i = 0; i < points.size(); ++i) {
         const POINT from = points[i];
         const POINT to = points[(i + 1) % points.size()];
@@ -172,9 +177,10 @@ std::vector<double> CrossingsAt(const std::vector<POINT>& points, int y)
         if (from.y == to.y || y < std::min(from.y, to.y) || y >= std::max(from.y, to.y))
             continue;
         const double part = static_cast<double>(y - from.y) / (to.y - from.y);
-        crossings.push_back(from.x + part * (to.x - from.x));
+        crossings.push_back({from.x + part * (to.x - from.x), from.y < to.y ? 1 : -1});
     }
-    std::sort(crossings.begin(), crossings.end());
+    std::sort(crossings.begin(), crossings.end(),
+              [](const Crossing& first, const Crossing& second) { return first.x < second.x; });
     return crossings;
 }
 
@@ -187,10 +193,14 @@ void FillPolygon(DeviceContext& dc, const std::vector<POINT>& points)
     const RECT reach = dc.Reach().Box();
     const LONG end = std::min(bottom->y, reach.bottom);
     for (LONG y = std::max(top->y, reach.top); y < end; ++y) {
-        const std::vector<double> crossings = CrossingsAt(points, y);
-        for (size_t i = 0; i + 1 < crossings.size(); i += 2)
-            painter.Span(y, static_cast<int>(std::ceil(crossings[i])),
-                         static_cast<int>(std::ceil(crossings[i + 1])));
+        int winding = 0;
+        const std::vector<Crossing> crossings = CrossingsAt(points, y);
+        for (size_t i = 0; i + 1 < crossings.size(); ++i) {
+            winding += dc.state.polyFillMode == WINDING ? crossings[i].direction : (winding == 0 ? 1 : -1);
+            if (winding != 0)
+                painter.Span(y, static_cast<int>(std::ceil(crossings[i].x)),
+                             static_cast<int>(std::ceil(crossings[i + 1].x)));
+        }
     }
 }
 
@@ -291,6 +301,16 @@ BOOL WINAPI MoveToEx(HDC handle, int x, int y, LPPOINT previous)
     return TRUE;
 }
 
+BOOL WINAPI GetCurrentPositionEx(HDC handle, LPPOINT point)
+{
+    HOST_CALL_VOID(GetCurrentPositionEx);
+    const LockedDc dc(handle);
+    if (!dc || point == nullptr)
+        return FALSE;
+    *point = dc->state.position;
+    return TRUE;
+}
+
 BOOL WINAPI LineTo(HDC handle, int x, int y)
 {
     HOST_CALL_VOID(LineTo);
@@ -299,6 +319,17 @@ BOOL WINAPI LineTo(HDC handle, int x, int y)
         return FALSE;
     Pencil(*dc).Line(Cut(dc->ToSurface(dc->state.position)), Cut(dc->ToSurface(POINT{x, y})));
     dc->state.position = {x, y};
+    return TRUE;
+}
+
+BOOL WINAPI Polyline(HDC handle, const POINT* points, int count)
+{
+    HOST_CALL_VOID(Polyline);
+    const LockedDc dc(handle);
+    if (!dc || points == nullptr || count < 2)
+        return FALSE;
+    Pencil pencil(*dc);
+    DrawLines(pencil, SurfacePoints(*dc, points, count), false);
     return TRUE;
 }
 
@@ -340,6 +371,17 @@ BOOL WINAPI Rectangle(HDC handle, int left, int top, int right, int bottom)
         return TRUE;
     }
     DrawLines(pencil, Corners(rect), true);
+    return TRUE;
+}
+
+BOOL WINAPI RoundRect(HDC handle, int left, int top, int right, int bottom, int width, int height)
+{
+    HOST_CALL_VOID(RoundRect);
+    const LockedDc dc(handle);
+    if (!dc)
+        return FALSE;
+    DrawRounded(*dc, {left, top, right, bottom}, std::abs(std::max(width, -INT32_MAX)),
+                std::abs(std::max(height, -INT32_MAX)));
     return TRUE;
 }
 

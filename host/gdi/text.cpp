@@ -62,6 +62,32 @@ void DrawRules(DeviceContext& dc, const SizedFont& font, POINT baseline, int wid
         DrawRule(dc, font, baseline, width, -font.Metrics().ascent / 3, clip);
 }
 
+/// Where the pen starts for a text at `point` by the device context's alignment.
+POINT BaselineFor(const DeviceContext& dc, const SizedFont& font, POINT point, int width)
+{
+    const UINT align = dc.state.textAlign;
+    int along = 0;
+    if ((align & TA_CENTER) == TA_CENTER)
+        along = -width / 2;
+    else if ((align & TA_RIGHT) != 0)
+        along = -width;
+    int down = font.Metrics().ascent;
+    if ((align & TA_BASELINE) == TA_BASELINE)
+        down = 0;
+    else if ((align & TA_BOTTOM) != 0)
+        down = -font.Metrics().descent;
+    return Along(font, point, along, down);
+}
+
+/// The current position moves to where the next text would start.
+void UpdatePosition(DcState& state, const SizedFont& font, int width)
+{
+    if ((state.textAlign & TA_CENTER) == TA_CENTER)
+        return;
+    const bool right = (state.textAlign & TA_RIGHT) != 0;
+    state.position = Along(font, state.position, right ? -width : width, 0);
+}
+
 void FillBehind(DeviceContext& dc, const SizedFont& font, POINT baseline, int width, const RECT& clip)
 {
     if (dc.state.backMode != OPAQUE || font.Rotated())
@@ -81,9 +107,13 @@ void DrawLine(DeviceContext& dc, POINT point, std::u16string_view text, const in
         advances.assign(givenAdvances, givenAdvances + text.size());
         width = std::accumulate(advances.begin(), advances.end(), 0);
     }
-    const POINT baseline = Along(*font, dc.ToSurface(point), 0, font->Metrics().ascent);
+    const bool updates = (dc.state.textAlign & TA_UPDATECP) != 0;
+    const POINT start = dc.ToSurface(updates ? dc.state.position : point);
+    const POINT baseline = BaselineFor(dc, *font, start, width);
     FillBehind(dc, *font, baseline, width, clip);
     DrawGlyphs(dc, baseline, text, advances, clip);
+    if (updates)
+        UpdatePosition(dc.state, *font, width);
 }
 
 TEXTMETRICW TextMetricsOf(const LOGFONTW& description)
@@ -251,6 +281,12 @@ int WINAPI EnumFontFamiliesW(HDC handle, LPCWSTR family, FONTENUMPROCW callback,
     return TellFaces(handle, family != nullptr ? family : u"", callback, parameter);
 }
 
+int WINAPI EnumFontFamiliesExW(HDC handle, LPLOGFONTW font, FONTENUMPROCW callback, LPARAM parameter, DWORD)
+{
+    HOST_CALL_VOID(EnumFontFamiliesExW);
+    return font != nullptr ? TellFaces(handle, font->lfFaceName, callback, parameter) : 0;
+}
+
 BOOL WINAPI GetTextMetricsW(HDC handle, LPTEXTMETRICW metrics)
 {
     HOST_CALL_VOID(GetTextMetricsW);
@@ -261,14 +297,63 @@ BOOL WINAPI GetTextMetricsW(HDC handle, LPTEXTMETRICW metrics)
     return TRUE;
 }
 
-BOOL WINAPI GetTextExtentPoint32W(HDC handle, LPCWSTR text, int length, LPSIZE size)
+int WINAPI GetTextFaceW(HDC handle, int size, LPWSTR name)
 {
-    HOST_CALL_VOID(GetTextExtentPoint32W);
+    HOST_CALL_VOID(GetTextFaceW);
+    const LockedDc dc(handle);
+    if (!dc)
+        return 0;
+    const std::u16string_view face = FaceNameFor(dc->state.font->description);
+    if (name == nullptr)
+        return static_cast<int>(face.size()) + 1;
+    if (size <= 0)
+        return FailWith(ERROR_INVALID_PARAMETER);
+    const size_t count = std::min(face.size(), static_cast<size_t>(size) - 1);
+    std::copy_n(face.begin(), count, name);
+    name[count] = 0;
+    return static_cast<int>(count) + 1;
+}
+
+BOOL WINAPI GetTextExtentExPointW(HDC handle, LPCWSTR text, int length, int maxExtent, int* fit, int* extents,
+                                  LPSIZE size)
+{
+    HOST_CALL_VOID(GetTextExtentExPointW);
     const LockedDc dc(handle);
     if (!dc || length < 0 || (text == nullptr && length != 0) || size == nullptr)
         return FALSE;
     const std::shared_ptr<SizedFont> font = FontOf(*dc);
-    *size = {MeasureText(*font, {text, static_cast<size_t>(length)}), font->Metrics().Height()};
+    std::vector<int> advances;
+    *size = {MeasureText(*font, {text, static_cast<size_t>(length)}, &advances), font->Metrics().Height()};
+    int width = 0;
+    int fitting = 0;
+    for (const int advance : advances) {
+        width += advance;
+        if (fit != nullptr && width > maxExtent)
+            break;
+        if (extents != nullptr)
+            extents[fitting] = width;
+        ++fitting;
+    }
+    if (fit != nullptr)
+        *fit = fitting;
+    return TRUE;
+}
+
+BOOL WINAPI GetTextExtentPoint32W(HDC handle, LPCWSTR text, int length, LPSIZE size)
+{
+    HOST_CALL_VOID(GetTextExtentPoint32W);
+    return GetTextExtentExPointW(handle, text, length, 0, nullptr, nullptr, size);
+}
+
+BOOL WINAPI GetCharWidth32W(HDC handle, UINT first, UINT last, int* widths)
+{
+    HOST_CALL_VOID(GetCharWidth32W);
+    const LockedDc dc(handle);
+    if (!dc || widths == nullptr || last < first || last > 0xFFFF)
+        return FALSE;
+    const std::shared_ptr<SizedFont> font = FontOf(*dc);
+    for (UINT character = first; character <= last; ++character)
+        widths[character - first] = font->GlyphOf(character).advance;
     return TRUE;
 }
 

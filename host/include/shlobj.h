@@ -16,4 +16,5 @@
 
 extern "C" {
 HOSTAPI HRESULT WINAPI SHGetFolderPathW(HWND window, int folder, HANDLE token, DWORD flags, LPWSTR path);
+HOSTAPI HRESULT WINAPI SHGetFolderPathA(HWND window, int folder, HANDLE token, DWORD flags, LPSTR path);
 }

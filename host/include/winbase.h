@@ -19,8 +19,12 @@
 #define FILE_END     2
 
 #define FILE_FLAG_SEQUENTIAL_SCAN 0x08000000
+#define FILE_MAP_WRITE            SECTION_MAP_WRITE
+#define FILE_MAP_READ             SECTION_MAP_READ
 
-#define MOVEFILE_WRITE_THROUGH 0x00000008
+#define MOVEFILE_REPLACE_EXISTING 0x00000001
+#define MOVEFILE_COPY_ALLOWED     0x00000002
+#define MOVEFILE_WRITE_THROUGH    0x00000008
 
 #define GMEM_FIXED    0x0000
 #define GMEM_MOVEABLE 0x0002
@@ -29,6 +33,7 @@
 #define GPTR          (GMEM_FIXED | GMEM_ZEROINIT)
 #define LMEM_FIXED    0x0000
 #define LMEM_ZEROINIT 0x0040
+#define LPTR          (LMEM_FIXED | LMEM_ZEROINIT)
 
 #define MAXINTATOM     0xC000
 #define MAKEINTATOM(i) ((LPWSTR)((ULONG_PTR)((WORD)(i))))
@@ -96,7 +101,16 @@ HOSTAPI BOOL WINAPI CloseHandle(HANDLE object);
 HOSTAPI DWORD WINAPI GetFileSize(HANDLE file, LPDWORD sizeHigh);
 HOSTAPI BOOL WINAPI GetFileSizeEx(HANDLE file, PLARGE_INTEGER size);
 HOSTAPI DWORD WINAPI SetFilePointer(HANDLE file, LONG distance, PLONG distanceHigh, DWORD method);
+HOSTAPI BOOL WINAPI SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, PLARGE_INTEGER newPointer,
+                                     DWORD method);
+HOSTAPI BOOL WINAPI SetEndOfFile(HANDLE file);
+HOSTAPI BOOL WINAPI FlushFileBuffers(HANDLE file);
+HOSTAPI BOOL WINAPI GetFileTime(HANDLE file, LPFILETIME creation, LPFILETIME access, LPFILETIME write);
+HOSTAPI BOOL WINAPI SetFileTime(HANDLE file, const FILETIME* creation, const FILETIME* access,
+                                const FILETIME* write);
 HOSTAPI BOOL WINAPI DeleteFileW(LPCWSTR fileName);
+HOSTAPI BOOL WINAPI MoveFileExW(LPCWSTR existing, LPCWSTR replacement, DWORD flags);
+HOSTAPI BOOL WINAPI CopyFileW(LPCWSTR existing, LPCWSTR copy, BOOL failIfExists);
 HOSTAPI BOOL WINAPI CreateDirectoryW(LPCWSTR path, LPSECURITY_ATTRIBUTES security);
 HOSTAPI BOOL WINAPI CreateDirectoryExW(LPCWSTR model, LPCWSTR path, LPSECURITY_ATTRIBUTES security);
 HOSTAPI BOOL WINAPI RemoveDirectoryW(LPCWSTR path);
@@ -111,18 +125,28 @@ HOSTAPI BOOL WINAPI SetCurrentDirectoryW(LPCWSTR path);
 HOSTAPI DWORD WINAPI GetTempPathW(DWORD size, LPWSTR buffer);
 HOSTAPI UINT WINAPI GetSystemDirectoryW(LPWSTR buffer, UINT size);
 HOSTAPI UINT WINAPI GetWindowsDirectoryW(LPWSTR buffer, UINT size);
+HOSTAPI HANDLE WINAPI CreateFileMappingW(HANDLE file, LPSECURITY_ATTRIBUTES security, DWORD protection,
+                                         DWORD sizeHigh, DWORD sizeLow, LPCWSTR name);
+HOSTAPI LPVOID WINAPI MapViewOfFile(HANDLE mapping, DWORD access, DWORD offsetHigh, DWORD offsetLow,
+                                    SIZE_T bytes);
+HOSTAPI BOOL WINAPI UnmapViewOfFile(LPCVOID address);
 
 // Memory
 HOSTAPI HANDLE WINAPI GetProcessHeap(void);
 HOSTAPI HANDLE WINAPI HeapCreate(DWORD options, SIZE_T initialSize, SIZE_T maximumSize);
 HOSTAPI BOOL WINAPI HeapDestroy(HANDLE heap);
 HOSTAPI LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T bytes);
+HOSTAPI LPVOID WINAPI HeapReAlloc(HANDLE heap, DWORD flags, LPVOID block, SIZE_T bytes);
 HOSTAPI BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID block);
+HOSTAPI SIZE_T WINAPI HeapSize(HANDLE heap, DWORD flags, LPCVOID block);
 HOSTAPI HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T bytes);
+HOSTAPI HGLOBAL WINAPI GlobalReAlloc(HGLOBAL memory, SIZE_T bytes, UINT flags);
 HOSTAPI LPVOID WINAPI GlobalLock(HGLOBAL memory);
 HOSTAPI BOOL WINAPI GlobalUnlock(HGLOBAL memory);
 HOSTAPI SIZE_T WINAPI GlobalSize(HGLOBAL memory);
 HOSTAPI HGLOBAL WINAPI GlobalFree(HGLOBAL memory);
+HOSTAPI HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T bytes);
+HOSTAPI HLOCAL WINAPI LocalFree(HLOCAL memory);
 
 // Locks, threads, time
 HOSTAPI void WINAPI InitializeCriticalSection(LPCRITICAL_SECTION section);
@@ -148,15 +172,20 @@ HOSTAPI DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCW
                                               LPWSTR buffer, DWORD size, LPCWSTR fileName);
 HOSTAPI UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumber, LPCWSTR fileName);
 HOSTAPI DWORD WINAPI GetPrivateProfileSectionW(LPCWSTR section, LPWSTR buffer, DWORD size, LPCWSTR fileName);
+HOSTAPI DWORD WINAPI GetPrivateProfileSectionNamesW(LPWSTR buffer, DWORD size, LPCWSTR fileName);
 HOSTAPI BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR text, LPCWSTR fileName);
+HOSTAPI BOOL WINAPI WritePrivateProfileSectionW(LPCWSTR section, LPCWSTR lines, LPCWSTR fileName);
 
 // Global atoms
 HOSTAPI ATOM WINAPI GlobalAddAtomW(LPCWSTR name);
 HOSTAPI ATOM WINAPI GlobalFindAtomW(LPCWSTR name);
 HOSTAPI ATOM WINAPI GlobalDeleteAtom(ATOM atom);
+HOSTAPI UINT WINAPI GlobalGetAtomNameW(ATOM atom, LPWSTR buffer, int size);
 
 // Environment, user and programs
+HOSTAPI BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
 HOSTAPI BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value);
+HOSTAPI DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
 HOSTAPI DWORD WINAPI GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size);
 HOSTAPI BOOL WINAPI GetUserNameW(LPWSTR buffer, LPDWORD size);
 HOSTAPI UINT WINAPI WinExec(LPCSTR commandLine, UINT showCommand);

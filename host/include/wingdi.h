@@ -268,33 +268,93 @@ typedef int(CALLBACK* FONTENUMPROCW)(const LOGFONTW* font, const TEXTMETRICW* me
 #define BS_HATCHED 2
 #define BS_PATTERN 3
 
+#define HS_HORIZONTAL 0
+#define HS_VERTICAL   1
+#define HS_FDIAGONAL  2
+#define HS_BDIAGONAL  3
+#define HS_CROSS      4
+#define HS_DIAGCROSS  5
+
+#define R2_BLACK       1
 #define R2_NOTMERGEPEN 2
 #define R2_MASKNOTPEN  3
 #define R2_NOTCOPYPEN  4
 #define R2_MASKPENNOT  5
+#define R2_NOT         6
 #define R2_XORPEN      7
 #define R2_NOTMASKPEN  8
 #define R2_MASKPEN     9
 #define R2_NOTXORPEN   10
+#define R2_NOP         11
 #define R2_MERGENOTPEN 12
+#define R2_COPYPEN     13
 #define R2_MERGEPENNOT 14
+#define R2_MERGEPEN    15
+#define R2_WHITE       16
 
 #define SRCCOPY     (DWORD)0x00CC0020
 #define SRCPAINT    (DWORD)0x00EE0086
 #define SRCAND      (DWORD)0x008800C6
+#define SRCINVERT   (DWORD)0x00660046
+#define SRCERASE    (DWORD)0x00440328
+#define NOTSRCCOPY  (DWORD)0x00330008
 #define NOTSRCERASE (DWORD)0x001100A6
+#define MERGECOPY   (DWORD)0x00C000CA
+#define MERGEPAINT  (DWORD)0x00BB0226
+#define PATCOPY     (DWORD)0x00F00021
+#define PATPAINT    (DWORD)0x00FB0A09
+#define PATINVERT   (DWORD)0x005A0049
+#define DSTINVERT   (DWORD)0x00550009
 #define BLACKNESS   (DWORD)0x00000042
 #define WHITENESS   (DWORD)0x00FF0062
 
 #define TRANSPARENT 1
 #define OPAQUE      2
 
+#define ALTERNATE 1
+#define WINDING   2
+
+#define BLACKONWHITE        1
+#define WHITEONBLACK        2
+#define COLORONCOLOR        3
+#define HALFTONE            4
+#define STRETCH_ANDSCANS    BLACKONWHITE
+#define STRETCH_ORSCANS     WHITEONBLACK
+#define STRETCH_DELETESCANS COLORONCOLOR
+#define STRETCH_HALFTONE    HALFTONE
+
 #define TA_NOUPDATECP 0
+#define TA_UPDATECP   1
+#define TA_LEFT       0
+#define TA_RIGHT      2
+#define TA_CENTER     6
 #define TA_TOP        0
+#define TA_BOTTOM     8
+#define TA_BASELINE   24
 
 #define ETO_OPAQUE  0x0002
 #define ETO_CLIPPED 0x0004
 
+#define MM_TEXT 1
+
+#define DRIVERVERSION   0
+#define TECHNOLOGY      2
+#define HORZSIZE        4
+#define VERTSIZE        6
+#define HORZRES         8
+#define VERTRES         10
+#define BITSPIXEL       12
+#define PLANES          14
+#define NUMBRUSHES      16
+#define NUMPENS         18
+#define NUMFONTS        22
+#define NUMCOLORS       24
+#define RASTERCAPS      38
+#define ASPECTX         40
+#define ASPECTY         42
+#define ASPECTXY        44
+#define LOGPIXELSX      88
+#define LOGPIXELSY      90
 #define SIZEPALETTE     104
 #define NUMRESERVED     106
 #define COLORRES        108
@@ -302,6 +362,19 @@ typedef int(CALLBACK* FONTENUMPROCW)(const LOGFONTW* font, const TEXTMETRICW* me
 #define PHYSICALHEIGHT  111
 #define PHYSICALOFFSETX 112
 #define PHYSICALOFFSETY 113
+#define VREFRESH        116
+#define DESKTOPVERTRES  117
+#define DESKTOPHORZRES  118
+
+#define DT_RASDISPLAY 1
+
+#define RC_BITBLT     0x0001
+#define RC_BITMAP64   0x0008
+#define RC_DI_BITMAP  0x0080
+#define RC_PALETTE    0x0100
+#define RC_DIBTODEV   0x0200
+#define RC_STRETCHBLT 0x0800
+#define RC_STRETCHDIB 0x2000
 
 #define BI_RGB       0
 #define BI_RLE8      1
@@ -310,6 +383,7 @@ typedef int(CALLBACK* FONTENUMPROCW)(const LOGFONTW* font, const TEXTMETRICW* me
 
 #define DIB_RGB_COLORS 0
 #define DIB_PAL_COLORS 1
+#define CBM_INIT       4
 
 #define SYSPAL_ERROR    0
 #define SYSPAL_STATIC   1
@@ -544,6 +618,7 @@ HOSTAPI HDC WINAPI CreateCompatibleDC(HDC dc);
 HOSTAPI BOOL WINAPI DeleteDC(HDC dc);
 HOSTAPI int WINAPI SaveDC(HDC dc);
 HOSTAPI BOOL WINAPI RestoreDC(HDC dc, int saved);
+HOSTAPI int WINAPI GetDeviceCaps(HDC dc, int index);
 HOSTAPI HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
 HOSTAPI HGDIOBJ WINAPI GetCurrentObject(HDC dc, UINT type);
 HOSTAPI BOOL WINAPI DeleteObject(HGDIOBJ object);
@@ -552,30 +627,69 @@ HOSTAPI DWORD WINAPI GetObjectType(HGDIOBJ object);
 HOSTAPI HGDIOBJ WINAPI GetStockObject(int index);
 HOSTAPI BOOL WINAPI GdiFlush(void);
 
+HOSTAPI BOOL WINAPI SetViewportOrgEx(HDC dc, int x, int y, LPPOINT previous);
 HOSTAPI BOOL WINAPI OffsetViewportOrgEx(HDC dc, int x, int y, LPPOINT previous);
+HOSTAPI BOOL WINAPI GetViewportOrgEx(HDC dc, LPPOINT point);
+HOSTAPI BOOL WINAPI SetWindowOrgEx(HDC dc, int x, int y, LPPOINT previous);
+HOSTAPI BOOL WINAPI OffsetWindowOrgEx(HDC dc, int x, int y, LPPOINT previous);
+HOSTAPI BOOL WINAPI GetWindowOrgEx(HDC dc, LPPOINT point);
+HOSTAPI BOOL WINAPI SetBrushOrgEx(HDC dc, int x, int y, LPPOINT previous);
+HOSTAPI BOOL WINAPI GetBrushOrgEx(HDC dc, LPPOINT point);
+HOSTAPI BOOL WINAPI LPtoDP(HDC dc, LPPOINT points, int count);
 HOSTAPI BOOL WINAPI DPtoLP(HDC dc, LPPOINT points, int count);
+HOSTAPI int WINAPI GetMapMode(HDC dc);
+HOSTAPI int WINAPI SetMapMode(HDC dc, int mode);
 
 HOSTAPI COLORREF WINAPI SetTextColor(HDC dc, COLORREF color);
 HOSTAPI COLORREF WINAPI GetTextColor(HDC dc);
 HOSTAPI COLORREF WINAPI SetBkColor(HDC dc, COLORREF color);
+HOSTAPI COLORREF WINAPI GetBkColor(HDC dc);
 HOSTAPI int WINAPI SetBkMode(HDC dc, int mode);
 HOSTAPI int WINAPI GetBkMode(HDC dc);
+HOSTAPI UINT WINAPI SetTextAlign(HDC dc, UINT align);
+HOSTAPI UINT WINAPI GetTextAlign(HDC dc);
+HOSTAPI int WINAPI SetROP2(HDC dc, int operation);
+HOSTAPI int WINAPI GetROP2(HDC dc);
+HOSTAPI int WINAPI SetStretchBltMode(HDC dc, int mode);
+HOSTAPI int WINAPI GetStretchBltMode(HDC dc);
+HOSTAPI int WINAPI SetPolyFillMode(HDC dc, int mode);
+HOSTAPI int WINAPI GetPolyFillMode(HDC dc);
+HOSTAPI COLORREF WINAPI GetNearestColor(HDC dc, COLORREF color);
 
 HOSTAPI HPEN WINAPI CreatePen(int style, int width, COLORREF color);
 HOSTAPI HPEN WINAPI CreatePenIndirect(const LOGPEN* description);
 HOSTAPI HBRUSH WINAPI CreateSolidBrush(COLORREF color);
+HOSTAPI HBRUSH WINAPI CreateHatchBrush(int hatch, COLORREF color);
+HOSTAPI HBRUSH WINAPI CreatePatternBrush(HBITMAP bitmap);
+HOSTAPI HBRUSH WINAPI CreateBrushIndirect(const LOGBRUSH* description);
 
 HOSTAPI HRGN WINAPI CreateRectRgn(int left, int top, int right, int bottom);
+HOSTAPI HRGN WINAPI CreateRectRgnIndirect(const RECT* rect);
+HOSTAPI BOOL WINAPI SetRectRgn(HRGN region, int left, int top, int right, int bottom);
+HOSTAPI int WINAPI CombineRgn(HRGN result, HRGN first, HRGN second, int mode);
+HOSTAPI int WINAPI OffsetRgn(HRGN region, int x, int y);
+HOSTAPI int WINAPI GetRgnBox(HRGN region, LPRECT box);
+HOSTAPI BOOL WINAPI EqualRgn(HRGN first, HRGN second);
+HOSTAPI BOOL WINAPI PtInRegion(HRGN region, int x, int y);
+HOSTAPI BOOL WINAPI RectInRegion(HRGN region, const RECT* rect);
+HOSTAPI BOOL WINAPI FillRgn(HDC dc, HRGN region, HBRUSH brush);
 HOSTAPI int WINAPI SelectClipRgn(HDC dc, HRGN region);
 HOSTAPI int WINAPI ExtSelectClipRgn(HDC dc, HRGN region, int mode);
+HOSTAPI int WINAPI GetClipRgn(HDC dc, HRGN region);
 HOSTAPI int WINAPI GetClipBox(HDC dc, LPRECT box);
 HOSTAPI int WINAPI IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 HOSTAPI int WINAPI ExcludeClipRect(HDC dc, int left, int top, int right, int bottom);
+HOSTAPI int WINAPI OffsetClipRgn(HDC dc, int x, int y);
+HOSTAPI BOOL WINAPI RectVisible(HDC dc, const RECT* rect);
+HOSTAPI BOOL WINAPI PtVisible(HDC dc, int x, int y);
 
 HOSTAPI BOOL WINAPI MoveToEx(HDC dc, int x, int y, LPPOINT previous);
+HOSTAPI BOOL WINAPI GetCurrentPositionEx(HDC dc, LPPOINT point);
 HOSTAPI BOOL WINAPI LineTo(HDC dc, int x, int y);
+HOSTAPI BOOL WINAPI Polyline(HDC dc, const POINT* points, int count);
 HOSTAPI BOOL WINAPI Polygon(HDC dc, const POINT* points, int count);
 HOSTAPI BOOL WINAPI Rectangle(HDC dc, int left, int top, int right, int bottom);
+HOSTAPI BOOL WINAPI RoundRect(HDC dc, int left, int top, int right, int bottom, int width, int height);
 HOSTAPI BOOL WINAPI Ellipse(HDC dc, int left, int top, int right, int bottom);
 HOSTAPI COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color);
 HOSTAPI BOOL WINAPI SetPixelV(HDC dc, int x, int y, COLORREF color);
@@ -584,19 +698,38 @@ HOSTAPI COLORREF WINAPI GetPixel(HDC dc, int x, int y);
 HOSTAPI BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
 HOSTAPI BOOL WINAPI BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                            DWORD operation);
+HOSTAPI BOOL WINAPI StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                               int sourceY, int sourceWidth, int sourceHeight, DWORD operation);
+HOSTAPI int WINAPI StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int sourceY,
+                                 int sourceWidth, int sourceHeight, const VOID* bits, const BITMAPINFO* info,
+                                 UINT usage, DWORD operation);
 HOSTAPI int WINAPI SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int sourceX,
                                      int sourceY, UINT startScan, UINT scanCount, const VOID* bits,
                                      const BITMAPINFO* info, UINT usage);
 
 HOSTAPI HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bitCount, const VOID* bits);
+HOSTAPI HBITMAP WINAPI CreateBitmapIndirect(const BITMAP* description);
 HOSTAPI HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height);
 HOSTAPI HBITMAP WINAPI CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, VOID** bits,
                                         HANDLE section, DWORD offset);
+HOSTAPI HBITMAP WINAPI CreateDIBitmap(HDC dc, const BITMAPINFOHEADER* header, DWORD flags, const VOID* bits,
+                                      const BITMAPINFO* info, UINT usage);
+HOSTAPI int WINAPI SetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT count, const VOID* bits,
+                             const BITMAPINFO* info, UINT usage);
+HOSTAPI int WINAPI GetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT count, LPVOID bits, BITMAPINFO* info,
+                             UINT usage);
+HOSTAPI UINT WINAPI SetDIBColorTable(HDC dc, UINT start, UINT count, const RGBQUAD* colors);
+HOSTAPI UINT WINAPI GetDIBColorTable(HDC dc, UINT start, UINT count, RGBQUAD* colors);
 
 HOSTAPI HPALETTE WINAPI CreatePalette(const LOGPALETTE* description);
 HOSTAPI HPALETTE WINAPI SelectPalette(HDC dc, HPALETTE palette, BOOL forceBackground);
 HOSTAPI UINT WINAPI RealizePalette(HDC dc);
+HOSTAPI UINT WINAPI GetPaletteEntries(HPALETTE palette, UINT start, UINT count, LPPALETTEENTRY entries);
+HOSTAPI UINT WINAPI SetPaletteEntries(HPALETTE palette, UINT start, UINT count, const PALETTEENTRY* entries);
+HOSTAPI UINT WINAPI GetNearestPaletteIndex(HPALETTE palette, COLORREF color);
+HOSTAPI BOOL WINAPI UnrealizeObject(HGDIOBJ object);
 HOSTAPI UINT WINAPI SetSystemPaletteUse(HDC dc, UINT use);
+HOSTAPI UINT WINAPI GetSystemPaletteUse(HDC dc);
 
 HOSTAPI HFONT WINAPI CreateFontIndirectW(const LOGFONTW* description);
 HOSTAPI HFONT WINAPI CreateFontW(int height, int width, int escapement, int orientation, int weight,
@@ -604,8 +737,14 @@ HOSTAPI HFONT WINAPI CreateFontW(int height, int width, int escapement, int orie
                                  DWORD outPrecision, DWORD clipPrecision, DWORD quality, DWORD pitchAndFamily,
                                  LPCWSTR face);
 HOSTAPI int WINAPI EnumFontFamiliesW(HDC dc, LPCWSTR family, FONTENUMPROCW callback, LPARAM parameter);
+HOSTAPI int WINAPI EnumFontFamiliesExW(HDC dc, LPLOGFONTW font, FONTENUMPROCW callback, LPARAM parameter,
+                                       DWORD flags);
 HOSTAPI BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics);
+HOSTAPI int WINAPI GetTextFaceW(HDC dc, int size, LPWSTR name);
 HOSTAPI BOOL WINAPI GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, LPSIZE size);
+HOSTAPI BOOL WINAPI GetTextExtentExPointW(HDC dc, LPCWSTR text, int length, int maxExtent, int* fit,
+                                          int* extents, LPSIZE size);
+HOSTAPI BOOL WINAPI GetCharWidth32W(HDC dc, UINT first, UINT last, int* widths);
 HOSTAPI BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length);
 HOSTAPI BOOL WINAPI ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, LPCWSTR text,
                                 UINT length, const int* advances);

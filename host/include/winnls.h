@@ -14,6 +14,11 @@
 #define CSTR_EQUAL        2
 #define CSTR_GREATER_THAN 3
 
+#define LOCALE_IMEASURE             0x0000000D
+#define LOCALE_ICOUNTRY             0x00000005
+#define LOCALE_SABBREVLANGNAME      0x00000003
+#define LOCALE_IDEFAULTANSICODEPAGE 0x00001004
+
 extern "C" {
 HOSTAPI UINT WINAPI GetACP(void);
 HOSTAPI int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCCH source, int sourceSize,
@@ -25,4 +30,5 @@ HOSTAPI int WINAPI CompareStringOrdinal(LPCWCH first, int firstSize, LPCWCH seco
                                         BOOL ignoreCase);
 HOSTAPI LANGID WINAPI GetUserDefaultUILanguage(void);
 HOSTAPI LCID WINAPI GetUserDefaultLCID(void);
+HOSTAPI int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR data, int size);
 }

@@ -20,4 +20,12 @@ HOSTAPI LSTATUS WINAPI RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DW
 HOSTAPI LSTATUS WINAPI RegDeleteValueW(HKEY key, LPCWSTR name);
 HOSTAPI LSTATUS WINAPI RegDeleteKeyW(HKEY key, LPCWSTR subKey);
 HOSTAPI LSTATUS WINAPI RegDeleteTreeW(HKEY key, LPCWSTR subKey);
+HOSTAPI LSTATUS WINAPI RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize, LPDWORD reserved,
+                                     LPWSTR keyClass, LPDWORD classSize, PFILETIME lastWrite);
+HOSTAPI LSTATUS WINAPI RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize, LPDWORD reserved,
+                                     LPDWORD type, LPBYTE data, LPDWORD size);
+HOSTAPI LSTATUS WINAPI RegQueryInfoKeyW(HKEY key, LPWSTR keyClass, LPDWORD classSize, LPDWORD reserved,
+                                        LPDWORD subKeys, LPDWORD maxSubKeySize, LPDWORD maxClassSize,
+                                        LPDWORD values, LPDWORD maxValueNameSize, LPDWORD maxValueSize,
+                                        LPDWORD securitySize, PFILETIME lastWrite);
 }

@@ -127,6 +127,8 @@ HOSTAPI BOOL WINAPI GetPrinterDriverDirectoryW(LPWSTR server, LPWSTR environment
 HOSTAPI BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
                                LPDWORD count);
 HOSTAPI BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE info);
+HOSTAPI BOOL WINAPI GetFormW(HANDLE printer, LPWSTR name, DWORD level, LPBYTE buffer, DWORD size,
+                             LPDWORD needed);
 HOSTAPI BOOL WINAPI DeleteFormW(HANDLE printer, LPWSTR name);
 HOSTAPI DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR value, LPDWORD type, LPBYTE data, DWORD size,
                                      LPDWORD needed);

@@ -63,6 +63,54 @@
 #define DT_HIDEPREFIX           0x00100000
 #define DT_PREFIXONLY           0x00200000
 
+#define BDR_RAISEDOUTER 0x0001
+#define BDR_SUNKENOUTER 0x0002
+#define BDR_RAISEDINNER 0x0004
+#define BDR_SUNKENINNER 0x0008
+#define EDGE_RAISED     (BDR_RAISEDOUTER | BDR_RAISEDINNER)
+#define EDGE_SUNKEN     (BDR_SUNKENOUTER | BDR_SUNKENINNER)
+#define EDGE_ETCHED     (BDR_SUNKENOUTER | BDR_RAISEDINNER)
+#define EDGE_BUMP       (BDR_RAISEDOUTER | BDR_SUNKENINNER)
+
+#define BF_LEFT        0x0001
+#define BF_TOP         0x0002
+#define BF_RIGHT       0x0004
+#define BF_BOTTOM      0x0008
+#define BF_TOPLEFT     (BF_TOP | BF_LEFT)
+#define BF_TOPRIGHT    (BF_TOP | BF_RIGHT)
+#define BF_BOTTOMLEFT  (BF_BOTTOM | BF_LEFT)
+#define BF_BOTTOMRIGHT (BF_BOTTOM | BF_RIGHT)
+#define BF_RECT        (BF_LEFT | BF_TOP | BF_RIGHT | BF_BOTTOM)
+#define BF_MIDDLE      0x0800
+#define BF_SOFT        0x1000
+#define BF_ADJUST      0x2000
+#define BF_FLAT        0x4000
+#define BF_MONO        0x8000
+
+#define DFC_CAPTION 1
+#define DFC_SCROLL  3
+#define DFC_BUTTON  4
+
+#define DFCS_CAPTIONCLOSE 0x0000
+
+#define DFCS_SCROLLUP       0x0000
+#define DFCS_SCROLLDOWN     0x0001
+#define DFCS_SCROLLLEFT     0x0002
+#define DFCS_SCROLLRIGHT    0x0003
+#define DFCS_SCROLLCOMBOBOX 0x0005
+
+#define DFCS_BUTTONCHECK  0x0000
+#define DFCS_BUTTONRADIO  0x0004
+#define DFCS_BUTTON3STATE 0x0008
+#define DFCS_BUTTONPUSH   0x0010
+
+#define DFCS_INACTIVE   0x0100
+#define DFCS_PUSHED     0x0200
+#define DFCS_CHECKED    0x0400
+#define DFCS_ADJUSTRECT 0x2000
+#define DFCS_FLAT       0x4000
+#define DFCS_MONO       0x8000
+
 #define IMAGE_BITMAP 0
 #define IMAGE_ICON   1
 #define IMAGE_CURSOR 2
@@ -100,6 +148,7 @@
 #define IDI_QUESTION    MAKEINTRESOURCEW(32514)
 #define IDI_EXCLAMATION MAKEINTRESOURCEW(32515)
 #define IDI_ASTERISK    MAKEINTRESOURCEW(32516)
+#define IDI_WARNING     IDI_EXCLAMATION
 #define IDI_ERROR       IDI_HAND
 #define IDI_INFORMATION IDI_ASTERISK
 
@@ -145,9 +194,14 @@ typedef struct tagNONCLIENTMETRICSW
 } NONCLIENTMETRICSW, *PNONCLIENTMETRICSW, *LPNONCLIENTMETRICSW;
 
 extern "C" {
+HOSTAPI BOOL WINAPI SetRect(LPRECT rect, int left, int top, int right, int bottom);
+HOSTAPI BOOL WINAPI SetRectEmpty(LPRECT rect);
+HOSTAPI BOOL WINAPI CopyRect(LPRECT destination, const RECT* source);
 HOSTAPI BOOL WINAPI InflateRect(LPRECT rect, int x, int y);
 HOSTAPI BOOL WINAPI OffsetRect(LPRECT rect, int x, int y);
 HOSTAPI BOOL WINAPI IntersectRect(LPRECT result, const RECT* first, const RECT* second);
+HOSTAPI BOOL WINAPI UnionRect(LPRECT result, const RECT* first, const RECT* second);
+HOSTAPI BOOL WINAPI SubtractRect(LPRECT result, const RECT* first, const RECT* second);
 HOSTAPI BOOL WINAPI IsRectEmpty(const RECT* rect);
 HOSTAPI BOOL WINAPI EqualRect(const RECT* first, const RECT* second);
 HOSTAPI BOOL WINAPI PtInRect(const RECT* rect, POINT point);
@@ -158,11 +212,17 @@ HOSTAPI BOOL WINAPI SystemParametersInfoW(UINT action, UINT parameter, PVOID dat
 
 HOSTAPI int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush);
 HOSTAPI int WINAPI FrameRect(HDC dc, const RECT* rect, HBRUSH brush);
+HOSTAPI BOOL WINAPI InvertRect(HDC dc, const RECT* rect);
 HOSTAPI BOOL WINAPI DrawFocusRect(HDC dc, const RECT* rect);
+HOSTAPI BOOL WINAPI DrawEdge(HDC dc, LPRECT rect, UINT edge, UINT flags);
+HOSTAPI BOOL WINAPI DrawFrameControl(HDC dc, LPRECT rect, UINT type, UINT state);
 
 HOSTAPI int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, LPRECT rect, UINT format);
+HOSTAPI int WINAPI DrawTextExW(HDC dc, LPWSTR text, int length, LPRECT rect, UINT format,
+                               LPDRAWTEXTPARAMS parameters);
 HOSTAPI LONG WINAPI TabbedTextOutW(HDC dc, int x, int y, LPCWSTR text, int length, int stopCount,
                                    const INT* stops, int origin);
+HOSTAPI DWORD WINAPI GetTabbedTextExtentW(HDC dc, LPCWSTR text, int length, int stopCount, const INT* stops);
 
 HOSTAPI HBITMAP WINAPI LoadBitmapW(HINSTANCE module, LPCWSTR name);
 HOSTAPI HICON WINAPI LoadIconW(HINSTANCE module, LPCWSTR name);
@@ -170,8 +230,11 @@ HOSTAPI HCURSOR WINAPI LoadCursorW(HINSTANCE module, LPCWSTR name);
 HOSTAPI HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int width, int height,
                                  UINT flags);
 HOSTAPI HICON WINAPI CreateIconIndirect(PICONINFO description);
+HOSTAPI HICON WINAPI CopyIcon(HICON icon);
 HOSTAPI BOOL WINAPI GetIconInfo(HICON icon, PICONINFO description);
 HOSTAPI BOOL WINAPI DestroyIcon(HICON icon);
+HOSTAPI BOOL WINAPI DestroyCursor(HCURSOR cursor);
+HOSTAPI BOOL WINAPI DrawIcon(HDC dc, int x, int y, HICON icon);
 HOSTAPI BOOL WINAPI DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, UINT step,
                                HBRUSH background, UINT flags);
 }

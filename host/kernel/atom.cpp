@@ -107,6 +107,16 @@ DWORD Release(ATOM atom)
     return done && transaction.Commit() ? static_cast<DWORD>(ERROR_SUCCESS) : DatabaseError();
 }
 
+/// Empty when there is no such atom.
+std::u16string NameOf(ATOM atom)
+{
+    if (atom < MAXINTATOM)
+        return atom != 0 ? u"#" + Utf16(std::to_string(atom)) : std::u16string();
+    std::lock_guard lock(DatabaseLock());
+    Statement find("SELECT name FROM atoms WHERE id = ?");
+    return find.Number(atom).Step() ? Utf16(find.BytesAt(0)) : std::u16string();
+}
+
 ATOM FailAtom(DWORD error)
 {
     SetLastError(error);
@@ -162,4 +172,20 @@ ATOM WINAPI GlobalDeleteAtom(ATOM atom)
     const DWORD error = atom < MAXINTATOM ? static_cast<DWORD>(ERROR_SUCCESS) : Release(atom);
     // The result is 0 even then; only the last-error code tells.
     return error == ERROR_SUCCESS ? 0 : FailAtom(error);
+}
+
+UINT WINAPI GlobalGetAtomNameW(ATOM atom, LPWSTR buffer, int size)
+{
+    HOST_CALL(GlobalGetAtomNameW, 0, ERROR_INVALID_HANDLE);
+    if (buffer == nullptr || size <= 0)
+        return static_cast<UINT>(FailWith(ERROR_MORE_DATA));
+    const std::u16string name = NameOf(atom);
+    if (name.empty())
+        return static_cast<UINT>(FailWith(atom == 0 ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE));
+    const size_t count = std::min(name.size(), static_cast<size_t>(size) - 1);
+    std::copy_n(name.begin(), count, buffer);
+    buffer[count] = 0;
+    if (count < name.size())
+        SetLastError(ERROR_MORE_DATA);
+    return static_cast<UINT>(count);
 }

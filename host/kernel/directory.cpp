@@ -18,12 +18,18 @@ namespace {
 
 constexpr mode_t kFolderMode = 0777;
 constexpr mode_t kAllWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr DWORD kCopyChunk = 0x10000; // bytes
 
 struct Named
 {
     NativeName name;
     struct stat status;
 };
+
+bool SameFile(const struct stat& a, const struct stat& b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
 
 DWORD RemoveFile(const Named& file)
 {
@@ -32,6 +38,59 @@ DWORD RemoveFile(const Named& file)
     if (const DWORD error = MayDelete(file.status))
         return error;
     return unlink(file.name.text) == 0 ? ERROR_SUCCESS : ErrorFromErrno(errno);
+}
+
+/// Makes room for a file that moves to the place of `target`, which exists.
+DWORD CheckReplace(const Named& target, DWORD flags)
+{
+    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0)
+        return ERROR_ALREADY_EXISTS;
+    if (S_ISDIR(target.status.st_mode) || IsReadOnly(target.status))
+        return ERROR_ACCESS_DENIED;
+    return MayDelete(target.status) == ERROR_SUCCESS ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+}
+
+/// Renames; a folder or file may change just the case of its name.
+DWORD Rename(const Named& source, LPCWSTR replacement, DWORD flags)
+{
+    const auto target = std::make_unique<Named>();
+    DWORD error = FindExisting(replacement, target->name, target->status);
+    if (error == ERROR_SUCCESS && SameFile(source.status, target->status)) {
+        TranslateName(replacement, target->name);
+        const std::string_view found(source.name.text);
+        const std::string folder(found.substr(0, found.rfind('/') + 1));
+        const std::string_view wanted(target->name.text);
+        const std::string renamed = folder + std::string(wanted.substr(wanted.rfind('/') + 1));
+        return rename(source.name.text, renamed.c_str()) == 0 ? ERROR_SUCCESS : ErrorFromErrno(errno);
+    }
+    if (error == ERROR_SUCCESS)
+        error = CheckReplace(*target, flags);
+    if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
+        return error;
+    return rename(source.name.text, target->name.text) == 0 ? ERROR_SUCCESS : ErrorFromErrno(errno);
+}
+
+bool OnSameDrive(LPCWSTR first, LPCWSTR second)
+{
+    FullName a;
+    FullName b;
+    return ExpandName(first, a) == ERROR_SUCCESS && ExpandName(second, b) == ERROR_SUCCESS &&
+           a.text[0] == b.text[0];
+}
+
+/// Copies the rest of one open file to another. False with the last error set.
+bool CopyBytes(HANDLE source, HANDLE target)
+{
+    const auto buffer = std::make_unique<char[]>(kCopyChunk);
+    DWORD count = 0;
+    do {
+        DWORD written;
+        if (!ReadFile(source, buffer.get(), kCopyChunk, &count, nullptr) ||
+            !WriteFile(target, buffer.get(), count, &written, nullptr))
+            return false;
+    } while (count == kCopyChunk);
+    FILETIME time;
+    return GetFileTime(source, nullptr, nullptr, &time) && SetFileTime(target, nullptr, nullptr, &time);
 }
 
 } // namespace
@@ -54,6 +113,46 @@ BOOL WINAPI DeleteFileW(LPCWSTR fileName)
     DWORD error = FindExisting(fileName, file.name, file.status);
     if (error == ERROR_SUCCESS)
         error = RemoveFile(file);
+    return error == ERROR_SUCCESS || FailWith(error);
+}
+
+BOOL WINAPI MoveFileExW(LPCWSTR existing, LPCWSTR replacement, DWORD flags)
+{
+    HOST_CALL(MoveFileExW, FALSE, ERROR_ACCESS_DENIED);
+    Named source;
+    DWORD error = FindExisting(existing, source.name, source.status);
+    if (error == ERROR_SUCCESS && !S_ISDIR(source.status.st_mode) &&
+        MayDelete(source.status) != ERROR_SUCCESS)
+        error = ERROR_SHARING_VIOLATION;
+    if (error == ERROR_SUCCESS)
+        error = OnSameDrive(existing, replacement) ? Rename(source, replacement, flags)
+                                                   : static_cast<DWORD>(ERROR_NOT_SAME_DEVICE);
+    if (error != ERROR_NOT_SAME_DEVICE || (flags & MOVEFILE_COPY_ALLOWED) == 0 ||
+        S_ISDIR(source.status.st_mode))
+        return error == ERROR_SUCCESS || FailWith(error);
+    return CopyFileW(existing, replacement, (flags & MOVEFILE_REPLACE_EXISTING) == 0) &&
+           DeleteFileW(existing);
+}
+
+BOOL WINAPI CopyFileW(LPCWSTR existing, LPCWSTR copy, BOOL failIfExists)
+{
+    HOST_CALL(CopyFileW, FALSE, ERROR_ACCESS_DENIED);
+    const HANDLE source = CreateFileW(existing, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, 0, nullptr);
+    if (source == INVALID_HANDLE_VALUE)
+        return FALSE;
+    const HANDLE target =
+        CreateFileW(copy, GENERIC_WRITE, 0, nullptr, failIfExists ? CREATE_NEW : CREATE_ALWAYS, 0, nullptr);
+    DWORD error = ERROR_SUCCESS;
+    if (target == INVALID_HANDLE_VALUE || !CopyBytes(source, target))
+        error = GetLastError();
+    CloseHandle(source);
+    if (target != INVALID_HANDLE_VALUE)
+        CloseHandle(target);
+    if (error != ERROR_SUCCESS && target != INVALID_HANDLE_VALUE)
+        DeleteFileW(copy);
+    if (error == ERROR_SUCCESS && (GetFileAttributesW(existing) & FILE_ATTRIBUTE_READONLY) != 0)
+        SetFileAttributesW(copy, FILE_ATTRIBUTE_READONLY);
     return error == ERROR_SUCCESS || FailWith(error);
 }
 

@@ -99,6 +99,14 @@ void ResetEnvironment()
 
 using namespace host;
 
+BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
+{
+    HOST_CALL(SetEnvironmentVariableW, FALSE, ERROR_NOT_ENOUGH_MEMORY);
+    if (name == nullptr)
+        return FailWith(ERROR_ENVVAR_NOT_FOUND);
+    return Report(Set(name, value != nullptr ? std::optional<std::u16string>(value) : std::nullopt));
+}
+
 BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value)
 {
     HOST_CALL(SetEnvironmentVariableA, FALSE, ERROR_NOT_ENOUGH_MEMORY);
@@ -106,6 +114,15 @@ BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value)
         return FailWith(ERROR_ENVVAR_NOT_FOUND);
     return Report(
         Set(FromCodePage(name), value != nullptr ? std::optional(FromCodePage(value)) : std::nullopt));
+}
+
+DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size)
+{
+    HOST_CALL(GetEnvironmentVariableW, 0, ERROR_ENVVAR_NOT_FOUND);
+    const std::optional<std::u16string> value = name != nullptr ? Find(name) : std::nullopt;
+    if (!value)
+        return static_cast<DWORD>(FailWith(ERROR_ENVVAR_NOT_FOUND));
+    return CopyPath(*value, buffer, size);
 }
 
 DWORD WINAPI GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size)

@@ -118,7 +118,7 @@ DWORD OpenFile(NativeName& name, const OpenRequest& request, std::shared_ptr<Fil
         return error;
     }
     file = std::make_shared<File>(fd, status, request);
-    error = AdmitFile(*file);
+    error = AdmitFile(*file, existed && Truncates(request));
     if (error != ERROR_SUCCESS || !existed)
         return error;
     error = TruncatePresent(*file, request);
@@ -305,6 +305,19 @@ DWORD WINAPI GetFileSize(HANDLE file, LPDWORD sizeHigh)
     return size.LowPart;
 }
 
+BOOL WINAPI SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, PLARGE_INTEGER newPointer, DWORD method)
+{
+    HOST_CALL(SetFilePointerEx, FALSE, ERROR_ACCESS_DENIED);
+    const std::shared_ptr<File> file = ObjectOf<File>(handle);
+    int64_t target;
+    if (file == nullptr || !TargetPosition(*file, distance.QuadPart, method, target) ||
+        !MoveTo(*file, target))
+        return FALSE;
+    if (newPointer != nullptr)
+        newPointer->QuadPart = target;
+    return TRUE;
+}
+
 DWORD WINAPI SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD method)
 {
     HOST_CALL(SetFilePointer, INVALID_SET_FILE_POINTER, ERROR_ACCESS_DENIED);
@@ -331,4 +344,63 @@ DWORD WINAPI SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DW
     if (target.LowPart == INVALID_SET_FILE_POINTER)
         SetLastError(NO_ERROR);
     return target.LowPart;
+}
+
+BOOL WINAPI SetEndOfFile(HANDLE handle)
+{
+    HOST_CALL(SetEndOfFile, FALSE, ERROR_DISK_FULL);
+    const std::shared_ptr<File> file = ObjectOf<File>(handle);
+    if (file == nullptr)
+        return FALSE;
+    if ((file->access & GENERIC_WRITE) == 0)
+        return FailWith(ERROR_ACCESS_DENIED);
+    const off_t position = lseek(file->fd, 0, SEEK_CUR);
+    struct stat status;
+    if (position < 0 || fstat(file->fd, &status) != 0)
+        return FailWith(ErrorFromErrno(errno));
+    if (position < status.st_size && IsMapped(*file))
+        return FailWith(ERROR_USER_MAPPED_FILE);
+    return ftruncate(file->fd, position) == 0 || FailWith(ErrorFromErrno(errno));
+}
+
+BOOL WINAPI FlushFileBuffers(HANDLE handle)
+{
+    HOST_CALL(FlushFileBuffers, FALSE, ERROR_DISK_FULL);
+    const std::shared_ptr<File> file = ObjectOf<File>(handle);
+    if (file == nullptr)
+        return FALSE;
+    if ((file->access & GENERIC_WRITE) == 0)
+        return FailWith(ERROR_ACCESS_DENIED);
+    return fsync(file->fd) == 0 || FailWith(ErrorFromErrno(errno));
+}
+
+BOOL WINAPI GetFileTime(HANDLE handle, LPFILETIME creation, LPFILETIME access, LPFILETIME write)
+{
+    HOST_CALL(GetFileTime, FALSE, ERROR_ACCESS_DENIED);
+    const std::shared_ptr<File> file = ObjectOf<File>(handle);
+    if (file == nullptr)
+        return FALSE;
+    struct stat status;
+    if (fstat(file->fd, &status) != 0)
+        return FailWith(ErrorFromErrno(errno));
+    const FileTimes times = FileTimesOf(status);
+    if (creation != nullptr)
+        *creation = times.creation;
+    if (access != nullptr)
+        *access = times.access;
+    if (write != nullptr)
+        *write = times.write;
+    return TRUE;
+}
+
+BOOL WINAPI SetFileTime(HANDLE handle, const FILETIME*, const FILETIME* access, const FILETIME* write)
+{
+    HOST_CALL(SetFileTime, FALSE, ERROR_ACCESS_DENIED);
+    const std::shared_ptr<File> file = ObjectOf<File>(handle);
+    if (file == nullptr)
+        return FALSE;
+    if ((file->access & GENERIC_WRITE) == 0)
+        return FailWith(ERROR_ACCESS_DENIED);
+    const timespec times[] = {UnixTime(access), UnixTime(write)};
+    return futimens(file->fd, times) == 0 || FailWith(ErrorFromErrno(errno));
 }

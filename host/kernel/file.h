@@ -36,18 +36,21 @@ struct File final : Object
     // Guarded by the lock of the sharing table.
     bool listed = false;
     bool handleOpen = true;
+    int mappings = 0; // mapping objects and views
     File* next = nullptr;
 };
 
 /// Enters a file into the sharing table, unless another opener forbids it or is forbidden by it. Across
 /// processes only openers that share neither reading nor writing are told apart (by a lock on the file).
-/// Returns 0 or ERROR_SHARING_VIOLATION.
-DWORD AdmitFile(File& file);
+/// Returns 0, ERROR_SHARING_VIOLATION, or ERROR_USER_MAPPED_FILE when `truncates` and the file is mapped.
+DWORD AdmitFile(File& file, bool truncates);
 
 void LeaveSharingTable(File& file);
 void EndSharing(File& file);
+void CountMapping(File& file, int amount);
+bool IsMapped(const File& file);
 
-/// Whether a file may be deleted. Returns 0 or ERROR_SHARING_VIOLATION.
+/// Whether a file may be deleted or moved away. Returns 0, ERROR_SHARING_VIOLATION or ERROR_ACCESS_DENIED.
 DWORD MayDelete(const struct stat& status);
 
 } // namespace host

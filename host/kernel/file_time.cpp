@@ -25,4 +25,14 @@ FileTimes FileTimesOf(const struct stat& status)
     return {FileTimeOf(writtenFirst ? write : change), FileTimeOf(status.st_atim), FileTimeOf(write)};
 }
 
+timespec UnixTime(const FILETIME* time)
+{
+    if (time == nullptr)
+        return {0, UTIME_OMIT};
+    const auto steps =
+        static_cast<int64_t>(static_cast<uint64_t>(time->dwHighDateTime) << 32 | time->dwLowDateTime);
+    const int64_t second = steps / kStepsPerSecond - kSecondsTo1970;
+    return {second, steps % kStepsPerSecond * kNanosecondsPerStep};
+}
+
 } // namespace host

@@ -17,4 +17,7 @@ struct FileTimes
 FILETIME FileTimeOf(const timespec& time);
 FileTimes FileTimesOf(const struct stat& status);
 
+/// The machine's time for a file time; null becomes "leave as it is" (see futimens).
+timespec UnixTime(const FILETIME* time);
+
 } // namespace host

@@ -64,6 +64,19 @@ HGLOBAL AllocateGlobal(UINT flags, SIZE_T bytes)
     return memory;
 }
 
+HGLOBAL ResizeMoveable(Moveable& record, SIZE_T bytes, UINT flags)
+{
+    const bool zero = (flags & GMEM_ZEROINIT) != 0;
+    const bool inPlace = record.locks != 0 && (flags & GMEM_MOVEABLE) == 0;
+    void* const block = record.block == nullptr
+                            ? NewBlock(GlobalHeap(), bytes, zero)
+                            : ResizeBlock(GlobalHeap(), record.block, bytes, zero, inPlace);
+    if (block == nullptr)
+        return nullptr;
+    record.block = block;
+    return HandleOf(&record);
+}
+
 HGLOBAL FreeGlobal(HGLOBAL memory)
 {
     if (memory == nullptr)
@@ -92,6 +105,27 @@ HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T bytes)
 {
     HOST_ALLOCATION(GlobalAlloc);
     return AllocateGlobal(flags, bytes);
+}
+
+HGLOBAL WINAPI GlobalReAlloc(HGLOBAL memory, SIZE_T bytes, UINT flags)
+{
+    HOST_ALLOCATION(GlobalReAlloc);
+    HGLOBAL resized = nullptr;
+    if (IsFixed(memory)) {
+        resized = ResizeBlock(GlobalHeap(), memory, bytes, (flags & GMEM_ZEROINIT) != 0,
+                              (flags & GMEM_MOVEABLE) == 0);
+    } else {
+        std::lock_guard lock(moveableLock);
+        Moveable* const record = MoveableOf(memory);
+        if (record == nullptr) {
+            SetLastError(ERROR_INVALID_HANDLE);
+            return nullptr;
+        }
+        resized = ResizeMoveable(*record, bytes, flags);
+    }
+    if (resized == nullptr)
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return resized;
 }
 
 LPVOID WINAPI GlobalLock(HGLOBAL memory)
@@ -141,5 +175,17 @@ SIZE_T WINAPI GlobalSize(HGLOBAL memory)
 HGLOBAL WINAPI GlobalFree(HGLOBAL memory)
 {
     HOST_CALL_VOID(GlobalFree);
+    return FreeGlobal(memory);
+}
+
+HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T bytes)
+{
+    HOST_ALLOCATION(LocalAlloc);
+    return AllocateGlobal(flags, bytes);
+}
+
+HLOCAL WINAPI LocalFree(HLOCAL memory)
+{
+    HOST_CALL_VOID(LocalFree);
     return FreeGlobal(memory);
 }

@@ -10,6 +10,7 @@ namespace host {
 enum class HandleKind
 {
     File,
+    Mapping,
     Find
 };
 

@@ -132,6 +132,33 @@ void* NewBlock(Heap& heap, size_t bytes, bool zero)
     return Finish(heap, header, bytes);
 }
 
+void* ResizeBlock(Heap& heap, void* block, size_t bytes, bool zero, bool inPlace)
+{
+    Header* header = HeaderOf(block);
+    const size_t before = header->size;
+    if (header->heap != &heap || bytes > kMaxBlock || (inPlace && bytes > before) ||
+        !Reserve(heap, bytes, before))
+        return nullptr;
+    if (inPlace) {
+        header->size = bytes;
+        CountBlock(0, static_cast<int64_t>(bytes) - static_cast<int64_t>(before));
+        return block;
+    }
+    Unlink(heap, header);
+    ASAN_UNPOISON_MEMORY_REGION(header->guard, kGuardSize);
+    auto* moved = static_cast<Header*>(std::realloc(header, sizeof(Header) + bytes));
+    if (moved == nullptr) {
+        Reserve(heap, before, bytes);
+        Finish(heap, header, before);
+        return nullptr;
+    }
+    CountBlock(0, static_cast<int64_t>(bytes) - static_cast<int64_t>(before));
+    void* const result = Finish(heap, moved, bytes);
+    if (zero && bytes > before)
+        std::memset(static_cast<char*>(result) + before, 0, bytes - before);
+    return result;
+}
+
 bool FreeBlock(Heap& heap, void* block)
 {
     Header* header = HeaderOf(block);
@@ -207,6 +234,19 @@ LPVOID WINAPI HeapAlloc(HANDLE handle, DWORD flags, SIZE_T bytes)
     return block;
 }
 
+LPVOID WINAPI HeapReAlloc(HANDLE handle, DWORD flags, LPVOID block, SIZE_T bytes)
+{
+    HOST_ALLOCATION(HeapReAlloc);
+    Heap* const heap = HeapOf(handle);
+    if (heap == nullptr || block == nullptr)
+        return nullptr;
+    void* const moved = ResizeBlock(*heap, block, bytes, (flags & HEAP_ZERO_MEMORY) != 0,
+                                    (flags & HEAP_REALLOC_IN_PLACE_ONLY) != 0);
+    if (moved == nullptr)
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return moved;
+}
+
 BOOL WINAPI HeapFree(HANDLE handle, DWORD, LPVOID block)
 {
     HOST_CALL_VOID(HeapFree);
@@ -214,4 +254,12 @@ BOOL WINAPI HeapFree(HANDLE handle, DWORD, LPVOID block)
     if (heap == nullptr)
         return FALSE;
     return block == nullptr || FreeBlock(*heap, block) || FailWith(ERROR_INVALID_PARAMETER);
+}
+
+SIZE_T WINAPI HeapSize(HANDLE handle, DWORD, LPCVOID block)
+{
+    HOST_CALL_VOID(HeapSize);
+    if (HeapOf(handle) == nullptr || block == nullptr)
+        return static_cast<SIZE_T>(-1);
+    return BlockSize(block);
 }

@@ -13,6 +13,10 @@ Heap& GlobalHeap();
 /// New block of `bytes`, filled with zeros on demand, or null.
 void* NewBlock(Heap& heap, size_t bytes, bool zero);
 
+/// Changes a block's size and may move it; null leaves it as it was. `inPlace` forbids to move it, so it can
+/// only shrink.
+void* ResizeBlock(Heap& heap, void* block, size_t bytes, bool zero, bool inPlace);
+
 /// False when the block belongs to another heap.
 bool FreeBlock(Heap& heap, void* block);
 

@@ -46,7 +46,7 @@ bool ForbiddenByOtherProcess(const File& file)
 
 } // namespace
 
-DWORD AdmitFile(File& file)
+DWORD AdmitFile(File& file, bool truncates)
 {
     std::lock_guard lock(sharingLock);
     File*& bucket = BucketOf(file.inode);
@@ -55,6 +55,8 @@ DWORD AdmitFile(File& file)
             continue;
         if (Conflicts(*opened, file))
             return ERROR_SHARING_VIOLATION;
+        if (truncates && opened->mappings > 0)
+            return ERROR_USER_MAPPED_FILE;
     }
     if (ForbiddenByOtherProcess(file))
         return ERROR_SHARING_VIOLATION;
@@ -80,7 +82,26 @@ void EndSharing(File& file)
 {
     std::lock_guard lock(sharingLock);
     file.handleOpen = false;
+    // The descriptor may live on for a mapping; without one it is closed at once and the lock goes with it.
+    if (file.mappings > 0)
+        flock(file.fd, LOCK_UN);
     CountOpen(&Ledger::files, -1);
+}
+
+void CountMapping(File& file, int amount)
+{
+    std::lock_guard lock(sharingLock);
+    file.mappings += amount;
+}
+
+bool IsMapped(const File& file)
+{
+    std::lock_guard lock(sharingLock);
+    for (const File* opened = BucketOf(file.inode); opened != nullptr; opened = opened->next) {
+        if (opened->inode == file.inode && opened->device == file.device && opened->mappings > 0)
+            return true;
+    }
+    return false;
 }
 
 DWORD MayDelete(const struct stat& status)
@@ -91,6 +112,8 @@ DWORD MayDelete(const struct stat& status)
             continue;
         if (opened->handleOpen && opened->access != 0 && (opened->share & FILE_SHARE_DELETE) == 0)
             return ERROR_SHARING_VIOLATION;
+        if (opened->mappings > 0)
+            return ERROR_ACCESS_DENIED;
     }
     return ERROR_SUCCESS;
 }

@@ -10,6 +10,7 @@
 #include "host/kernel/call.h"
 #include "host/kernel/codepage.h"
 #include "host/kernel/handle.h"
+#include "host/kernel/mapping.h"
 #include "host/kernel/module.h"
 #include "host/kernel/path.h"
 #include "host/window/window.h"
@@ -145,6 +146,7 @@ void Close()
     CloseInjector();
     LimitDiskSpace(-1);
     DetachAllModules();
+    CloseAllViews();
     CloseAllHandles();
     CloseWindowRoom();
     CloseGdiRoom();
@@ -180,27 +182,12 @@ void CountOpen(int64_t Ledger::*entry, int64_t amount)
 Ledger OpenObjects()
 {
     constexpr int64_t Ledger::*kEntries[] = {
-        &Ledger::files,
-        &Ledger::finds,
-        &Ledger::heaps,
-        &Ledger::blocks,
-        &Ledger::bytes,
-        &Ledger::modules,
-        &Ledger::criticalSections,
-        &Ledger::keys,
-        &Ledger::printers,
-        &Ledger::tokens,
-        &Ledger::windows,
-        &Ledger::classes,
-        &Ledger::menus,
-        &Ledger::deviceContexts,
-        &Ledger::bitmaps,
-        &Ledger::brushes,
-        &Ledger::fonts,
-        &Ledger::icons,
-        &Ledger::palettes,
-        &Ledger::pens,
-        &Ledger::regions,
+        &Ledger::files,   &Ledger::finds,    &Ledger::mappings,       &Ledger::heaps,
+        &Ledger::blocks,  &Ledger::bytes,    &Ledger::modules,        &Ledger::criticalSections,
+        &Ledger::keys,    &Ledger::printers, &Ledger::tokens,         &Ledger::windows,
+        &Ledger::classes, &Ledger::menus,    &Ledger::deviceContexts, &Ledger::bitmaps,
+        &Ledger::brushes, &Ledger::fonts,    &Ledger::icons,          &Ledger::palettes,
+        &Ledger::pens,    &Ledger::regions,
     };
     Ledger now;
     for (int64_t Ledger::*entry : kEntries)

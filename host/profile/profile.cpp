@@ -185,6 +185,29 @@ DWORD WriteEntry(LPCWSTR section, LPCWSTR key, LPCWSTR value, LPCWSTR fileName)
     return Edit(file, [&](ProfileText& text) { text.SetValue(section, key, line); });
 }
 
+/// The lines of a list of texts. False when one of them would open a section.
+bool CutLines(LPCWSTR list, std::vector<std::u16string>& lines)
+{
+    for (; *list != 0; list += std::u16string_view(list).size() + 1) {
+        const std::u16string_view line = FirstLine(list);
+        if (IsHeader(line))
+            return false;
+        lines.emplace_back(line);
+    }
+    return true;
+}
+
+DWORD WriteSection(LPCWSTR section, LPCWSTR list, LPCWSTR fileName)
+{
+    std::vector<std::u16string> lines;
+    if (section == nullptr || HasLineBreak(section) || (list != nullptr && !CutLines(list, lines)))
+        return ERROR_INVALID_PARAMETER;
+    const std::u16string file = FullFileName(fileName);
+    if (list == nullptr)
+        return Edit(file, [&](ProfileText& text) { text.DeleteSection(section); });
+    return Edit(file, [&](ProfileText& text) { text.ReplaceSection(section, lines); });
+}
+
 BOOL Report(DWORD error)
 {
     return error == ERROR_SUCCESS ? TRUE : FailWith(error);
@@ -230,6 +253,16 @@ DWORD WINAPI GetPrivateProfileSectionW(LPCWSTR section, LPWSTR buffer, DWORD siz
     return size == 0 ? 0 : CopyList(EntryList(Load(fileName, fails), section, true), buffer, size);
 }
 
+DWORD WINAPI GetPrivateProfileSectionNamesW(LPWSTR buffer, DWORD size, LPCWSTR fileName)
+{
+    HOST_CALL_VOID(GetPrivateProfileSectionNamesW);
+    const ReadScope read(hostCall_, &size, nullptr, nullptr);
+    const bool fails = hostCall_.InjectedFailure() || read.Fails();
+    if (buffer == nullptr || size == 0)
+        return 0;
+    return CopyList(SectionList(Load(fileName, fails)), buffer, size);
+}
+
 BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR text, LPCWSTR fileName)
 {
     HOST_CALL(WritePrivateProfileStringW, FALSE, ERROR_ACCESS_DENIED);
@@ -237,4 +270,10 @@ BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR tex
     if (section == nullptr && key == nullptr && text == nullptr)
         return FALSE;
     return Report(WriteEntry(section, key, text, fileName));
+}
+
+BOOL WINAPI WritePrivateProfileSectionW(LPCWSTR section, LPCWSTR lines, LPCWSTR fileName)
+{
+    HOST_CALL(WritePrivateProfileSectionW, FALSE, ERROR_ACCESS_DENIED);
+    return Report(WriteSection(section, lines, fileName));
 }

@@ -144,6 +144,20 @@ void ProfileText::DeleteSection(std::u16string_view section)
         Replace(found->header, found->end, {});
 }
 
+void ProfileText::ReplaceSection(std::u16string_view section, const std::vector<std::u16string>& lines)
+{
+    std::u16string text;
+    for (const std::u16string& line : lines)
+        text.append(line).append(kLineBreak);
+    if (const std::optional<Section> found = FindSection(section)) {
+        Replace(found->body, EndOfLines(*found), {});
+        InsertLines(found->body, std::move(text));
+    } else if (!lines.empty()) {
+        InsertLines(units_.size(),
+                    u"[" + std::u16string(Trimmed(section)) + u"]" + std::u16string(kLineBreak) + text);
+    }
+}
+
 ProfileText::Line ProfileText::LineAt(size_t begin) const
 {
     const size_t end = std::min(units_.find_first_of(kLineEnds, begin), units_.size());

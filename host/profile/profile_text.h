@@ -38,6 +38,8 @@ public:
     void SetValue(std::u16string_view section, std::u16string_view name, std::u16string_view value);
     void DeleteEntry(std::u16string_view section, std::u16string_view name);
     void DeleteSection(std::u16string_view section);
+    /// Replaces all lines of a section, comments too. Without lines a missing section stays missing.
+    void ReplaceSection(std::u16string_view section, const std::vector<std::u16string>& lines);
 
 private:
     /// Units of one line: from `begin` to `end`, and its line break up to `next`.

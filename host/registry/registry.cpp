@@ -121,10 +121,26 @@ LSTATUS GiveData(std::string_view bytes, LPBYTE data, LPDWORD size)
     return ERROR_SUCCESS;
 }
 
+// The rule for names: `*size` counts units, with the closing zero on entry and without it on exit.
+LSTATUS GiveName(std::u16string_view name, LPWSTR buffer, LPDWORD size)
+{
+    if (*size <= name.size())
+        return ERROR_MORE_DATA;
+    *std::copy(name.begin(), name.end(), buffer) = u'\0';
+    *size = static_cast<DWORD>(name.size());
+    return ERROR_SUCCESS;
+}
+
 void Give(DWORD value, LPDWORD result)
 {
     if (result)
         *result = value;
+}
+
+void GiveTime(int64_t time, PFILETIME result)
+{
+    if (result)
+        *result = {static_cast<DWORD>(time), static_cast<DWORD>(time >> 32)};
 }
 
 // Nobody may hang keys of his own directly below the two roots.
@@ -164,6 +180,35 @@ LSTATUS FindSubKey(const Key& base, LPCWSTR subKey, Key* found)
     found->id = registry::FindKey(*path);
     found->path = std::move(*path);
     return found->id ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
+}
+
+struct KeyFacts
+{
+    DWORD subKeys = 0;
+    DWORD longestSubKey = 0;
+    DWORD values = 0;
+    DWORD longestValueName = 0;
+    DWORD largestValue = 0;
+};
+
+void Raise(DWORD* maximum, size_t size)
+{
+    *maximum = std::max(*maximum, static_cast<DWORD>(size));
+}
+
+KeyFacts CollectFacts(KeyId key)
+{
+    KeyFacts facts;
+    for (const std::u16string& name : registry::SubKeyNames(key)) {
+        ++facts.subKeys;
+        Raise(&facts.longestSubKey, name.size());
+    }
+    for (const registry::Value& value : registry::Values(key)) {
+        ++facts.values;
+        Raise(&facts.longestValueName, value.name.size());
+        Raise(&facts.largestValue, value.data.size());
+    }
+    return facts;
 }
 
 } // namespace
@@ -326,4 +371,69 @@ LSTATUS WINAPI RegDeleteTreeW(HKEY key, LPCWSTR subKey)
     if (LSTATUS status = registry::DeleteTree(doomed.id, doomed.path, keepKey))
         return status;
     return transaction.Commit() ? ERROR_SUCCESS : DatabaseError();
+}
+
+LSTATUS WINAPI RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize, LPDWORD reserved,
+                             LPWSTR keyClass, LPDWORD classSize, PFILETIME lastWrite)
+{
+    HOST_CALL_CODE(RegEnumKeyExW, ERROR_ACCESS_DENIED);
+    if (reserved || !name || !nameSize || (keyClass && !classSize))
+        return ERROR_INVALID_PARAMETER;
+    Lock lock(DatabaseLock());
+    Key open;
+    if (LSTATUS status = ResolveLiveKey(key, KEY_ENUMERATE_SUB_KEYS, &open))
+        return status;
+    int64_t written;
+    auto found = registry::SubKeyName(open.id, index, &written);
+    if (!found)
+        return ERROR_NO_MORE_ITEMS;
+    if (LSTATUS status = GiveName(*found, name, nameSize))
+        return status;
+    GiveTime(written, lastWrite);
+    return keyClass ? GiveName(u"", keyClass, classSize) : ERROR_SUCCESS;
+}
+
+LSTATUS WINAPI RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize, LPDWORD reserved,
+                             LPDWORD type, LPBYTE data, LPDWORD size)
+{
+    HOST_CALL_CODE(RegEnumValueW, ERROR_ACCESS_DENIED);
+    HOST_READ(ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED, size, size, type);
+    if (reserved || !name || !nameSize || (data && !size))
+        return ERROR_INVALID_PARAMETER;
+    Lock lock(DatabaseLock());
+    Key open;
+    if (LSTATUS status = ResolveLiveKey(key, KEY_QUERY_VALUE, &open))
+        return status;
+    auto value = registry::ReadValueAt(open.id, index);
+    if (!value)
+        return ERROR_NO_MORE_ITEMS;
+    if (LSTATUS status = GiveName(value->name, name, nameSize))
+        return status;
+    Give(value->type, type);
+    return GiveData(value->data, data, size);
+}
+
+LSTATUS WINAPI RegQueryInfoKeyW(HKEY key, LPWSTR keyClass, LPDWORD classSize, LPDWORD reserved,
+                                LPDWORD subKeys, LPDWORD maxSubKeySize, LPDWORD maxClassSize, LPDWORD values,
+                                LPDWORD maxValueNameSize, LPDWORD maxValueSize, LPDWORD securitySize,
+                                PFILETIME lastWrite)
+{
+    HOST_CALL_CODE(RegQueryInfoKeyW, ERROR_ACCESS_DENIED);
+    if (reserved || (keyClass && !classSize))
+        return ERROR_INVALID_PARAMETER;
+    Lock lock(DatabaseLock());
+    Transaction transaction(Transaction::kRead);
+    Key open;
+    if (LSTATUS status = ResolveLiveKey(key, KEY_QUERY_VALUE, &open))
+        return status;
+    KeyFacts facts = CollectFacts(open.id);
+    Give(facts.subKeys, subKeys);
+    Give(facts.longestSubKey, maxSubKeySize);
+    Give(0, maxClassSize);
+    Give(facts.values, values);
+    Give(facts.longestValueName, maxValueNameSize);
+    Give(facts.largestValue, maxValueSize);
+    Give(0, securitySize);
+    GiveTime(registry::LastWritten(open.id), lastWrite);
+    return keyClass ? GiveName(u"", keyClass, classSize) : ERROR_SUCCESS;
 }

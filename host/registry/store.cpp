@@ -226,6 +226,12 @@ LSTATUS DeleteTree(KeyId key, std::string_view path, bool keepKey)
     return done && transaction.Commit() ? ERROR_SUCCESS : DatabaseError();
 }
 
+int64_t LastWritten(KeyId key)
+{
+    Statement find("SELECT written FROM registry_keys WHERE id = ?");
+    return find.Number(key).Step() ? find.NumberAt(0) : 0;
+}
+
 std::optional<std::u16string> AsText(const Value& value)
 {
     if (value.type != REG_SZ && value.type != REG_EXPAND_SZ)

@@ -61,6 +61,9 @@ LSTATUS DeleteValue(KeyId key, std::u16string_view name);
 /// Removes a key with everything below it, or with `keepKey` only its values and what is below it.
 LSTATUS DeleteTree(KeyId key, std::string_view path, bool keepKey);
 
+/// When a key or one of its values last changed, in 100 ns since 1601.
+int64_t LastWritten(KeyId key);
+
 /// A text of the caller; empty for a null pointer.
 inline std::u16string_view View(LPCWSTR text)
 {

@@ -49,8 +49,9 @@ bool FolderExists(const std::u16string& path)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-/// Finds a folder's path, and makes the folder when the id asks for it.
-HRESULT FindFolder(int id, DWORD flags, std::u16string& path)
+/// Finds a folder's path, and makes the folder when the id asks for it. `missing` is what a folder that is
+/// not there returns.
+HRESULT FindFolder(int id, DWORD flags, HRESULT missing, std::u16string& path)
 {
     const auto* const known =
         std::find_if(std::begin(kKnownFolders), std::end(kKnownFolders),
@@ -61,7 +62,7 @@ HRESULT FindFolder(int id, DWORD flags, std::u16string& path)
         return E_FAIL;
     const std::u16string found = PathOf(*known);
     if (!FolderExists(found) && ((id & CSIDL_FLAG_CREATE) == 0 || !MakeFolder(found)))
-        return E_FAIL;
+        return missing;
     if (found.size() >= MAX_PATH)
         return E_FAIL;
     path = found;
@@ -99,7 +100,23 @@ HRESULT WINAPI SHGetFolderPathW(HWND, int folder, HANDLE, DWORD flags, LPWSTR pa
     if (hostCall_.InjectedFailure())
         return E_FAIL;
     std::u16string found;
-    const HRESULT result = FindFolder(folder, flags, found);
+    const HRESULT result = FindFolder(folder, flags, E_FAIL, found);
     std::copy_n(found.c_str(), found.size() + 1, path);
     return result;
+}
+
+HRESULT WINAPI SHGetFolderPathA(HWND, int folder, HANDLE, DWORD flags, LPSTR path)
+{
+    HOST_CALL_VOID(SHGetFolderPathA);
+    if (path == nullptr)
+        return E_INVALIDARG;
+    *path = 0;
+    if (hostCall_.InjectedFailure())
+        return E_FAIL;
+    std::u16string found;
+    const HRESULT result = FindFolder(folder, flags, S_FALSE, found);
+    if (WideCharToMultiByte(CP_ACP, 0, found.c_str(), -1, path, MAX_PATH, nullptr, nullptr) != 0)
+        return result;
+    *path = 0;
+    return E_FAIL;
 }

@@ -149,6 +149,14 @@ DWORD ReadAll(const Request& request, LPDWORD count)
     return error;
 }
 
+DWORD ReadOne(std::u16string_view name, const Request& request)
+{
+    auto form = FindForm(name);
+    if (!form)
+        return ERROR_INVALID_FORM_NAME;
+    return request.Answer([&](Packer& packer) { PackForm(packer, *form); });
+}
+
 } // namespace
 } // namespace host::spooler
 
@@ -183,6 +191,21 @@ BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE info)
     const OpenPrinter* open;
     DWORD error = UseHandle(printer, Target::kAny, 0, &open);
     return Report(error ? error : AddNewForm(*reinterpret_cast<const FORM_INFO_1W*>(info)));
+}
+
+BOOL WINAPI GetFormW(HANDLE printer, LPWSTR name, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed)
+{
+    HOST_CALL(GetFormW, FALSE, ERROR_ACCESS_DENIED);
+    HOST_READ(FALSE, ERROR_ACCESS_DENIED, &size, needed, nullptr);
+    Request request = {buffer, size, needed};
+    if (level != 1)
+        return Report(ERROR_INVALID_LEVEL);
+    if (DWORD error = request.Check())
+        return Report(error);
+    Lock lock(DatabaseLock());
+    const OpenPrinter* open;
+    DWORD error = UseHandle(printer, Target::kAny, 0, &open);
+    return Report(error ? error : ReadOne(View(name), request));
 }
 
 BOOL WINAPI DeleteFormW(HANDLE printer, LPWSTR name)

@@ -96,7 +96,7 @@ TEST(DeviceContext, RestoresWhatItSaved)
     EXPECT_EQ(SaveDC(dc), 1);
     SetTextColor(dc, 2);
     SetBkMode(dc, TRANSPARENT);
-    OffsetViewportOrgEx(dc, 3, 3, nullptr);
+    SetViewportOrgEx(dc, 3, 3, nullptr);
     IntersectClipRect(dc, 0, 0, 1, 1);
     EXPECT_EQ(SaveDC(dc), 2);
     SetTextColor(dc, 3);
@@ -118,7 +118,7 @@ TEST(DeviceContext, MovesDrawingByItsOrigins)
     Canvas canvas(5, 3);
     const HDC dc = canvas.Dc();
     POINT previous;
-    EXPECT_TRUE(OffsetViewportOrgEx(dc, 1, 0, nullptr));
+    EXPECT_TRUE(SetViewportOrgEx(dc, 1, 0, nullptr));
     EXPECT_TRUE(OffsetViewportOrgEx(dc, 1, 1, &previous));
     EXPECT_EQ(previous.x, 1);
     const RECT rect = {1, 0, 2, 2};
@@ -143,29 +143,30 @@ TEST(DeviceContext, DrawsOnlyInsideItsClip)
     }
 }
 
-TEST(DeviceContext, ClipsToRegionsCombinedAsSetsOfPixels)
+TEST(Region, CombinesAsSetsOfPixels)
 {
     const struct
     {
         int mode;
         int result;
-        const char* row; // row 1
+        const char* row; // pixels 0 to 5 of row 1
     } cases[] = {
         {RGN_AND, SIMPLEREGION, "..##.."},  {RGN_OR, COMPLEXREGION, "######"},
         {RGN_XOR, COMPLEXREGION, "##..##"}, {RGN_DIFF, COMPLEXREGION, "##...."},
-        {RGN_COPY, SIMPLEREGION, "..####"},
+        {RGN_COPY, SIMPLEREGION, "####.."},
     };
     const HRGN first = CreateRectRgn(0, 0, 4, 3);
     const HRGN second = CreateRectRgn(6, 4, 2, 1); // corners in any order
+    const HRGN result = CreateRectRgn(0, 0, 0, 0);
     for (const auto& each : cases) {
-        Canvas canvas(6, 4);
-        EXPECT_EQ(SelectClipRgn(canvas.Dc(), first), SIMPLEREGION);
-        EXPECT_EQ(ExtSelectClipRgn(canvas.Dc(), second, each.mode), each.result) << each.mode;
-        PatBlt(canvas.Dc(), 0, 0, 6, 4, BLACKNESS);
-        EXPECT_EQ(canvas.Letters()[1], each.row) << each.mode;
+        EXPECT_EQ(CombineRgn(result, first, second, each.mode), each.result) << each.mode;
+        for (int x = 0; x < 6; ++x)
+            EXPECT_EQ(PtInRegion(result, x, 1) != FALSE, each.row[x] == '#') << each.mode << " at " << x;
     }
-    EXPECT_TRUE(DeleteObject(first));
-    EXPECT_TRUE(DeleteObject(second));
+    EXPECT_EQ(CombineRgn(result, first, first, RGN_DIFF), NULLREGION);
+    EXPECT_EQ(CombineRgn(result, first, nullptr, RGN_OR), ERROR);
+    for (const HRGN region : {first, second, result})
+        EXPECT_TRUE(DeleteObject(region));
 }
 
 TEST(Rect, MeetsAnotherWithoutItsRightAndLowerEdge)

@@ -29,6 +29,7 @@ struct Kind
 constexpr Kind kKinds[] = {
     {"files", &host::Ledger::files},
     {"finds", &host::Ledger::finds},
+    {"mappings", &host::Ledger::mappings},
     {"heaps", &host::Ledger::heaps},
     {"blocks", &host::Ledger::blocks},
     {"bytes", &host::Ledger::bytes},
