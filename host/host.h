@@ -44,8 +44,8 @@ HOST_EXPORT std::u16string WindowsPath(const std::string& nativePath);
 
 // --- Failure injection. Counts start at zero with each call below; all threads are counted together. ---
 
-/// Lets `skip` memory requests of the library pass (HeapAlloc, HeapCreate, GlobalAlloc), then fails one of them,
-/// or every one from there on.
+/// Lets `skip` memory requests of the library pass (HeapAlloc, HeapReAlloc, HeapCreate, GlobalAlloc,
+/// GlobalReAlloc, LocalAlloc), then fails one of them, or every one from there on.
 HOST_EXPORT void FailAllocations(uint64_t skip, bool onwards);
 
 /// Lets `skip` platform calls that can fail pass, then fails one of them, or every one from there on, with
