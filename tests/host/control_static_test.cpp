@@ -5,6 +5,33 @@ namespace {
 
 using StaticTest = ControlTest;
 
+TEST_F(StaticTest, TakesTheSizeOfItsBitmapUnlessAStyleKeepsItAndNoOtherKind)
+{
+    constexpr struct
+    {
+        DWORD style;
+        bool taken;
+        SIZE size;
+    } kCases[] = {{SS_BITMAP, true, {40, 20}},
+                  {SS_BITMAP | SS_CENTERIMAGE, true, {100, 24}},
+                  {SS_BITMAP | SS_REALSIZECONTROL, true, {100, 24}},
+                  {SS_LEFT, false, {100, 24}}};
+    const HBITMAP image = CreateBitmap(40, 20, 1, 1, nullptr);
+    for (const auto& each : kCases) {
+        SCOPED_TRACE(each.style);
+        const HWND control = Make(TEXT("Static"), each.style, 100, 24);
+        EXPECT_EQ(SendMessageW(control, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(image)), 0);
+        EXPECT_EQ(SendMessageW(control, STM_GETIMAGE, IMAGE_BITMAP, 0),
+                  each.taken ? reinterpret_cast<LRESULT>(image) : 0);
+        RECT rect = {};
+        GetWindowRect(control, &rect);
+        EXPECT_EQ(rect.right - rect.left, each.size.cx);
+        EXPECT_EQ(rect.bottom - rect.top, each.size.cy);
+        DestroyWindow(control);
+    }
+    EXPECT_TRUE(DeleteObject(image)) << "it stayed the program's";
+}
+
 TEST_F(StaticTest, ShowsTheIconThatTheProgramSets)
 {
     const HWND control = Make(TEXT("Static"), SS_ICON, 100, 24);

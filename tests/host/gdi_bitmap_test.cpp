@@ -176,3 +176,83 @@ TEST(Dib, RefusesHeadersThatAreNotSound)
     }
     EXPECT_EQ(CreateBitmap(0x7FFFFFFF, 0x7FFFFFFF, 1, 32, nullptr), nullptr);
 }
+
+TEST(Blit, NamedOperationsAreTheirTables)
+{
+    constexpr struct
+    {
+        DWORD operation;
+        DWORD table;
+    } cases[] = {{SRCCOPY, 0xCC},   {SRCPAINT, 0xEE},   {SRCAND, 0x88},     {SRCINVERT, 0x66},
+                 {SRCERASE, 0x44},  {NOTSRCCOPY, 0x33}, {MERGECOPY, 0xC0},  {MERGEPAINT, 0xBB},
+                 {PATCOPY, 0xF0},   {PATPAINT, 0xFB},   {PATINVERT, 0x5A},  {DSTINVERT, 0x55},
+                 {BLACKNESS, 0x00}, {WHITENESS, 0xFF},  {0x00B8074A, 0xB8}, {0x00E20746, 0xE2}};
+    Canvas to(1, 1);
+    Canvas from(1, 1);
+    const Selected brush(to.Dc(), CreateSolidBrush(0xF0F0F0));
+    for (const auto& each : cases) {
+        to.Clear(0xAAAAAA);
+        from.Clear(0xCCCCCC);
+        EXPECT_TRUE(BitBlt(to.Dc(), 0, 0, 1, 1, from.Dc(), 0, 0, each.operation));
+        EXPECT_EQ(to.At(0, 0) & 0xFFFFFF, each.table * 0x010101) << std::hex << each.operation;
+    }
+}
+
+TEST(Blit, StretchesAndMirrors)
+{
+    Canvas from(2, 1);
+    SetPixel(from.Dc(), 0, 0, kRed);
+    SetPixel(from.Dc(), 1, 0, kBlue);
+    Canvas to(6, 2);
+    SetStretchBltMode(to.Dc(), COLORONCOLOR);
+    EXPECT_TRUE(StretchBlt(to.Dc(), 1, 0, 4, 2, from.Dc(), 0, 0, 2, 1, SRCCOPY));
+    EXPECT_EQ(to.Letters(), Picture({".rrbb.", ".rrbb."}));
+    EXPECT_TRUE(StretchBlt(to.Dc(), 5, 0, -4, 1, from.Dc(), 0, 0, 2, 1, SRCCOPY));
+    EXPECT_EQ(to.Letters()[0].find("bb"), to.Letters()[0].find('b')) << "mirrored";
+    EXPECT_LT(to.Letters()[0].find('b'), to.Letters()[0].find("rr"));
+}
+
+TEST(Dib, GivesRowsInTheOrderAskedFor)
+{
+    Canvas canvas(1, 3);
+    SetPixel(canvas.Dc(), 0, 0, kRed);
+    SetPixel(canvas.Dc(), 0, 1, kGreen);
+    SetPixel(canvas.Dc(), 0, 2, kBlue);
+    const HBITMAP bitmap = CreateCompatibleBitmap(canvas.Dc(), 1, 3);
+    const BITMAPINFO topDown = TopDownInfo(1, 3);
+    EXPECT_EQ(SetDIBits(canvas.Dc(), bitmap, 0, 3, &canvas.At(0, 0), &topDown, DIB_RGB_COLORS), 3);
+    BITMAPINFO info = topDown;
+    info.bmiHeader.biHeight = 3;
+    uint32_t bits[3] = {};
+    EXPECT_EQ(GetDIBits(canvas.Dc(), bitmap, 0, 3, bits, &info, DIB_RGB_COLORS), 3);
+    EXPECT_EQ(bits[0], 0x0000FFu) << "the lowest row comes first";
+    EXPECT_EQ(bits[2], 0xFF0000u);
+    EXPECT_EQ(GetDIBits(canvas.Dc(), bitmap, 1, 1, bits, &info, DIB_RGB_COLORS), 1);
+    EXPECT_EQ(bits[0], 0x00FF00u);
+    EXPECT_TRUE(DeleteObject(bitmap));
+}
+
+TEST(Dib, TakesColorsFromThePalette)
+{
+    struct
+    {
+        LOGPALETTE palette;
+        PALETTEENTRY second;
+    } description = {{0x300, 2, {{0, 255, 0, 0}}}, {255, 0, 0, 0}};
+    const HPALETTE palette = CreatePalette(&description.palette);
+    Canvas canvas(2, 1);
+    const HPALETTE previous = SelectPalette(canvas.Dc(), palette, FALSE);
+    EXPECT_EQ(previous, GetStockObject(DEFAULT_PALETTE));
+    EXPECT_NE(RealizePalette(canvas.Dc()), static_cast<UINT>(GDI_ERROR));
+    FullInfo info(2, 1, 8);
+    info.header.biClrUsed = 2;
+    const WORD places[] = {1, 0};
+    std::memcpy(info.colors, places, sizeof places);
+    const BYTE bits[4] = {0, 1, 0, 0};
+    EXPECT_NE(StretchDIBits(canvas.Dc(), 0, 0, 2, 1, 0, 0, 2, 1, bits, info.Get(), DIB_PAL_COLORS, SRCCOPY),
+              0);
+    EXPECT_EQ(canvas.Letters(), Picture({"rg"}));
+    EXPECT_EQ(GetNearestPaletteIndex(palette, RGB(200, 20, 20)), 1u);
+    EXPECT_EQ(SelectPalette(canvas.Dc(), previous, FALSE), palette);
+    EXPECT_TRUE(DeleteObject(palette));
+}

@@ -183,3 +183,30 @@ TEST(Rect, MeetsAnotherWithoutItsRightAndLowerEdge)
     EXPECT_TRUE(PtInRect(&square, {9, 0}));
     EXPECT_FALSE(PtInRect(&square, {10, 0}));
 }
+
+TEST(DeviceContext, TakesACopyOfTheClipRegion)
+{
+    Canvas canvas(4, 1);
+    const HDC dc = canvas.Dc();
+    const HRGN region = CreateRectRgn(1, 0, 2, 1);
+    EXPECT_EQ(GetClipRgn(dc, region), 0);
+    EXPECT_EQ(SelectClipRgn(dc, region), SIMPLEREGION);
+    SetRectRgn(region, 3, 0, 4, 1);
+    EXPECT_EQ(ExtSelectClipRgn(dc, region, RGN_OR), COMPLEXREGION);
+    EXPECT_TRUE(DeleteObject(region));
+    PatBlt(dc, 0, 0, 4, 1, BLACKNESS);
+    EXPECT_EQ(canvas.Letters(), Picture({".#.#"}));
+}
+
+TEST(Region, IsEqualHoweverItWasMade)
+{
+    const HRGN whole = CreateRectRgn(0, 0, 4, 4);
+    const HRGN upper = CreateRectRgn(0, 0, 4, 2);
+    const HRGN lower = CreateRectRgn(0, 2, 4, 4);
+    EXPECT_EQ(CombineRgn(upper, upper, lower, RGN_OR), SIMPLEREGION);
+    EXPECT_TRUE(EqualRgn(upper, whole));
+    EXPECT_EQ(OffsetRgn(upper, 1, 0), SIMPLEREGION);
+    EXPECT_FALSE(EqualRgn(upper, whole));
+    for (const HRGN region : {whole, upper, lower})
+        EXPECT_TRUE(DeleteObject(region));
+}

@@ -176,3 +176,16 @@ TEST_F(PictureFile, IsReadWhenItIsSound)
     for (size_t length = 0; length < sound.size(); ++length)
         EXPECT_EQ(load(sound.substr(0, length)), nullptr) << length;
 }
+
+TEST_F(LoadedPictures, SectionsKeepTheirDepth)
+{
+    const auto bitmap =
+        static_cast<HBITMAP>(LoadImageW(module_, Name(kPicture), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+    DIBSECTION section = {};
+    EXPECT_EQ(GetObjectW(bitmap, sizeof section, &section), static_cast<int>(sizeof section));
+    EXPECT_EQ(section.dsBm.bmBitsPixel, 4);
+    EXPECT_EQ(section.dsBmih.biBitCount, 4);
+    ASSERT_NE(section.dsBm.bmBits, nullptr);
+    EXPECT_EQ(*static_cast<const BYTE*>(section.dsBm.bmBits), 0x32) << "the lower row's first two pixels";
+    EXPECT_TRUE(DeleteObject(bitmap));
+}

@@ -3,11 +3,12 @@
 
 namespace {
 
-HFONT MakeFont(LONG height, LONG weight = FW_NORMAL)
+HFONT MakeFont(LONG height, LONG weight = FW_NORMAL, LONG escapement = 0)
 {
     LOGFONTW font = {};
     font.lfHeight = height;
     font.lfWeight = weight;
+    font.lfEscapement = font.lfOrientation = escapement;
     font.lfCharSet = DEFAULT_CHARSET;
     lstrcpynW(font.lfFaceName, TEXT("Arial"), LF_FACESIZE);
     return CreateFontIndirectW(&font);
@@ -43,6 +44,28 @@ protected:
     HDC dc_ = canvas_.Dc();
     Selected font_{dc_, MakeFont(-16)};
 };
+
+struct FaceCount
+{
+    WCHAR face[LF_FACESIZE];
+    int matching;
+    int all;
+};
+
+int CALLBACK CountFaces(const LOGFONTW* font, const TEXTMETRICW* metrics, DWORD, LPARAM parameter)
+{
+    auto& count = *reinterpret_cast<FaceCount*>(parameter);
+    EXPECT_GT(metrics->tmHeight, 0);
+    count.matching += lstrcmpW(font->lfFaceName, count.face) == 0;
+    ++count.all;
+    return 1;
+}
+
+int CALLBACK StopAtOnce(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM count)
+{
+    ++*reinterpret_cast<int*>(count);
+    return 0;
+}
 
 } // namespace
 
@@ -222,4 +245,97 @@ TEST(DesktopFonts, AreToldWithOrWithoutTheLastField)
         EXPECT_NE(metrics.lfMessageFont.lfFaceName[0], 0);
         EXPECT_NE(metrics.lfMessageFont.lfHeight, 0);
     }
+}
+
+TEST_F(Text, WidthIsTheSumOfItsCharacters)
+{
+    const WCHAR text[] = TEXT("Paper size, 100 %");
+    int widths[128];
+    ASSERT_TRUE(GetCharWidth32W(dc_, 0, 127, widths));
+    LONG sum = 0;
+    for (int i = 0; text[i] != 0; ++i)
+        sum += widths[text[i]];
+    EXPECT_EQ(WidthOf(dc_, text), sum);
+    SIZE size;
+    EXPECT_TRUE(GetTextExtentPoint32W(dc_, text, 3, &size));
+    EXPECT_EQ(size.cy, LineHeight(dc_));
+    EXPECT_TRUE(GetTextExtentPoint32W(dc_, text, 0, &size));
+    EXPECT_EQ(size.cx, 0);
+}
+
+TEST_F(Text, AlignmentMovesIt)
+{
+    SetBkMode(dc_, TRANSPARENT);
+    const WCHAR text[] = TEXT("Align");
+    const LONG width = WidthOf(dc_, text);
+    TEXTMETRICW metrics;
+    GetTextMetricsW(dc_, &metrics);
+    TextOutW(dc_, 100, 30, text, 5);
+    const RECT plain = canvas_.Drawn();
+    const struct
+    {
+        UINT align;
+        LONG x;
+        LONG y;
+    } cases[] = {
+        {TA_RIGHT, 100 + width, 30},
+        {TA_BASELINE, 100, 30 + metrics.tmAscent},
+        {TA_BOTTOM, 100, 30 + metrics.tmHeight},
+        {TA_CENTER, 100 + width / 2, 30},
+    };
+    for (const auto& each : cases) {
+        canvas_.Clear(RGB(255, 255, 255));
+        SetTextAlign(dc_, each.align);
+        TextOutW(dc_, static_cast<int>(each.x), static_cast<int>(each.y), text, 5);
+        const RECT drawn = canvas_.Drawn();
+        EXPECT_TRUE(EqualRect(&drawn, &plain)) << each.align;
+    }
+    SetTextAlign(dc_, TA_UPDATECP);
+    MoveToEx(dc_, 5, 6, nullptr);
+    TextOutW(dc_, 999, 999, text, 5);
+    POINT position;
+    GetCurrentPositionEx(dc_, &position);
+    EXPECT_EQ(position.x, 5 + width);
+    EXPECT_EQ(position.y, 6);
+}
+
+TEST_F(Text, ExtTextOutFillsAndClips)
+{
+    SetBkColor(dc_, RGB(0, 255, 0));
+    const RECT rect = {10, 10, 20, 15};
+    EXPECT_TRUE(ExtTextOutW(dc_, 0, 0, ETO_OPAQUE | ETO_CLIPPED, &rect, TEXT("WWWW"), 4, nullptr));
+    const RECT drawn = canvas_.Drawn();
+    EXPECT_TRUE(EqualRect(&drawn, &rect));
+    EXPECT_TRUE(ExtTextOutW(dc_, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr));
+    EXPECT_EQ(canvas_.Color(15, 12), static_cast<COLORREF>(RGB(0, 255, 0)));
+}
+
+TEST_F(Text, TurnsByItsEscapement)
+{
+    SetBkMode(dc_, TRANSPARENT);
+    const Selected font(dc_, MakeFont(-16, FW_NORMAL, 900));
+    TextOutW(dc_, 50, 70, TEXT("lllllll"), 7);
+    const RECT drawn = canvas_.Drawn();
+    EXPECT_GT(drawn.bottom - drawn.top, drawn.right - drawn.left) << "it runs upwards";
+    EXPECT_LE(drawn.bottom, 72);
+    EXPECT_GE(drawn.left, 49);
+}
+
+TEST_F(Text, FacesAreListedUntilTheProgramHasEnough)
+{
+    // Whatever stands for the face that was asked for is in the list.
+    FaceCount found = {};
+    const int length = GetTextFaceW(dc_, LF_FACESIZE, found.face);
+    EXPECT_EQ(length, lstrlenW(found.face) + 1);
+    EXPECT_EQ(EnumFontFamiliesW(dc_, nullptr, CountFaces, reinterpret_cast<LPARAM>(&found)), 1);
+    EXPECT_GE(found.matching, 1);
+    EXPECT_GT(found.all, found.matching);
+    FaceCount named = found;
+    named.all = named.matching = 0;
+    EnumFontFamiliesW(dc_, found.face, CountFaces, reinterpret_cast<LPARAM>(&named));
+    EXPECT_GE(named.matching, 1);
+    EXPECT_EQ(named.all, named.matching);
+    int count = 0;
+    EXPECT_EQ(EnumFontFamiliesW(dc_, nullptr, StopAtOnce, reinterpret_cast<LPARAM>(&count)), 0);
+    EXPECT_EQ(count, 1);
 }

@@ -8,6 +8,7 @@
 #include <shlobj.h>
 
 #include "tests/host/last_error.h"
+#include "tests/host/wine.h"
 
 namespace {
 
@@ -111,6 +112,35 @@ TEST(SystemModules, AreFoundByNameAndGiveTheirFunctions)
     const FARPROC length = GetProcAddress(GetModuleHandleW(TEXT("kernel32")), "lstrlenW");
     ASSERT_NE(length, nullptr);
     EXPECT_EQ(reinterpret_cast<decltype(&lstrlenW)>(reinterpret_cast<void*>(length))(TEXT("four")), 4);
+}
+
+TEST(Environment, NarrowAndWideNamesMeanTheSameVariable)
+{
+    WCHAR wide[8];
+    char narrow[8];
+    EXPECT_TRUE(SetEnvironmentVariableA("PsuiTest", "\xE9z"));
+    EXPECT_EQ(GetEnvironmentVariableW(TEXT("PsuiTest"), wide, 8), 2u);
+    EXPECT_EQ(Wide(wide), TEXT("\u00E9z"));
+    EXPECT_EQ(GetEnvironmentVariableA("psuitest", narrow, 3), 2u);
+    EXPECT_EQ(std::string(narrow), "\xE9z");
+    EXPECT_EQ(GetEnvironmentVariableA("psuitest", narrow, 2), 3u);
+    EXPECT_TRUE(SetEnvironmentVariableA("PsuiTest", nullptr));
+    EXPECT_TRUE(Fails(ERROR_ENVVAR_NOT_FOUND, GetEnvironmentVariableA("PsuiTest", narrow, 8)));
+}
+
+TEST(Atoms, NamesAreCutToTheBuffer)
+{
+    WCHAR name[8] = {};
+    EXPECT_EQ(GlobalGetAtomNameW(123, name, 8), 4u);
+    EXPECT_EQ(Wide(name), TEXT("#123"));
+    EXPECT_EQ(GlobalGetAtomNameW(0, name, 8), 0u);
+    EXPECT_EQ(GlobalGetAtomNameW(123, name, 0), 0u);
+    // Wine leaves the terminator out of a name that is cut.
+    if (!OnWine()) {
+        EXPECT_EQ(GlobalGetAtomNameW(123, name, 3), 2u);
+        EXPECT_EQ(Wide(name), TEXT("#1"));
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_MORE_DATA));
+    }
 }
 
 } // namespace

@@ -262,4 +262,31 @@ TEST_F(Profiles, MissingFilesAnswerTheDefaultAndSayWhy)
     EXPECT_EQ(Ask(TEXT("S"), nullptr, TEXT("x")), TEXT("x"));
 }
 
+TEST_F(Profiles, SectionsAreReplacedWhole)
+{
+    Put("[S]\r\n;c\r\na=1\r\nword\r\n[T]\r\nx=1\r\n");
+    const WCHAR* const file = file_.c_str();
+    EXPECT_TRUE(WritePrivateProfileSectionW(TEXT("s"), TEXT("k=1\0k=2\0"), file));
+    EXPECT_EQ(Content(), "[S]\r\nk=1\r\nk=2\r\n[T]\r\nx=1\r\n");
+    EXPECT_TRUE(WritePrivateProfileSectionW(TEXT("N"), TEXT(""), file));
+    EXPECT_TRUE(WritePrivateProfileSectionW(TEXT("T"), TEXT(""), file));
+    EXPECT_EQ(Content(), "[S]\r\nk=1\r\nk=2\r\n[T]\r\n");
+    EXPECT_TRUE(WritePrivateProfileSectionW(TEXT("S"), nullptr, file));
+    EXPECT_TRUE(WritePrivateProfileSectionW(TEXT("N"), TEXT("n=1\0"), file));
+    EXPECT_EQ(Content(), "[T]\r\n[N]\r\nn=1\r\n");
+}
+
+TEST_F(Profiles, BareNamesLieInTheWindowsFolder)
+{
+    WCHAR folder[MAX_PATH];
+    GetWindowsDirectoryW(folder, MAX_PATH);
+    const Wide path = Wide(folder) + TEXT("\\psuitest.ini");
+    DeleteFileW(path.c_str());
+    EXPECT_TRUE(WritePrivateProfileStringW(TEXT("S"), TEXT("k"), TEXT("v"), TEXT("psuitest.ini")));
+    EXPECT_EQ(Read(path), "[S]\r\nk=v\r\n");
+    WCHAR value[8];
+    EXPECT_EQ(GetPrivateProfileStringW(TEXT("S"), TEXT("k"), TEXT(""), value, 8, path.c_str()), 1u);
+    DeleteFileW(path.c_str());
+}
+
 } // namespace

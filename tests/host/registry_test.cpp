@@ -5,6 +5,7 @@
 
 #include <string>
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -43,6 +44,17 @@ protected:
     {
         return RegSetValueExW(home, name, 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                               static_cast<DWORD>(bytes.size()));
+    }
+
+    std::vector<Text> SubKeys()
+    {
+        std::vector<Text> names;
+        WCHAR name[256];
+        for (DWORD size = 256; RegEnumKeyExW(home, static_cast<DWORD>(names.size()), name, &size, nullptr,
+                                             nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+             size = 256)
+            names.emplace_back(name, size);
+        return names;
     }
 
     bool Has(const WCHAR* name)
@@ -236,6 +248,51 @@ TEST_F(Registry, NamesTheUsersCountry)
     EXPECT_EQ(REG_SZ, type);
     EXPECT_EQ(Text(TEXT("1")), Text(country));
     RegCloseKey(key);
+}
+
+TEST_F(Registry, EnumeratesEveryValueOnceWithItsSizes)
+{
+    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("beta"), "12345"));
+    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("Alpha"), "123"));
+    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("BETA"), "123", REG_SZ));
+    // The order is the system's own.
+    for (DWORD i = 0; i < 2; ++i) {
+        WCHAR name[8];
+        BYTE data[8];
+        DWORD nameSize = 8, size = 8, type = 0;
+        ASSERT_EQ(ERROR_SUCCESS, RegEnumValueW(home, i, name, &nameSize, nullptr, &type, data, &size));
+        bool isAlpha = Text(TEXT("Alpha")) == name;
+        EXPECT_TRUE(isAlpha || Text(TEXT("beta")) == name);
+        EXPECT_EQ(isAlpha ? 5u : 4u, nameSize);
+        EXPECT_EQ(3u, size);
+        EXPECT_EQ(isAlpha ? REG_BINARY : REG_SZ, type);
+
+        DWORD noRoom = nameSize;
+        EXPECT_EQ(ERROR_MORE_DATA, RegEnumValueW(home, i, name, &noRoom, nullptr, nullptr, data, &size));
+        nameSize = 8, size = 2;
+        EXPECT_EQ(ERROR_MORE_DATA, RegEnumValueW(home, i, name, &nameSize, nullptr, nullptr, data, &size));
+        EXPECT_EQ(3u, size);
+        nameSize = 8, size = 8;
+        EXPECT_EQ(ERROR_NO_MORE_ITEMS,
+                  RegEnumValueW(home, 2, name, &nameSize, nullptr, nullptr, data, &size));
+    }
+}
+
+TEST_F(Registry, DeletesTreesWithOrWithoutTheirRoot)
+{
+    HKEY key = nullptr;
+    for (const WCHAR* name : {TEXT("Tree\\A\\B"), TEXT("Tree\\C"), TEXT("Tree2"), TEXT("Tre")}) {
+        ASSERT_EQ(ERROR_SUCCESS, Create(home, name, &key));
+        RegCloseKey(key);
+    }
+    EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(home, TEXT("tree")));
+    EXPECT_EQ((std::vector<Text>{TEXT("Tre"), TEXT("Tree2")}), SubKeys());
+
+    ASSERT_EQ(ERROR_SUCCESS, Set(TEXT("V"), "x"));
+    EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(home, nullptr));
+    EXPECT_TRUE(SubKeys().empty());
+    EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegQueryValueExW(home, TEXT("V"), nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(ERROR_SUCCESS, Set(TEXT("V"), "y"));
 }
 
 } // namespace
