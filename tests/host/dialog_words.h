@@ -48,7 +48,11 @@ public:
     LPCDLGTEMPLATEW Get() const { return reinterpret_cast<LPCDLGTEMPLATEW>(words_.data()); }
 
 private:
-    void Add(std::initializer_list<WORD> words) { words_.insert(words_.end(), words); }
+    void Add(std::initializer_list<WORD> words)
+    {
+        for (const WORD word : words) // GCC 12 takes an insertion into an empty vector for an overflow
+            words_.push_back(word);
+    }
     void Add(LPCWSTR text)
     {
         do {
